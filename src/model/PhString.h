@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace tavo {
+
+/// Shared text behind a `PhString`. The characters stand in the same block, right behind it.
+struct PhStringBody
+{
+    std::uint32_t count;  ///< Handles that share this body.
+    std::size_t capacity; ///< Characters that fit, without the terminator.
+
+    char* buffer() { return reinterpret_cast<char*>(this + 1); }
+};
+
+/// Counted text with copy on write, one pointer wide. Copies share the body and cost no
+/// allocation.
+///
+/// The null string and the empty text are two things: a text that the description gives as "" is
+/// set, a text that it doesn't give is null. Texts are bytes in no particular encoding and end at
+/// their first NUL; they compare by unsigned byte.
+class PhString
+{
+public:
+    PhString() = default;
+    /// A null pointer gives the null string.
+    PhString(const char* text) { set(text); }
+    PhString(const PhString& other) noexcept : body_(other.body_) { share(); }
+    PhString(PhString&& other) noexcept : body_(other.body_) { other.body_ = nullptr; }
+    /// The number in decimal.
+    explicit PhString(int number);
+    explicit PhString(unsigned number);
+    ~PhString() { clear(); }
+
+    PhString& operator=(const PhString& other) noexcept;
+    PhString& operator=(PhString&& other) noexcept;
+    PhString& operator=(const char* text);
+
+    /// Makes this the null string.
+    void clear() noexcept;
+    /// Takes a copy of `text`; null makes this the null string. A body of its own that is large
+    /// enough is used again.
+    void set(const char* text);
+    /// Adds a copy of `text`; null and "" change nothing, so a null string stays null.
+    void append(const char* text);
+    /// Makes sure that no other string shares the body.
+    void detach();
+
+    PhString& operator+=(const PhString& other);
+    PhString operator+(const PhString& other) const;
+
+    /// The text, or null for the null string. Valid until this string changes or dies.
+    const char* cStr() const { return body_ ? body_->buffer() : nullptr; }
+    operator const char*() const { return cStr(); }
+    std::size_t length() const;
+    bool isNull() const { return body_ == nullptr; }
+    /// Folds the bytes from first to last as `byte + 2 * hash`; 0 for null and "".
+    std::uint32_t hash() const;
+
+    /// -1, 0 or +1 by unsigned bytes. Null equals null and is less than every text.
+    int compare(const PhString& other) const;
+    /// As above, but a null `text` is less than this string, and a null string less than that.
+    int compare(const char* text) const;
+    bool operator==(const PhString& other) const { return compare(other) == 0; }
+    bool operator!=(const PhString& other) const { return compare(other) != 0; }
+    /// A null string equals no text, and no null pointer either.
+    bool operator==(const char* text) const;
+    bool operator!=(const char* text) const { return !(*this == text); }
+
+private:
+    void share() noexcept
+    {
+        if (body_)
+            ++body_->count;
+    }
+
+    PhStringBody* body_ = nullptr;
+};
+
+/// The test by which lists and searches find a text: two null strings match, a null string matches
+/// nothing else, and any other two texts match if their bytes are equal.
+bool sameText(const PhString& a, const PhString& b);
+
+} // namespace tavo
