@@ -1,0 +1,71 @@
+#include "model/decimal.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace tavo {
+
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+const char* skipSign(const char* first, const char* last)
+{
+    return first != last && (*first == '+' || *first == '-') ? first + 1 : first;
+}
+
+bool isNegative(const char* first, const char* last) { return first != last && *first == '-'; }
+
+/// Tells a huge numeral from a tiny one; [first, last) is one whole numeral other than zero,
+/// without a sign.
+bool isAboveOne(const char* first, const char* last)
+{
+    const char* point = std::find_if_not(first, last, isDigit);
+    const char* end = point;
+    if (end != last && *end == '.')
+        end = std::find_if_not(end + 1, last, isDigit);
+    const char* leading = std::find_if(first, end, [](char c) { return c != '0' && c != '.'; });
+    const std::int64_t power = leading < point ? point - leading - 1 : point - leading;
+    const std::int32_t exponent = end == last ? 0 : parseInt32(end + 1, last);
+    return power + exponent > 0;
+}
+
+} // namespace
+
+double parseDouble(const char* first, const char* last)
+{
+    const char* digits = skipSign(first, last);
+    // Left alone, from_chars would take a second sign and the words for infinity and NaN as well.
+    if (digits == last || (!isDigit(*digits) && *digits != '.'))
+        return 0.0;
+    double number = 0.0;
+    const auto [end, error] = std::from_chars(digits, last, number);
+    if (error == std::errc::invalid_argument)
+        return 0.0;
+    if (error == std::errc::result_out_of_range)
+        number = isAboveOne(digits, end) ? std::numeric_limits<double>::infinity() : 0.0;
+    return isNegative(first, last) ? -number : number;
+}
+
+std::int32_t parseInt32(const char* first, const char* last)
+{
+    // The magnitude of the lower limit, which is one more than that of the upper one.
+    constexpr std::int64_t limit = 2147483648;
+    std::int64_t magnitude = 0;
+    for (const char* p = skipSign(first, last); p != last && isDigit(*p); ++p)
+        magnitude = std::min(magnitude * 10 + (*p - '0'), limit);
+    return static_cast<std::int32_t>(isNegative(first, last) ? -magnitude
+                                                             : std::min(magnitude, limit - 1));
+}
+
+FixedText::FixedText(double number)
+{
+    constexpr int decimals = 6;
+    char* const last = text_ + sizeof text_ - 1;
+    char* const end = std::to_chars(text_, last, number, std::chars_format::fixed, decimals).ptr;
+    *end = '\0';
+    length_ = static_cast<std::size_t>(end - text_);
+}
+
+} // namespace tavo

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+/// Numbers from and to text. Nothing here looks at the locale of the host or allocates memory. The
+/// two readings take the characters in [first, last), skip no blanks and know no hexadecimal
+/// notation.
+namespace tavo {
+
+/// The longest leading numeral of the form [sign] digits [. digits] [e [sign] digits], of whose
+/// digits around the point one side may be missing; 0.0 if there is none. The result is the nearest
+/// double, denormals included; a numeral beyond them becomes an infinity or a zero of its sign.
+double parseDouble(const char* first, const char* last);
+
+/// The leading integer, of an optional sign and digits; 0 if there is none. A number that doesn't
+/// fit gives the limit on its side.
+std::int32_t parseInt32(const char* first, const char* last);
+
+/// `number` without its fraction, or the nearer limit if it doesn't fit; 0 for NaN.
+template <class Integer> Integer truncated(double number)
+{
+    if (std::isnan(number))
+        return 0;
+    constexpr double lowest = std::numeric_limits<Integer>::min();
+    constexpr double highest = std::numeric_limits<Integer>::max();
+    return static_cast<Integer>(std::clamp(number, lowest, highest));
+}
+
+/// A double as text with six decimals, however small or large it is; "inf" and "nan", with their
+/// sign, for what has no digits.
+class FixedText
+{
+public:
+    explicit FixedText(double number);
+
+    const char* text() const { return text_; }
+    std::size_t length() const { return length_; }
+
+private:
+    /// The largest double has 309 digits ahead of the point.
+    char text_[320];
+    std::size_t length_;
+};
+
+} // namespace tavo

@@ -1,0 +1,169 @@
+#include "model/decimal.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cstdio>
+#include <limits>
+#include <string>
+#include <vector>
+
+using namespace tavo;
+
+namespace {
+
+double doubleOf(const std::string& text)
+{
+    return parseDouble(text.data(), text.data() + text.size());
+}
+
+std::int32_t int32Of(const std::string& text)
+{
+    return parseInt32(text.data(), text.data() + text.size());
+}
+
+std::string zeros(std::size_t count) { return std::string(count, '0'); }
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+struct Case
+{
+    std::string text;
+    double number;
+};
+
+/// Compares bit by bit, so that the sign of a zero counts.
+void expectDoubles(const std::vector<Case>& cases)
+{
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(number),
+                  std::bit_cast<std::uint64_t>(doubleOf(text)))
+            << text.substr(0, 40) << " (" << text.size() << " characters)";
+}
+
+} // namespace
+
+TEST(DecimalTest, ReadsTheLongestLeadingNumeral)
+{
+    expectDoubles({
+        {"1.5", 1.5},     {"-1.5", -1.5},   {"+1.5", 1.5},      {".5", 0.5},    {"-.5", -0.5},
+        {"5.", 5.0},      {"007", 7.0},     {"1.2.3", 1.2},     {"1,5", 1.0},   {"2e3", 2000.0},
+        {"2E+3", 2000.0}, {"2e-3", 0.002},  {"5.e1", 50.0},     {".5e1", 5.0},  {"1e", 1.0},
+        {"1e+", 1.0},     {"1e-x", 1.0},    {"1e2.5", 100.0},   {"1 2", 1.0},   {"0x10", 0.0},
+        {"1p3", 1.0},     {"12abc", 12.0},  {"0.1", 0.1},       {"1e23", 1e23}, {"-0", -0.0},
+        {"0.0", 0.0},     {"-0.0e5", -0.0}, {"1e0000003", 1e3}, {"1e-0", 1.0},
+    });
+}
+
+TEST(DecimalTest, WithoutANumeralGivesZero)
+{
+    for (const char* text : {"", "-", "+", ".", "-.", "-.e5", "e5", " 1", "x1", "+-1", "-+1", "--1",
+                             "inf", "-inf", "nan", "infinity", "-nan(1)"})
+        expectDoubles({{text, 0.0}});
+}
+
+TEST(DecimalTest, ReadsNoFurtherThanTheEnd)
+{
+    const char text[] = "1234e5";
+    EXPECT_EQ(12.0, parseDouble(text, text + 2));
+    EXPECT_EQ(1234.0, parseDouble(text, text + 5));
+    EXPECT_EQ(0.0, parseDouble(text, text));
+    EXPECT_EQ(12, parseInt32(text, text + 2));
+    EXPECT_EQ(0, parseInt32(text, text));
+    EXPECT_EQ(0.0, parseDouble(nullptr, nullptr));
+}
+
+TEST(DecimalTest, WhatIsTooLargeOrTooSmallKeepsItsSign)
+{
+    expectDoubles({
+        {"1e999", infinity},
+        {"-1e999", -infinity},
+        {"1e-999", 0.0},
+        {"-1e-999", -0.0},
+        {"1e99999999999999999999", infinity},
+        {"-1e-99999999999999999999", -0.0},
+        {"0e99999999999999999999", 0.0},
+        {"-0.000e999", -0.0},
+        {"1" + zeros(400), infinity},
+        {"-" + zeros(400) + "1" + zeros(400), -infinity},
+        {"." + zeros(400) + "1", 0.0},
+        {"-0." + zeros(400) + "1", -0.0},
+        {"1.7976931348623157e308", std::numeric_limits<double>::max()},
+        {"1.7976931348623158e308", std::numeric_limits<double>::max()},
+        {"1.7976931348623159e308", infinity},
+        {"2.2250738585072014e-308", std::numeric_limits<double>::min()},
+        {"2.2250738585072011e-308", 2.2250738585072011e-308},
+        {"4.9e-324", std::numeric_limits<double>::denorm_min()},
+        {"2.4703282292062328e-324", std::numeric_limits<double>::denorm_min()},
+        {"2.4703282292062327e-324", 0.0},
+        {"1e-310", 1e-310},
+    });
+}
+
+TEST(DecimalTest, TheExponentMovesThePointPastAnyNumberOfZeros)
+{
+    expectDoubles({
+        {"0." + zeros(400) + "1e405", 1e4},
+        {"1" + zeros(400) + "e-400", 1.0},
+        {"0." + zeros(5000) + "25e5001", 2.5},
+        {"-25" + zeros(5000) + ".0e-5001", -2.5},
+        {"0." + zeros(5000) + "1e5400", infinity},
+        {"1" + zeros(5000) + "e-5400", 0.0},
+        {zeros(5000) + "1.5" + zeros(5000), 1.5},
+        {std::string(3000, '9') + "." + std::string(3000, '9') + "e-3000", 1.0},
+    });
+}
+
+TEST(DecimalTest, ADigitFarBehindThePointDecidesTheRounding)
+{
+    // Halfway between 1 and the next double, which a tie gives to the even 1.
+    const std::string tie = "1.00000000000000011102230246251565404236316680908203125";
+    expectDoubles({
+        {tie, 1.0},
+        {tie + zeros(5000), 1.0},
+        {tie + zeros(5000) + "1", 1.0 + std::numeric_limits<double>::epsilon()},
+        {"9007199254740993", 9007199254740992.0},
+        {"9007199254740993." + zeros(2000) + "1", 9007199254740994.0},
+    });
+}
+
+TEST(DecimalTest, IntegersSaturate)
+{
+    struct
+    {
+        const char* text;
+        std::int32_t number;
+    } const cases[] = {
+        {"0", 0},
+        {"+17", 17},
+        {"12x", 12},
+        {"", 0},
+        {"-", 0},
+        {"+-5", 0},
+        {" 5", 0},
+        {"2147483647", 2147483647},
+        {"2147483648", 2147483647},
+        {"4294901760", 2147483647},
+        {"-2147483648", std::numeric_limits<std::int32_t>::min()},
+        {"-2147483649", std::numeric_limits<std::int32_t>::min()},
+        {"99999999999999999999999999", 2147483647},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(number, int32Of(text)) << text;
+    EXPECT_EQ(5, int32Of(zeros(5000) + "5"));
+}
+
+TEST(DecimalTest, FixedTextHasSixDecimalsForAnyNumber)
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    for (const double number :
+         {0.0, -0.0, 1.0, -1.5, 0.1, 0.0000005, 0.0000015, 1e-300, 123456.7890625, 1e22, 1e23,
+          largest, -largest, infinity, -infinity}) {
+        char expected[400];
+        const int length = std::snprintf(expected, sizeof expected, "%f", number);
+        const FixedText fixed(number);
+        EXPECT_STREQ(expected, fixed.text());
+        EXPECT_EQ(static_cast<std::size_t>(length), fixed.length());
+    }
+    EXPECT_STREQ("nan", FixedText(std::numeric_limits<double>::quiet_NaN()).text());
+}
