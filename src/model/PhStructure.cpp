@@ -1,0 +1,59 @@
+#include "model/PhStructure.h"
+
+#include "model/PhParameter.h"
+#include "model/PhRange.h"
+#include "model/ownership.h"
+
+namespace tavo {
+
+struct PhStructurePrivate
+{
+    std::int32_t value1 = 0;
+    std::int32_t value2 = 0;
+    PhObject* auxRef1 = nullptr;
+    PhObject* auxRef2 = nullptr;
+    PhList* ranges = nullptr;
+    PhList* parameters = nullptr;
+    PhObject* auxRef3 = nullptr;
+};
+
+PhStructure::PhStructure() : PhObject(PhClassStructure), d(new PhStructurePrivate) {}
+
+PhStructure::~PhStructure()
+{
+    setAuxRef1(nullptr);
+    setAuxRef2(nullptr);
+    releaseList(d->ranges);
+    releaseList(d->parameters);
+    setAuxRef3(nullptr);
+}
+
+std::int32_t PhStructure::value1() const { return d->value1; }
+
+std::int32_t PhStructure::value2() const { return d->value2; }
+
+void PhStructure::setValue1(std::int32_t value) { d->value1 = value; }
+
+void PhStructure::setValue2(std::int32_t value) { d->value2 = value; }
+
+PhList* PhStructure::ranges() const { return d->ranges; }
+
+void PhStructure::appendRange(PhRange* range) { appendTo(d->ranges, range); }
+
+PhList* PhStructure::parameters() const { return d->parameters; }
+
+void PhStructure::appendParameter(PhParameter* parameter) { appendTo(d->parameters, parameter); }
+
+PhObject* PhStructure::auxRef1() const { return d->auxRef1; }
+
+PhObject* PhStructure::auxRef2() const { return d->auxRef2; }
+
+PhObject* PhStructure::auxRef3() const { return d->auxRef3; }
+
+void PhStructure::setAuxRef1(PhObject* object) { setRef(d->auxRef1, object); }
+
+void PhStructure::setAuxRef2(PhObject* object) { setRef(d->auxRef2, object); }
+
+void PhStructure::setAuxRef3(PhObject* object) { setRef(d->auxRef3, object); }
+
+} // namespace tavo
