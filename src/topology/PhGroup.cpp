@@ -1,0 +1,234 @@
+#include "topology/PhGroup.h"
+
+#include "model/PhConversion.h"
+#include "model/PhSignal.h"
+#include "model/PhStructure.h"
+#include "model/PhType.h"
+#include "model/PhUnit.h"
+#include "model/ownership.h"
+#include "topology/PhChannel.h"
+#include "topology/PhCluster.h"
+#include "topology/PhCommParam.h"
+#include "topology/PhEcu.h"
+#include "topology/PhEntity.h"
+#include "topology/PhFrame.h"
+#include "topology/PhFunction.h"
+#include "topology/PhMemoryPage.h"
+#include "topology/PhService.h"
+#include "topology/search.h"
+
+namespace tavo {
+
+struct PhGroupPrivate
+{
+    PhGroupType groupType = PhGroupType::Undefined;
+    PhGroup* parent = nullptr; ///< Back pointer without a count.
+    PhList* memoryPages = nullptr;
+    PhList* commParams = nullptr;
+    PhList* units = nullptr;
+    PhList* types = nullptr;
+    PhList* signals = nullptr;
+    PhList* structures = nullptr;
+    PhList* services = nullptr;
+    PhList* frames = nullptr;
+    PhList* conversions = nullptr;
+    PhList* entities = nullptr;
+    PhList* requests = nullptr;
+    PhList* responses = nullptr;
+    PhList* functions = nullptr;
+    PhList* ecus = nullptr;
+    PhList* channels = nullptr;
+    PhList* clusters = nullptr;
+    PhList* groups = nullptr; ///< Children.
+};
+
+PhGroup::PhGroup() : PhObject(PhClassGroup), d(new PhGroupPrivate) {}
+
+PhGroup::~PhGroup()
+{
+    for (PhList** list :
+         {&d->commParams, &d->memoryPages, &d->units, &d->types, &d->signals, &d->structures,
+          &d->services, &d->frames, &d->conversions, &d->entities, &d->requests, &d->responses,
+          &d->functions, &d->ecus, &d->channels, &d->clusters})
+        releaseList(*list);
+    for (PhGroup* child : each<PhGroup>(d->groups))
+        child->setParent(nullptr);
+    releaseList(d->groups);
+}
+
+PhGroupType PhGroup::groupType() const { return d->groupType; }
+
+void PhGroup::setGroupType(PhGroupType groupType) { d->groupType = groupType; }
+
+PhGroup* PhGroup::parent() const { return d->parent; }
+
+void PhGroup::setParent(PhGroup* parent) { d->parent = parent; }
+
+PhList* PhGroup::memoryPages() const { return d->memoryPages; }
+PhList* PhGroup::commParams() const { return d->commParams; }
+PhList* PhGroup::units() const { return d->units; }
+PhList* PhGroup::types() const { return d->types; }
+PhList* PhGroup::signals() const { return d->signals; }
+PhList* PhGroup::structures() const { return d->structures; }
+PhList* PhGroup::services() const { return d->services; }
+PhList* PhGroup::frames() const { return d->frames; }
+PhList* PhGroup::conversions() const { return d->conversions; }
+PhList* PhGroup::entities() const { return d->entities; }
+PhList* PhGroup::requests() const { return d->requests; }
+PhList* PhGroup::responses() const { return d->responses; }
+PhList* PhGroup::functions() const { return d->functions; }
+PhList* PhGroup::ecus() const { return d->ecus; }
+PhList* PhGroup::channels() const { return d->channels; }
+PhList* PhGroup::clusters() const { return d->clusters; }
+PhList* PhGroup::groups() const { return d->groups; }
+
+void PhGroup::appendMemoryPage(PhMemoryPage* memoryPage) { appendTo(d->memoryPages, memoryPage); }
+void PhGroup::appendCommParam(PhCommParam* commParam) { appendTo(d->commParams, commParam); }
+void PhGroup::appendUnit(PhUnit* unit) { appendTo(d->units, unit); }
+void PhGroup::appendType(PhType* type) { appendTo(d->types, type); }
+void PhGroup::appendSignal(PhSignal* signal) { appendTo(d->signals, signal); }
+void PhGroup::appendStructure(PhStructure* structure) { appendTo(d->structures, structure); }
+void PhGroup::appendService(PhService* service) { appendTo(d->services, service); }
+void PhGroup::appendFrame(PhFrame* frame) { appendTo(d->frames, frame); }
+void PhGroup::appendConversion(PhConversion* conversion) { appendTo(d->conversions, conversion); }
+void PhGroup::appendEntity(PhEntity* entity) { appendTo(d->entities, entity); }
+void PhGroup::appendRequest(PhObject* request) { appendTo(d->requests, request); }
+void PhGroup::appendResponse(PhObject* response) { appendTo(d->responses, response); }
+void PhGroup::appendFunction(PhFunction* function) { appendTo(d->functions, function); }
+void PhGroup::appendEcu(PhEcu* ecu) { appendTo(d->ecus, ecu); }
+void PhGroup::appendChannel(PhChannel* channel) { appendTo(d->channels, channel); }
+void PhGroup::appendCluster(PhCluster* cluster) { appendTo(d->clusters, cluster); }
+
+void PhGroup::appendGroup(PhGroup* group)
+{
+    appendTo(d->groups, group);
+    if (group)
+        group->setParent(this);
+}
+
+void PhGroup::removeUnit(std::uint32_t id) { removeFrom(d->units, id); }
+void PhGroup::removeType(std::uint32_t id) { removeFrom(d->types, id); }
+void PhGroup::removeSignal(std::uint32_t id) { removeFrom(d->signals, id); }
+void PhGroup::removeStructure(std::uint32_t id) { removeFrom(d->structures, id); }
+void PhGroup::removeService(std::uint32_t id) { removeFrom(d->services, id); }
+void PhGroup::removeFrame(std::uint32_t id) { removeFrom(d->frames, id); }
+void PhGroup::removeConversion(std::uint32_t id) { removeFrom(d->conversions, id); }
+void PhGroup::removeEntity(std::uint32_t id) { removeFrom(d->entities, id); }
+void PhGroup::removeRequest(std::uint32_t id) { removeFrom(d->requests, id); }
+void PhGroup::removeResponse(std::uint32_t id) { removeFrom(d->responses, id); }
+
+void PhGroup::removeGroup(std::uint32_t id)
+{
+    // Nobody would take the back pointer of a surviving child away when this group dies.
+    for (PhGroup* child : each<PhGroup>(d->groups))
+        if (child->id() == id && child->parent() == this)
+            child->setParent(nullptr);
+    removeFrom(d->groups, id);
+}
+
+PhCommParam* PhGroup::findCommParam(const PhString& name) const
+{
+    return findByName<PhCommParam>(d->commParams, name);
+}
+
+namespace {
+
+/// What `find` gives for `text` in one list of `group`, or else of the nearest group above it.
+template <class Element>
+Element* resolveIn(const PhGroup* group, PhList* (PhGroup::*list)() const,
+                   Element* (*find)(const PhList*, const PhString&), const PhString& text)
+{
+    for (; group; group = group->parent())
+        if (Element* element = find((group->*list)(), text))
+            return element;
+    return nullptr;
+}
+
+} // namespace
+
+PhUnit* PhGroup::resolveUnitByName(const PhString& name) const
+{
+    return resolveIn(this, &PhGroup::units, findByName<PhUnit>, name);
+}
+
+PhType* PhGroup::resolveTypeByName(const PhString& name) const
+{
+    return resolveIn(this, &PhGroup::types, findByName<PhType>, name);
+}
+
+PhStructure* PhGroup::resolveStructureByName(const PhString& name) const
+{
+    return resolveIn(this, &PhGroup::structures, findByName<PhStructure>, name);
+}
+
+PhService* PhGroup::resolveService(const PhString& name) const
+{
+    return resolveIn(this, &PhGroup::services, findByName<PhService>, name);
+}
+
+PhConversion* PhGroup::resolveConversion(const PhString& name) const
+{
+    return resolveIn(this, &PhGroup::conversions, findByName<PhConversion>, name);
+}
+
+PhUnit* PhGroup::resolveUnit(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::units, findByExternalId<PhUnit>, externalId);
+}
+
+PhType* PhGroup::resolveType(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::types, findByExternalId<PhType>, externalId);
+}
+
+PhSignal* PhGroup::resolveSignal(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::signals, findByExternalId<PhSignal>, externalId);
+}
+
+PhStructure* PhGroup::resolveStructure(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::structures, findByExternalId<PhStructure>, externalId);
+}
+
+PhFrame* PhGroup::resolveFrame(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::frames, findByExternalId<PhFrame>, externalId);
+}
+
+PhObject* PhGroup::resolveRequest(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::requests, findByExternalId<PhObject>, externalId);
+}
+
+PhObject* PhGroup::resolveResponse(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::responses, findByExternalId<PhObject>, externalId);
+}
+
+PhFunction* PhGroup::resolveFunction(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::functions, findByExternalId<PhFunction>, externalId);
+}
+
+PhEcu* PhGroup::resolveEcu(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::ecus, findByExternalId<PhEcu>, externalId);
+}
+
+PhChannel* PhGroup::resolveChannel(const PhString& externalId) const
+{
+    return resolveIn(this, &PhGroup::channels, findByExternalId<PhChannel>, externalId);
+}
+
+PhGroup* PhGroup::findGroupByExternalId(const PhString& externalId) const
+{
+    return findGroup(d->groups, &PhObject::externalId, externalId);
+}
+
+PhGroup* PhGroup::findGroupByName(const PhString& name) const
+{
+    return findGroup(d->groups, &PhObject::name, name);
+}
+
+} // namespace tavo

@@ -1,0 +1,50 @@
+#include "topology/PhRoot.h"
+
+#include "model/ownership.h"
+#include "topology/PhGroup.h"
+#include "topology/search.h"
+
+namespace tavo {
+
+struct PhRootPrivate
+{
+    PhList* groups = nullptr;   ///< Top-level groups.
+    PhLogger* logger = nullptr; ///< Sink of the messages, not owned.
+    PhConversionWalks conversionWalks;
+};
+
+PhRoot::PhRoot() : PhObject(PhClassRoot), d(new PhRootPrivate) {}
+
+PhRoot::~PhRoot() { releaseList(d->groups); }
+
+PhList* PhRoot::groups() const { return d->groups; }
+
+void PhRoot::appendGroup(PhGroup* group) { appendTo(d->groups, group); }
+
+void PhRoot::removeGroup(std::uint32_t id) { removeFrom(d->groups, id); }
+
+PhGroup* PhRoot::findGroupByExternalId(const PhString& externalId) const
+{
+    return findGroup(d->groups, &PhObject::externalId, externalId);
+}
+
+PhGroup* PhRoot::findGroupByName(const PhString& name) const
+{
+    return findGroup(d->groups, &PhObject::name, name);
+}
+
+PhConversionWalks& PhRoot::conversionWalks() { return d->conversionWalks; }
+
+PhLogger* PhRoot::logger() const { return d->logger; }
+
+void PhRoot::setLogger(PhLogger* logger) { d->logger = logger; }
+
+void PhRoot::log(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    putMessage(d->logger, format, arguments);
+    va_end(arguments);
+}
+
+} // namespace tavo
