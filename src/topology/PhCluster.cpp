@@ -1,0 +1,46 @@
+#include "topology/PhCluster.h"
+
+#include "model/ownership.h"
+#include "topology/PhChannel.h"
+
+namespace tavo {
+
+struct PhClusterPrivate
+{
+    std::int32_t clusterCode = 0;
+    PhChannelType channelType = PhChannelType::Undefined;
+    PhObject* auxRef1 = nullptr;
+    PhList* channels = nullptr;
+    PhObject* auxRef2 = nullptr;
+};
+
+PhCluster::PhCluster() : PhObject(PhClassCluster), d(new PhClusterPrivate) {}
+
+PhCluster::~PhCluster()
+{
+    releaseList(d->channels);
+    setAuxRef1(nullptr);
+    setAuxRef2(nullptr);
+}
+
+std::int32_t PhCluster::clusterCode() const { return d->clusterCode; }
+
+void PhCluster::setClusterCode(std::int32_t clusterCode) { d->clusterCode = clusterCode; }
+
+PhChannelType PhCluster::channelType() const { return d->channelType; }
+
+void PhCluster::setChannelType(PhChannelType channelType) { d->channelType = channelType; }
+
+PhObject* PhCluster::auxRef1() const { return d->auxRef1; }
+
+void PhCluster::setAuxRef1(PhObject* auxRef1) { setRef(d->auxRef1, auxRef1); }
+
+PhObject* PhCluster::auxRef2() const { return d->auxRef2; }
+
+void PhCluster::setAuxRef2(PhObject* auxRef2) { setRef(d->auxRef2, auxRef2); }
+
+PhList* PhCluster::channels() const { return d->channels; }
+
+void PhCluster::appendChannel(PhChannel* channel) { appendTo(d->channels, channel); }
+
+} // namespace tavo

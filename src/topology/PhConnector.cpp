@@ -1,0 +1,56 @@
+#include "topology/PhConnector.h"
+
+#include "model/ownership.h"
+#include "topology/PhChannel.h"
+#include "topology/PhController.h"
+#include "topology/PhFrameTriggering.h"
+
+namespace tavo {
+
+struct PhConnectorPrivate
+{
+    PhChannel* channel = nullptr;
+    PhController* controller = nullptr;
+    PhList* frameTriggerings = nullptr;
+    PhList* inputSignals = nullptr;
+    PhList* inputFrames = nullptr;
+};
+
+PhConnector::PhConnector() : PhObject(PhClassConnector), d(new PhConnectorPrivate) {}
+
+PhConnector::~PhConnector()
+{
+    setController(nullptr);
+    setChannel(nullptr);
+    releaseList(d->frameTriggerings);
+    releaseList(d->inputSignals);
+    releaseList(d->inputFrames);
+}
+
+PhChannel* PhConnector::channel() const { return d->channel; }
+
+void PhConnector::setChannel(PhChannel* channel) { setRef(d->channel, channel); }
+
+PhController* PhConnector::controller() const { return d->controller; }
+
+void PhConnector::setController(PhController* controller) { setRef(d->controller, controller); }
+
+PhList* PhConnector::frameTriggerings() const { return d->frameTriggerings; }
+
+void PhConnector::appendFrameTriggering(PhFrameTriggering* frameTriggering)
+{
+    appendTo(d->frameTriggerings, frameTriggering);
+}
+
+PhList* PhConnector::inputSignals() const { return d->inputSignals; }
+
+void PhConnector::appendInputSignal(PhObject* inputSignal)
+{
+    appendTo(d->inputSignals, inputSignal);
+}
+
+PhList* PhConnector::inputFrames() const { return d->inputFrames; }
+
+void PhConnector::appendInputFrame(PhObject* inputFrame) { appendTo(d->inputFrames, inputFrame); }
+
+} // namespace tavo

@@ -1,0 +1,21 @@
+#include "topology/PhController.h"
+
+#include "model/ownership.h"
+#include "topology/PhChannel.h"
+
+namespace tavo {
+
+struct PhControllerPrivate
+{
+    PhChannel* channel = nullptr;
+};
+
+PhController::PhController() : PhObject(PhClassController), d(new PhControllerPrivate) {}
+
+PhController::~PhController() { setChannel(nullptr); }
+
+PhChannel* PhController::channel() const { return d->channel; }
+
+void PhController::setChannel(PhChannel* channel) { setRef(d->channel, channel); }
+
+} // namespace tavo

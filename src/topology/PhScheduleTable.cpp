@@ -1,0 +1,31 @@
+#include "topology/PhScheduleTable.h"
+
+#include "model/ownership.h"
+#include "topology/PhScheduleTableEntry.h"
+
+namespace tavo {
+
+struct PhScheduleTablePrivate
+{
+    PhList* scheduleTableEntries = nullptr;
+};
+
+PhScheduleTable::PhScheduleTable() : PhObject(PhClassScheduleTable), d(new PhScheduleTablePrivate)
+{
+}
+
+PhScheduleTable::~PhScheduleTable() { releaseList(d->scheduleTableEntries); }
+
+PhList* PhScheduleTable::scheduleTableEntries() const { return d->scheduleTableEntries; }
+
+void PhScheduleTable::appendScheduleTableEntry(PhScheduleTableEntry* scheduleTableEntry)
+{
+    appendTo(d->scheduleTableEntries, scheduleTableEntry);
+}
+
+std::uint32_t PhScheduleTable::size() const
+{
+    return d->scheduleTableEntries ? d->scheduleTableEntries->count() : 0;
+}
+
+} // namespace tavo

@@ -1,0 +1,35 @@
+#include "topology/PhTiming.h"
+
+#include "model/PhValue.h"
+#include "model/ownership.h"
+
+namespace tavo {
+
+struct PhTimingPrivate
+{
+    std::int32_t timingType = 0;
+    PhValue* delay = nullptr;
+    PhValue* cycle = nullptr;
+};
+
+PhTiming::PhTiming() : PhObject(PhClassTiming), d(new PhTimingPrivate) {}
+
+PhTiming::~PhTiming()
+{
+    setDelay(nullptr);
+    setCycle(nullptr);
+}
+
+std::int32_t PhTiming::timingType() const { return d->timingType; }
+
+void PhTiming::setTimingType(std::int32_t timingType) { d->timingType = timingType; }
+
+PhValue* PhTiming::delay() const { return d->delay; }
+
+void PhTiming::setDelay(PhValue* delay) { setRef(d->delay, delay); }
+
+PhValue* PhTiming::cycle() const { return d->cycle; }
+
+void PhTiming::setCycle(PhValue* cycle) { setRef(d->cycle, cycle); }
+
+} // namespace tavo

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/ownership.h"
+#include "topology/search.h"
+
+namespace tavo {
+
+/// The mapping from `source` to `target` in a list that is made at its first element: the body of
+/// the find-or-create operation of each level of mappings.
+///
+/// Ends are compared by external id. A null end matches nothing, so with one a fresh mapping, that
+/// has null at this end, is appended at each call. Never null; the list holds the only count.
+template <class Mapping>
+Mapping* findOrCreateMapping(PhList*& mappings, PhObject* source, PhObject* target)
+{
+    for (Mapping* known : each<Mapping>(mappings))
+        if (sameExternalId(known->source(), source) && sameExternalId(known->target(), target))
+            return known;
+
+    auto* fresh = new Mapping;
+    fresh->setSource(source);
+    fresh->setTarget(target);
+    appendTo(mappings, fresh);
+    return fresh;
+}
+
+} // namespace tavo
