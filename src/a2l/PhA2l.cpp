@@ -1,0 +1,62 @@
+#include "a2l/PhA2l.h"
+
+#include <cstdio>
+
+namespace tavo {
+
+PhA2l::PhA2l(const char* path) : PhReader(path) {}
+
+PhA2l::~PhA2l() = default;
+
+const char* PhA2l::formatName() const
+{
+    return "ASAP2";
+}
+
+void PhA2l::setKeywordTable(int number)
+{
+    static constexpr const PhKeywordTable* tables[] = {&coreKeywords, &enumKeywords, &ccpKeywords,
+                                                       &xcpKeywords, &kwpKeywords};
+    if (number >= 0 && number < static_cast<int>(std::size(tables)))
+        keywords_ = tables[number];
+}
+
+namespace {
+
+/// The caller's part of a diagnostic.
+struct MessageText
+{
+    MessageText(const char* format, std::va_list arguments)
+    {
+        std::vsnprintf(text, sizeof text, format, arguments);
+    }
+    char text[messageCapacity];
+};
+
+} // namespace
+
+void PhA2l::warning(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const MessageText message(format, arguments);
+    va_end(arguments);
+    if (logger())
+        logger()->warning("File '%s', Line %d: %s\n", fileName(), line(), message.text);
+    else
+        log("Warning (%s:%d): %s\n", fileName(), line(), message.text);
+}
+
+void PhA2l::error(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    const MessageText message(format, arguments);
+    va_end(arguments);
+    if (logger())
+        logger()->error("File '%s', Line %d: %s\n", fileName(), line(), message.text);
+    else
+        log("Error (%s:%d): %s\n", fileName(), line(), message.text);
+}
+
+} // namespace tavo

@@ -1,0 +1,254 @@
+#pragma once
+
+#include "a2l/PhKeywordTable.h"
+#include "a2l/PhTokenValue.h"
+#include "a2l/SourceStream.h"
+#include "a2l/tokens.h"
+#include "conversion/PhReader.h"
+#include "model/enumerations.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tavo {
+
+class PhCommParam;
+class PhConversion;
+class PhEntity;
+class PhGroup;
+class PhObject;
+class PhRange;
+class PhString;
+class PhType;
+class PhValue;
+
+/// Reader of ASAP2 descriptions: a lexer and a recursive-descent parser with one operation for each
+/// block. It keeps what a configuration needs and drops the rest.
+///
+/// How the parsers work together:
+///
+/// - There is no look-ahead and no put-back of tokens. A block's parser is called when `/begin` and
+///   the block's keyword have been read, and returns the code of the token behind the block, which
+///   is its caller's current token. T_ERROR means that the reading is over and the failure has been
+///   reported.
+/// - Fields stand by position and are taken whatever they are: a keyword, a `/end` or a failure of
+///   the lexer in such a place counts as the field.
+/// - Optional keywords come in any order and number. A word that a block doesn't know ends the
+///   reading; nothing but an IF_DATA of an unknown name is skipped.
+/// - All parsers share one `PhTokenValue`, and names are keywords by the table that is active when
+///   they are read. `coreKeywords` is active between blocks.
+/// - An object is attached to its owner as soon as it exists and then filled, so a malformed block
+///   leaves a partly filled object.
+///
+/// A reader serves one `readFile`.
+class PhA2l : public PhReader
+{
+public:
+    /// `path` is copied; with a null path nothing can be read.
+    explicit PhA2l(const char* path);
+    ~PhA2l() override;
+
+    /// "ASAP2".
+    const char* formatName() const override;
+
+    /// Reads the file into `root`. 0 for success; -1 if there is no file name or the reading ended
+    /// at an error, with what was built so far left in `root`; -2 if the file can't be opened.
+    int readFile(PhRoot* root) override;
+
+    /// Report through the logger, or through `log`, with file name and the line of the last
+    /// character read. The text is cut at 499 bytes, and so is the line printed without a logger.
+    virtual void warning(const char* format, ...) TAVO_PRINTF(2, 3);
+    virtual void error(const char* format, ...) TAVO_PRINTF(2, 3);
+
+    /// Logs the file's tokens, one a line, and builds nothing. Results as of `readFile`.
+    int print_tokens();
+
+    /// Makes vocabulary 0 (core), 1 (enumerated words), 2 (CCP), 3 (XCP) or 4 (KWP) the active one;
+    /// any other number changes nothing.
+    void setKeywordTable(int number);
+    /// Makes the core vocabulary the active one.
+    void resetKeywordTable() { keywords_ = &coreKeywords; }
+    const PhKeywordTable& keywords() const { return *keywords_; }
+
+private:
+    /// Makes a vocabulary the active one for the length of a scope, and then the core vocabulary,
+    /// on the way of a failure too.
+    class VocabularyScope
+    {
+    public:
+        VocabularyScope(PhA2l& reader, const PhKeywordTable& keywords) : reader_(reader)
+        {
+            reader_.keywords_ = &keywords;
+        }
+        ~VocabularyScope() { reader_.resetKeywordTable(); }
+        VocabularyScope(const VocabularyScope&) = delete;
+        VocabularyScope& operator=(const VocabularyScope&) = delete;
+
+    private:
+        PhA2l& reader_;
+    };
+
+    // The lexer.
+    int nextToken(PhTokenValue& value);
+    int skipBlanks();
+    bool skipComment();
+    int lexName(int first, PhTokenValue& value);
+    int lexString(PhTokenValue& value);
+    int lexNumber(int first, PhTokenValue& value);
+    int lexFraction(PhTokenValue& value);
+    int lexExponent(int marker, PhTokenValue& value);
+    int lexHexadecimal(PhTokenValue& value);
+    int finishDouble(PhTokenValue& value);
+    int finishNumericName(PhTokenValue& value);
+    int failToken();
+    void takeRun(unsigned classes);
+    int openFile();
+    int line() const { return static_cast<int>(line_); }
+    const char* tokenText() const { return tokenBuffer_.c_str(); }
+
+    // What the parsers do again and again.
+    static constexpr const char* endExpected = "Keyword '%s' expected after /end";
+    const char* readText(PhTokenValue& value);
+    std::int32_t readInteger(PhTokenValue& value);
+    int afterFields(PhTokenValue& value, int count);
+    void dropFields(PhTokenValue& value, int count);
+    int afterRun(PhTokenValue& value, int code);
+    int parseNameList(PhTokenValue& value, int keyword, const char* format = endExpected);
+    int parseOpenRun(PhTokenValue& value, int code, int keyword, const char* format = endExpected);
+    int expectEnd(PhTokenValue& value, int keyword, const char* format = endExpected);
+    int expectClosed(PhTokenValue& value, int code, int keyword);
+    template <class Option> int parseOptionsUpToEnd(PhTokenValue& value, Option option);
+    template <class Option> int parseOptions(PhTokenValue& value, int keyword, Option option);
+    template <class Enumeration>
+    Enumeration readWord(PhTokenValue& value, Enumeration (*meaning)(int code));
+    PhValue* createValue(int code, const PhTokenValue& value);
+    int skipBlock(PhTokenValue& value, int keyword);
+    int unexpectedToken(const PhTokenValue& value, int code);
+    void warnUnexpectedToken(const PhTokenValue& value, int code);
+    int parseByteOrder(PhTokenValue& value, PhEndian& byteOrder);
+    PhConversion* conversionByName(PhGroup* group, const PhString& name);
+    template <class... Arguments> void progress(const char* format, Arguments... arguments);
+
+    // The frame of a file.
+    int parseFileItem(PhRoot* root, PhTokenValue& value, int code);
+    int parseProject(PhRoot* root, PhTokenValue& value);
+    int parseHeader(PhTokenValue& value);
+    int parseModule(PhGroup* project, PhTokenValue& value);
+    int parseModuleBlock(PhGroup* module, PhTokenValue& value);
+    int parseA2ml(PhTokenValue& value);
+
+    // The blocks of a module as a whole.
+    int parseModCommon(PhGroup* group, PhTokenValue& value);
+    int parseModPar(PhGroup* group, PhTokenValue& value);
+    int parseMemorySegment(PhGroup* group, PhTokenValue& value);
+
+    // The blocks that fill the model.
+    int parseMeasurement(PhGroup* group, PhTokenValue& value);
+    int parseDataType(PhType* type, PhTokenValue& value);
+    PhValue* readLimit(PhTokenValue& value, const char* which);
+    PhValue* readAddress(PhTokenValue& value);
+    int parseMeasurementOption(PhEntity* entity, PhTokenValue& value, int code);
+    int parseMeasurementBlock(PhEntity* entity, PhTokenValue& value);
+    int parseCompuMethod(PhGroup* group, PhTokenValue& value);
+    void parseCoeffs(PhConversion* conversion, PhTokenValue& value);
+    int parseFormula(PhTokenValue& value);
+    int parseCompuTab(PhGroup* group, PhTokenValue& value);
+    int parseCompuVtab(PhGroup* group, PhTokenValue& value);
+    int parseCompuVtabRange(PhGroup* group, PhTokenValue& value);
+    int parseTable(PhGroup* group, PhTokenValue& value, int keyword);
+    void parseTableType(PhTokenValue& value, int keyword);
+    bool readRow(PhRange* row, int keyword);
+    bool readDouble(PhValue& number);
+    bool readRounded(PhValue& number);
+    bool readString(PhValue& text);
+
+    // The blocks that are read for their form only.
+    int parseCharacteristic(PhTokenValue& value);
+    int parseCharacteristicOption(PhTokenValue& value, int code);
+    int parseCharacteristicBlock(PhTokenValue& value);
+    int parseRecordLayout(PhTokenValue& value);
+    int parseFunction(PhTokenValue& value);
+    int parseFunctionBlock(PhTokenValue& value);
+    int parseGroup(PhTokenValue& value);
+    int parseFrame(PhTokenValue& value);
+    int parseUserRights(PhTokenValue& value);
+    int parseAnnotation(PhTokenValue& value);
+    int parseBitOperation(PhTokenValue& value);
+
+    // The measuring interfaces.
+    int parseIfData(PhObject* owner, PhTokenValue& value);
+    PhCommParam* commParamOf(PhObject* owner, const PhString& name, PhProtocol protocol);
+    int parseIfDataCcp(PhObject* owner, PhTokenValue& value);
+    int parseCcpBlock(PhObject* owner, PhTokenValue& value);
+    int parseCcpSource(PhCommParam* commParam, PhTokenValue& value);
+    int parseCcpQpBlob(bool begun, PhTokenValue& value);
+    int parseCcpRaster(PhCommParam* commParam, PhTokenValue& value);
+    int parseCcpEventGroup(PhCommParam* commParam, PhTokenValue& value);
+    int parseCcpSeedKey(PhCommParam* commParam, PhTokenValue& value);
+    int parseCcpChecksum(PhCommParam* commParam, PhTokenValue& value);
+    int parseCcpTpBlob(PhCommParam* commParam, PhTokenValue& value);
+    int parseCcpTpBlobOption(PhCommParam* commParam, PhTokenValue& value, int code);
+    std::int32_t readChoice(PhTokenValue& value, int first, int second);
+    int parseCcpTpBlobBlock(PhTokenValue& value);
+    int parseCcpDefinedPages(PhTokenValue& value);
+    int parseCcpChecksumParam(PhTokenValue& value);
+    int parseIfDataXcp(PhObject* owner, PhTokenValue& value);
+    int parseXcpBlock(PhObject* owner, PhTokenValue& value);
+    int parseXcpOnCan(PhCommParam* commParam, PhTokenValue& value);
+    int parseXcpDaqListCanId(PhTokenValue& value);
+    int parseXcpDaq(PhCommParam* commParam, PhTokenValue& value);
+    int parseXcpDaqBlock(PhCommParam* commParam, PhTokenValue& value);
+    int parseXcpFlagged(PhTokenValue& value, int fieldCount, int flag, int keyword);
+    int parseXcpDaqList(PhTokenValue& value);
+    int parseXcpEvent(PhCommParam* commParam, PhTokenValue& value);
+
+    const PhKeywordTable* keywords_ =
+        &coreKeywords;        ///< The vocabulary that names are looked up in.
+    std::uint32_t line_ = 1;  ///< Line of the last character read.
+    SourceStream file_;       ///< Open during `readFile` only.
+    std::string tokenBuffer_; ///< The text of the token read last.
+    /// Default of the types and comm params made from here on: the last BYTE_ORDER of a MOD_COMMON.
+    PhEndian byteOrder_ = PhEndian::Undefined;
+};
+
+/// The options of a block up to its `/end`. `option` gets the code of the current token and gives
+/// the code of the token behind the option, which is the current token then, or T_ERROR. The result
+/// is T_END or T_ERROR.
+template <class Option> int PhA2l::parseOptionsUpToEnd(PhTokenValue& value, Option option)
+{
+    int code = nextToken(value);
+    while (code != T_END) {
+        code = option(code);
+        if (code == T_ERROR)
+            return T_ERROR;
+    }
+    return code;
+}
+
+/// The same for a block that ends with its own keyword. The result is the token behind the block.
+template <class Option> int PhA2l::parseOptions(PhTokenValue& value, int keyword, Option option)
+{
+    const int code = parseOptionsUpToEnd(value, option);
+    return code == T_END ? expectEnd(value, keyword) : code;
+}
+
+/// Reads an enumerated field, to which `meaning` gives a value. A word without a meaning leaves the
+/// field at 0, with a warning.
+template <class Enumeration>
+Enumeration PhA2l::readWord(PhTokenValue& value, Enumeration (*meaning)(int code))
+{
+    const int code = nextToken(value);
+    const Enumeration word = meaning(code);
+    if (word == Enumeration())
+        warnUnexpectedToken(value, code);
+    return word;
+}
+
+/// Logs a progress line if the reader is verbose.
+template <class... Arguments> void PhA2l::progress(const char* format, Arguments... arguments)
+{
+    if (verbose())
+        log(format, arguments...);
+}
+
+} // namespace tavo

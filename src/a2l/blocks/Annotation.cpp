@@ -1,0 +1,26 @@
+#include "a2l/PhA2l.h"
+
+namespace tavo {
+
+/// ANNOTATION { ANNOTATION_LABEL x | ANNOTATION_ORIGIN x |
+/// /begin ANNOTATION_TEXT { "text" } /end ANNOTATION_TEXT } /end ANNOTATION, of which nothing is
+/// kept.
+int PhA2l::parseAnnotation(PhTokenValue& value)
+{
+    return parseOptions(value, T_ANNOTATION, [&](int code) {
+        switch (code) {
+        case T_ANNOTATION_LABEL:
+        case T_ANNOTATION_ORIGIN:
+            return afterFields(value, 1);
+        case T_BEGIN:
+            code = nextToken(value);
+            if (code == T_ANNOTATION_TEXT)
+                // The message is known by this byte, an upper-case A with diaeresis in Latin-1.
+                return parseOpenRun(value, T_STRING, code, "Keyword '%s\xC4 expected after /end");
+            break;
+        }
+        return unexpectedToken(value, code);
+    });
+}
+
+} // namespace tavo

@@ -1,0 +1,134 @@
+#include "a2l/PhA2l.h"
+
+#include "model/PhConversion.h"
+#include "model/PhList.h"
+#include "model/PhUnit.h"
+#include "model/PhValue.h"
+#include "model/ownership.h"
+#include "topology/PhGroup.h"
+
+namespace tavo {
+
+namespace {
+
+PhConversionType conversionTypeOf(int code)
+{
+    switch (code) {
+    case enumWord::T_TAB_INTP:
+        return PhConversionType::CtInterpolation;
+    case enumWord::T_TAB_NOINTP:
+    case enumWord::T_TAB_VERB:
+        return PhConversionType::CtTable;
+    case enumWord::T_RAT_FUNC:
+        return PhConversionType::CtRational;
+    case enumWord::T_FORM:
+        return PhConversionType::CtFormula;
+    default:
+        return PhConversionType::CtUndefined;
+    }
+}
+
+} // namespace
+
+/// COMPU_METHOD name longIdentifier conversionType format unit
+/// { COEFFS a b c d e f | COMPU_TAB_REF name | FORMULA ... } /end COMPU_METHOD
+int PhA2l::parseCompuMethod(PhGroup* group, PhTokenValue& value)
+{
+    const PhHold<PhConversion> conversion(new PhConversion);
+    conversion->setName(readText(value));
+    conversion->setLongName(readText(value));
+    progress("  Parse COMPU_METHOD '%s'\n", tokenText());
+    {
+        const VocabularyScope words(*this, enumKeywords);
+        conversion->setConversionType(readWord(value, conversionTypeOf));
+    }
+    dropFields(value, 1); // the format
+    const PhHold<PhUnit> unit(new PhUnit);
+    unit->setLabel(readText(value));
+    conversion->setUnit(unit.get());
+    group->appendConversion(conversion.get());
+
+    return parseOptions(value, T_COMPU_METHOD, [&](int code) {
+        switch (code) {
+        case T_COEFFS:
+            parseCoeffs(conversion.get(), value);
+            return nextToken(value);
+        case T_COMPU_TAB_REF: {
+            PhConversion* table = conversionByName(group, readText(value));
+            if (table != conversion.get())
+                conversion->setConversion(table);
+            return nextToken(value);
+        }
+        case T_BEGIN:
+            code = nextToken(value);
+            if (code == T_FORMULA)
+                return parseFormula(value);
+            break;
+        }
+        return unexpectedToken(value, code);
+    });
+}
+
+/// a b c d e f, with which the file gives internal = (a p^2 + b p + c) / (d p^2 + e p + f) for the
+/// physical value p. The conversion holds the inverse, as far as there is one to be had:
+///
+/// - a, d and e zero: physical = (f x - c) / b for the internal value x
+/// - a, b and d zero: physical = (c - f x) / (e x)
+///
+/// A value that is no number counts as zero and is left out of the lists. Nothing clears them: a
+/// second COEFFS adds behind the first.
+void PhA2l::parseCoeffs(PhConversion* conversion, PhTokenValue& value)
+{
+    const auto read = [&] {
+        const int code = nextToken(value);
+        return createValue(code, value);
+    };
+    const PhHold<PhValue> a(read());
+    const PhHold<PhValue> b(read());
+    const PhHold<PhValue> c(read());
+    const PhHold<PhValue> d(read());
+    const PhHold<PhValue> e(read());
+    const PhHold<PhValue> f(read());
+    const auto zero = [](const PhHold<PhValue>& number) {
+        return !number.get() || number->isZero();
+    };
+    const auto negated = [](const PhHold<PhValue>& number) {
+        if (number.get())
+            number->negate();
+        return number.get();
+    };
+
+    PhList* numerator = conversion->createNumerator();
+    PhList* denominator = conversion->createDenominator();
+    if (zero(a) && zero(d) && zero(e)) {
+        numerator->append(f.get());
+        numerator->append(negated(c));
+        denominator->append(b.get());
+    } else if (zero(a) && zero(b) && zero(d)) {
+        numerator->append(negated(f));
+        numerator->append(c.get());
+        denominator->append(e.get());
+        denominator->append(new PhValue(0));
+    } else {
+        warning("Unable to compute inverse function in conversion '%s'", conversion->name().cStr());
+    }
+}
+
+/// FORMULA [ "formula" ] { FORMULA_INV "formula" } /end FORMULA, of which nothing is kept.
+int PhA2l::parseFormula(PhTokenValue& value)
+{
+    int code = nextToken(value);
+    if (code == T_STRING)
+        code = nextToken(value);
+    while (code == T_FORMULA_INV) {
+        code = nextToken(value);
+        if (code != T_STRING)
+            return unexpectedToken(value, code);
+        code = nextToken(value);
+    }
+    if (code != T_END)
+        return unexpectedToken(value, code);
+    return expectEnd(value, T_FORMULA);
+}
+
+} // namespace tavo

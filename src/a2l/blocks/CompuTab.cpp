@@ -1,0 +1,145 @@
+// The three kinds of conversion tables: COMPU_TAB, COMPU_VTAB and COMPU_VTAB_RANGE.
+
+#include "a2l/PhA2l.h"
+
+#include "model/PhConversion.h"
+#include "model/PhRange.h"
+#include "model/PhValue.h"
+#include "model/decimal.h"
+#include "model/ownership.h"
+#include "topology/PhGroup.h"
+
+namespace tavo {
+
+/// COMPU_TAB name longIdentifier { TAB_INTP | TAB_NOINTP } count { input output }
+/// { DEFAULT_VALUE x } /end COMPU_TAB
+int PhA2l::parseCompuTab(PhGroup* group, PhTokenValue& value)
+{
+    return parseTable(group, value, T_COMPU_TAB);
+}
+
+/// COMPU_VTAB name longIdentifier TAB_VERB count { input "text" } { DEFAULT_VALUE x }
+/// /end COMPU_VTAB
+int PhA2l::parseCompuVtab(PhGroup* group, PhTokenValue& value)
+{
+    return parseTable(group, value, T_COMPU_VTAB);
+}
+
+/// COMPU_VTAB_RANGE name longIdentifier count { minimum maximum "text" } { DEFAULT_VALUE x }
+/// /end COMPU_VTAB_RANGE
+int PhA2l::parseCompuVtabRange(PhGroup* group, PhTokenValue& value)
+{
+    return parseTable(group, value, T_COMPU_VTAB_RANGE);
+}
+
+/// What the three have in common; `keyword` tells which one it is. A table has one kind of
+/// conversion whatever its type word says, and its default isn't kept.
+int PhA2l::parseTable(PhGroup* group, PhTokenValue& value, int keyword)
+{
+    const PhHold<PhConversion> table(new PhConversion);
+    table->setConversionType(PhConversionType::CtTable);
+    table->setName(readText(value));
+    table->setLongName(readText(value));
+    progress("  Parse %s '%s'\n", keywords_->keywordName(keyword), tokenText());
+    if (keyword != T_COMPU_VTAB_RANGE)
+        parseTableType(value, keyword);
+    group->appendConversion(table.get());
+
+    if (nextToken(value) != T_INTEGER) {
+        error("Integer value (element count) expected");
+        return T_ERROR;
+    }
+    for (std::int32_t count = value.integer; count > 0; --count) {
+        const PhHold<PhRange> row(new PhRange);
+        if (!readRow(row.get(), keyword))
+            return T_ERROR;
+        table->appendRange(row.get());
+    }
+    return parseOptions(value, keyword, [&](int code) {
+        if (code != T_DEFAULT_VALUE)
+            return unexpectedToken(value, code);
+        const char* text = readText(value);
+        if (debug() && keyword != T_COMPU_TAB)
+            log("T_DEFAULT_VALUE: '%s'\n", text);
+        return nextToken(value);
+    });
+}
+
+/// The type word, of which nothing is kept but a warning if it is none of the table's.
+void PhA2l::parseTableType(PhTokenValue& value, int keyword)
+{
+    const VocabularyScope words(*this, enumKeywords);
+    const int code = nextToken(value);
+    const bool known = keyword == T_COMPU_VTAB
+                           ? code == enumWord::T_TAB_VERB
+                           : code == enumWord::T_TAB_INTP || code == enumWord::T_TAB_NOINTP;
+    if (!known)
+        warnUnexpectedToken(value, code);
+}
+
+/// Reads one row of a table. False, with an error, if a value isn't of the kind that belongs there.
+bool PhA2l::readRow(PhRange* row, int keyword)
+{
+    PhValue lower;
+    PhValue upper;
+    PhValue result;
+    const bool complete = keyword == T_COMPU_TAB ? readDouble(lower) && readDouble(result)
+                          : keyword == T_COMPU_VTAB
+                              ? readRounded(lower) && readString(result)
+                              : readDouble(lower) && readDouble(upper) && readString(result);
+    if (!complete)
+        return false;
+    row->setLowerLimitFlag(1);
+    row->setUpperLimitFlag(1);
+    row->setLowerLimit(lower);
+    row->setUpperLimit(keyword == T_COMPU_VTAB_RANGE ? upper : lower);
+    row->setResult(result);
+    return true;
+}
+
+bool PhA2l::readDouble(PhValue& number)
+{
+    PhTokenValue value = {};
+    switch (nextToken(value)) {
+    case T_INTEGER:
+        number = static_cast<double>(value.integer);
+        return true;
+    case T_DOUBLE:
+        number = value.real;
+        return true;
+    default:
+        error("Double or integer value expected");
+        return false;
+    }
+}
+
+/// Reads a number as an integer: a floating-point one counts plus a half and then toward zero,
+/// saturated, so that 2.5 gives 3 and -2.5 gives -2.
+bool PhA2l::readRounded(PhValue& number)
+{
+    PhTokenValue value = {};
+    switch (nextToken(value)) {
+    case T_INTEGER:
+        number = value.integer;
+        return true;
+    case T_DOUBLE:
+        number = truncated<std::int32_t>(value.real + 0.5);
+        return true;
+    default:
+        error("Double or integer value expected");
+        return false;
+    }
+}
+
+bool PhA2l::readString(PhValue& text)
+{
+    PhTokenValue value = {};
+    if (nextToken(value) != T_STRING) {
+        error("String value expected");
+        return false;
+    }
+    text = PhString(value.text);
+    return true;
+}
+
+} // namespace tavo

@@ -1,0 +1,50 @@
+#include "a2l/PhA2l.h"
+
+namespace tavo {
+
+/// FUNCTION name longIdentifier { FUNCTION_VERSION x | LIST { identifier } |
+/// /begin LIST { identifier } /end LIST | ANNOTATION ... } /end FUNCTION, of which nothing is kept.
+int PhA2l::parseFunction(PhTokenValue& value)
+{
+    dropFields(value, 1);
+    progress("  Parse FUNCTION '%s'\n", tokenText());
+    dropFields(value, 1);
+    return parseOptions(value, T_FUNCTION, [&](int code) {
+        switch (code) {
+        case T_FUNCTION_VERSION:
+            return afterFields(value, 1);
+        case T_REF_CHARACTERISTIC:
+        case T_DEF_CHARACTERISTIC:
+        case T_IN_MEASUREMENT:
+        case T_OUT_MEASUREMENT:
+        case T_LOC_MEASUREMENT:
+        case T_SUB_FUNCTION:
+            return afterRun(value, T_IDENTIFIER);
+        case T_BEGIN:
+            return parseFunctionBlock(value);
+        default:
+            return unexpectedToken(value, code);
+        }
+    });
+}
+
+/// The block behind a /begin in a FUNCTION.
+int PhA2l::parseFunctionBlock(PhTokenValue& value)
+{
+    const int code = nextToken(value);
+    switch (code) {
+    case T_REF_CHARACTERISTIC:
+    case T_DEF_CHARACTERISTIC:
+    case T_IN_MEASUREMENT:
+    case T_OUT_MEASUREMENT:
+    case T_LOC_MEASUREMENT:
+    case T_SUB_FUNCTION:
+        return parseOpenRun(value, T_IDENTIFIER, code);
+    case T_ANNOTATION:
+        return parseAnnotation(value);
+    default:
+        return unexpectedToken(value, code);
+    }
+}
+
+} // namespace tavo

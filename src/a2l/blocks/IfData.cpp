@@ -1,0 +1,53 @@
+#include "a2l/PhA2l.h"
+
+#include "topology/PhCommParam.h"
+#include "topology/PhGroup.h"
+
+#include <cstring>
+
+namespace tavo {
+
+/// IF_DATA { ASAP1B_CCP ... | XCP ... | name ... } /end IF_DATA
+///
+/// What is stored goes to `owner` if that is a group; it may be null. A section of any other name
+/// is passed over up to its `/end IF_DATA`, whatever it holds.
+int PhA2l::parseIfData(PhObject* owner, PhTokenValue& value)
+{
+    int code = nextToken(value);
+    if (code == T_IDENTIFIER && std::strcmp(value.text, "ASAP1B_CCP") == 0)
+        return parseIfDataCcp(owner, value);
+    if (code == T_IDENTIFIER && std::strcmp(value.text, "XCP") == 0)
+        return parseIfDataXcp(owner, value);
+    progress("  Parse unknown IF_DATA '%s'\n", tokenText());
+    do {
+        code = nextToken(value);
+        if (code == T_END) {
+            code = nextToken(value);
+            if (code == T_IF_DATA)
+                return nextToken(value);
+        }
+    } while (code != T_EOF);
+    return code;
+}
+
+/// The comm param of this name in the group `owner`, made if there is none yet. Another owner has
+/// no place for one: it gives a new one that stands nowhere, so that what is read into it is
+/// dropped.
+PhCommParam* PhA2l::commParamOf(PhObject* owner, const PhString& name, PhProtocol protocol)
+{
+    PhGroup* group =
+        owner && owner->classId() == PhClassGroup ? static_cast<PhGroup*>(owner) : nullptr;
+    if (group)
+        if (PhCommParam* commParam = group->findCommParam(name))
+            return commParam;
+    auto* commParam = new PhCommParam;
+    commParam->setName(name);
+    commParam->setProtocol(protocol);
+    commParam->setTransport(PhTransport::CAN);
+    commParam->setEndian(byteOrder_);
+    if (group)
+        group->appendCommParam(commParam);
+    return commParam;
+}
+
+} // namespace tavo

@@ -1,0 +1,25 @@
+#include "a2l/PhA2l.h"
+
+namespace tavo {
+
+/// USER_RIGHTS userLevel { READ_ONLY | /begin REF_GROUP { identifier } /end REF_GROUP }
+/// /end USER_RIGHTS, of which nothing is kept.
+int PhA2l::parseUserRights(PhTokenValue& value)
+{
+    dropFields(value, 1);
+    progress("  Parse USER_RIGHTS\n");
+    return parseOptions(value, T_USER_RIGHTS, [&](int code) {
+        switch (code) {
+        case T_READ_ONLY:
+            return nextToken(value);
+        case T_BEGIN:
+            code = nextToken(value);
+            if (code == T_REF_GROUP)
+                return parseNameList(value, code, "Keyword %s expected after /end");
+            break;
+        }
+        return unexpectedToken(value, code);
+    });
+}
+
+} // namespace tavo

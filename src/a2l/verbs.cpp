@@ -1,0 +1,245 @@
+// What the block parsers do again and again.
+
+#include "a2l/PhA2l.h"
+
+#include "model/PhConversion.h"
+#include "model/PhValue.h"
+#include "model/decimal.h"
+#include "topology/PhGroup.h"
+
+namespace tavo {
+
+namespace {
+
+PhEndian byteOrderOf(int code)
+{
+    switch (code) {
+    // LITTLE_ENDIAN goes with MSB_FIRST and BIG_ENDIAN with MSB_LAST, not the reverse: descriptions
+    // use these two words with their meanings exchanged.
+    case enumWord::T_MSB_FIRST:
+    case enumWord::T_LITTLE_ENDIAN:
+        return PhEndian::BigEndian;
+    case enumWord::T_MSB_LAST:
+    case enumWord::T_BIG_ENDIAN:
+        return PhEndian::LittleEndian;
+    default:
+        return PhEndian::Undefined;
+    }
+}
+
+/// How a token is told, by what it is.
+struct TokenWording
+{
+    const char* keyword;
+    const char* end;
+    const char* string;
+    const char* identifier;
+    const char* integer;
+    const char* real; ///< Takes the number as text, with six decimals.
+    const char* other;
+};
+
+constexpr TokenWording unexpected = {"Unexpected token '%s' found", "Unexpected token EOF",
+                                     "Unexpected token \"%s\"",     "Unexpected token '%s'",
+                                     "Unexpected token %d",         "Unexpected token %s",
+                                     "Unexpected token t=%d"};
+
+constexpr TokenWording dumped = {"[%s]", "EOF", "\"%s\"", "'%s'", "%d", "%s", "t=%d"};
+
+/// Tells a token through `put`, which takes a format and its arguments. A stray character whose
+/// code is a keyword's is told as the keyword.
+template <class Put>
+void tellToken(const PhKeywordTable& keywords, const PhTokenValue& value, int code,
+               const TokenWording& words, Put put)
+{
+    if (const char* keyword = keywords.keywordName(code))
+        put(words.keyword, keyword);
+    else if (code == T_EOF)
+        put(words.end, "");
+    else if (code == T_STRING)
+        put(words.string, value.text);
+    else if (code == T_IDENTIFIER)
+        put(words.identifier, value.text);
+    else if (code == T_INTEGER)
+        put(words.integer, value.integer);
+    else if (code == T_DOUBLE)
+        put(words.real, FixedText(value.real).text());
+    else
+        put(words.other, code);
+}
+
+} // namespace
+
+/// Reports a token that the block in hand doesn't hold. The result is T_ERROR, for the caller to
+/// return.
+int PhA2l::unexpectedToken(const PhTokenValue& value, int code)
+{
+    tellToken(*keywords_, value, code, unexpected,
+              [this](const char* format, auto argument) { error(format, argument); });
+    return T_ERROR;
+}
+
+/// The same words for a token that can be passed over.
+void PhA2l::warnUnexpectedToken(const PhTokenValue& value, int code)
+{
+    tellToken(*keywords_, value, code, unexpected,
+              [this](const char* format, auto argument) { warning(format, argument); });
+}
+
+int PhA2l::print_tokens()
+{
+    log("print_tokens ()\n");
+    if (const int status = openFile())
+        return status;
+    PhTokenValue value = {};
+    int code = 0;
+    do {
+        code = nextToken(value);
+        tellToken(*keywords_, value, code, dumped,
+                  [this](const char* format, auto argument) { log(format, argument); });
+        log("\n");
+    } while (code != T_EOF);
+    file_.close();
+    return 0;
+}
+
+/// Reads a name or text field and gives its text, valid until the next token: of a keyword the
+/// word, of a number its digits (without the 0x), of anything else that is no text the empty text.
+const char* PhA2l::readText(PhTokenValue& value)
+{
+    nextToken(value);
+    return tokenText();
+}
+
+/// Reads an integer field. A floating-point number in its place counts truncated toward zero and
+/// saturated, anything else as 0.
+std::int32_t PhA2l::readInteger(PhTokenValue& value)
+{
+    switch (nextToken(value)) {
+    case T_INTEGER:
+        return value.integer;
+    case T_DOUBLE:
+        return truncated<std::int32_t>(value.real);
+    default:
+        return 0;
+    }
+}
+
+/// Reads fields of no use, whatever they are.
+void PhA2l::dropFields(PhTokenValue& value, int count)
+{
+    while (count-- > 0)
+        nextToken(value);
+}
+
+/// The token behind fields of no use.
+int PhA2l::afterFields(PhTokenValue& value, int count)
+{
+    dropFields(value, count);
+    return nextToken(value);
+}
+
+/// The first token behind a run, maybe an empty one, of tokens of one code.
+int PhA2l::afterRun(PhTokenValue& value, int code)
+{
+    int next = nextToken(value);
+    while (next == code)
+        next = nextToken(value);
+    return next;
+}
+
+/// { identifier } /end KEYWORD
+int PhA2l::parseNameList(PhTokenValue& value, int keyword, const char* format)
+{
+    const int code = afterRun(value, T_IDENTIFIER);
+    return code == T_END ? expectEnd(value, keyword, format) : unexpectedToken(value, code);
+}
+
+/// { token of this code } [ /end KEYWORD ]
+///
+/// A run that has begun may end at any token: that token is the result, and the list stays open.
+int PhA2l::parseOpenRun(PhTokenValue& value, int runCode, int keyword, const char* format)
+{
+    int code = nextToken(value);
+    if (code != runCode && code != T_END)
+        return unexpectedToken(value, code);
+    if (code == runCode)
+        code = afterRun(value, runCode);
+    return code == T_END ? expectEnd(value, keyword, format) : code;
+}
+
+/// Called behind `/end`: the block's own keyword must follow. Gives the token behind it.
+int PhA2l::expectEnd(PhTokenValue& value, int keyword, const char* format)
+{
+    if (nextToken(value) != keyword) {
+        error(format, keywords_->keywordName(keyword));
+        return T_ERROR;
+    }
+    return nextToken(value);
+}
+
+/// For the small blocks that say no more of a missing end than of any other token: `code`, the
+/// current token, must be `/end`, and the block's keyword must follow. Gives the token behind it.
+int PhA2l::expectClosed(PhTokenValue& value, int code, int keyword)
+{
+    if (code == T_END) {
+        code = nextToken(value);
+        if (code == keyword)
+            return nextToken(value);
+    }
+    return unexpectedToken(value, code);
+}
+
+/// The value of a number token, which the caller owns; for any other token a warning and null.
+PhValue* PhA2l::createValue(int code, const PhTokenValue& value)
+{
+    if (code == T_INTEGER)
+        return new PhValue(value.integer);
+    if (code == T_DOUBLE)
+        return new PhValue(value.real);
+    warnUnexpectedToken(value, code);
+    return nullptr;
+}
+
+/// Drops a block with all blocks inside it, up to its `/end` and keyword. The end of the file comes
+/// back as the token behind the block.
+int PhA2l::skipBlock(PhTokenValue& value, int keyword)
+{
+    std::uint64_t depth = 0;
+    int code = nextToken(value);
+    while (code != T_END || depth > 0) {
+        if (code == T_BEGIN)
+            ++depth;
+        else if (code == T_END)
+            --depth;
+        code = nextToken(value);
+        if (code == T_EOF || code == T_ERROR)
+            return code;
+    }
+    return expectEnd(value, keyword);
+}
+
+/// MSB_FIRST | LITTLE_ENDIAN | MSB_LAST | BIG_ENDIAN, called behind BYTE_ORDER. Gives the token
+/// behind the word. Any other word leaves the byte order undefined, with a warning.
+int PhA2l::parseByteOrder(PhTokenValue& value, PhEndian& byteOrder)
+{
+    {
+        const VocabularyScope words(*this, enumKeywords);
+        byteOrder = readWord(value, byteOrderOf);
+    }
+    return nextToken(value);
+}
+
+/// The conversion of this name in `group` or above; if none was read yet, a new placeholder, which
+/// stands in no list and is the caller's to store.
+PhConversion* PhA2l::conversionByName(PhGroup* group, const PhString& name)
+{
+    if (PhConversion* conversion = group->resolveConversion(name))
+        return conversion;
+    auto* placeholder = new PhConversion;
+    placeholder->setName(name);
+    placeholder->setUnresolved();
+    return placeholder;
+}
+
+} // namespace tavo
