@@ -1,0 +1,87 @@
+#include "daq/ConfigurationStream.h"
+
+#include "model/decimal.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::size_t capacity = 65536;
+
+} // namespace
+
+ConfigurationStream::ConfigurationStream() : buffer_(new char[capacity]) {}
+
+bool ConfigurationStream::open(const char* path)
+{
+    close();
+    file_ = path ? std::fopen(path, "w+") : nullptr;
+    owned_ = true;
+    return file_ != nullptr;
+}
+
+void ConfigurationStream::use(std::FILE* file)
+{
+    close();
+    file_ = file;
+    owned_ = false;
+}
+
+int ConfigurationStream::close()
+{
+    if (!file_)
+        return 0;
+    flush();
+    if ((owned_ ? std::fclose(file_) : std::fflush(file_)) != 0 && error_ == 0)
+        error_ = errno;
+    file_ = nullptr;
+    return std::exchange(error_, 0);
+}
+
+void ConfigurationStream::put(std::string_view text)
+{
+    while (text.size() > capacity - size_) {
+        const std::size_t fitting = capacity - size_;
+        std::memcpy(buffer_.get() + size_, text.data(), fitting);
+        size_ = capacity;
+        flush();
+        text.remove_prefix(fitting);
+    }
+    std::memcpy(buffer_.get() + size_, text.data(), text.size());
+    size_ += text.size();
+}
+
+void ConfigurationStream::putDecimal(std::int32_t number)
+{
+    char digits[16];
+    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    put({digits, static_cast<std::size_t>(end - digits)});
+}
+
+void ConfigurationStream::putHexadecimal(std::uint32_t number)
+{
+    char digits[16];
+    const char* end = std::to_chars(digits, digits + sizeof digits, number, 16).ptr;
+    put("0x");
+    put({digits, static_cast<std::size_t>(end - digits)});
+}
+
+void ConfigurationStream::putFixed(double number)
+{
+    const FixedText text(number);
+    put({text.text(), text.length()});
+}
+
+void ConfigurationStream::flush()
+{
+    if (std::fwrite(buffer_.get(), 1, size_, file_) != size_ && error_ == 0)
+        error_ = errno;
+    size_ = 0;
+}
+
+} // namespace tavo

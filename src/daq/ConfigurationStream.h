@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string_view>
+
+namespace tavo {
+
+/// The output file of a conversion: a text file that is written through one large buffer. Numbers
+/// are printed with a decimal point whatever the locale.
+///
+/// A file that doesn't take what is written, on a full disk for example, stops nothing: `close` tells
+/// of it.
+class ConfigurationStream
+{
+public:
+    /// Makes the buffer, and nothing else yet.
+    ConfigurationStream();
+    ~ConfigurationStream() { close(); }
+    ConfigurationStream(const ConfigurationStream&) = delete;
+    ConfigurationStream& operator=(const ConfigurationStream&) = delete;
+
+    /// Creates the file, or empties it. False if that fails, and for a null `path`.
+    bool open(const char* path);
+    /// Writes to a stream that is open already and stays open; not null.
+    void use(std::FILE* file);
+    /// Writes out what is left and closes the file, if one is open. 0 if all that was put is in the
+    /// file, else the `errno` of the first failure.
+    int close();
+
+    void put(std::string_view text);
+    void putDecimal(std::int32_t number);
+    /// "0x" and the 32-bit pattern in lower case.
+    void putHexadecimal(std::uint32_t number);
+    /// Six decimals, however small the number is.
+    void putFixed(double number);
+
+private:
+    void flush();
+
+    std::FILE* file_ = nullptr;
+    bool owned_ = false; ///< The file is closed here.
+    int error_ = 0;      ///< Of the first write that failed.
+    std::unique_ptr<char[]> buffer_;
+    std::size_t size_ = 0;
+};
+
+} // namespace tavo

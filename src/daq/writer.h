@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tavo {
+
+class ConfigurationStream;
+class PhGroup;
+class PhList;
+class PhRoot;
+class PhValue;
+
+/// The number of the next source section. It is state of the process, because a module without any
+/// source of its own takes the number that the conversion before has left: 0 when the library is
+/// loaded, set back by `tavoInitialize` and `tavoDeinitialize`, and counted by `writeSources`.
+extern std::int32_t daqSourceIndex;
+
+/// Writes the configuration of the model to the file `path`: the first group of `root`, if there is
+/// one, else an empty file. 0, or -2 if the file can't be opened.
+int writeDaqFile(PhRoot* root, const char* path);
+
+/// Writes the first group of `root`, if there is one.
+void writeRoot(ConfigurationStream& stream, PhRoot* root);
+
+/// Writes the first child of the group and nothing else, or, if it has none, the group's own comm
+/// params and entities. Of a description that is the first MODULE of the first PROJECT.
+void writeGroup(ConfigurationStream& stream, PhGroup* group);
+
+/// A section for each comm param, with the sections of its sources right behind it. The list may be
+/// null, here and below.
+void writeMeasurements(ConfigurationStream& stream, const PhList* commParams);
+
+/// A section for each raster, numbered from 0 on.
+void writeSources(ConfigurationStream& stream, const PhList* rasters);
+
+/// A last source, which holds all quantities, and a section for each of them. Nothing for a null
+/// list.
+void writeUnassignedSource(ConfigurationStream& stream, const PhList* entities);
+
+/// A value in its own form: an integer without a fraction, a double with six decimals.
+void printValue(ConfigurationStream& stream, const PhValue& value);
+/// The same, but an integer as its 32-bit pattern in hexadecimal.
+void printHexValue(ConfigurationStream& stream, const PhValue& value);
+
+} // namespace tavo
