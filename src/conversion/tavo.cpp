@@ -1,0 +1,73 @@
+#include "tavo/tavo.h"
+
+#include "a2l/PhA2l.h"
+#include "daq/writer.h"
+#include "topology/PhRoot.h"
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+using namespace tavo;
+
+namespace {
+
+bool hasKnownExtension(const char* path)
+{
+    return path && (std::strstr(path, ".a2l") || std::strstr(path, ".A2L"));
+}
+
+std::int32_t convert(const char* inputPath, const char* outputPath)
+{
+    if (!hasKnownExtension(inputPath)) {
+        std::printf("Error: Unkown file extension\n");
+        return TAVO_UNKNOWN_EXTENSION;
+    }
+    auto reader = std::make_unique<PhA2l>(inputPath);
+    std::printf("\n");
+    PhRoot root;
+    reader->setVerbose(false);
+    const int status = reader->readFile(&root);
+    std::printf("ph_reader->readFile () -> ");
+    if (status == 0)
+        std::printf("OK\n");
+    else
+        std::printf("FAILED (%d)\n", status);
+    std::printf("\n\n");
+    std::int32_t result = TAVO_NOT_READ;
+    if (status == 0) {
+        root.resolve();
+        result = writeDaqFile(&root, outputPath) == 0 ? TAVO_OK : TAVO_OUTPUT_NOT_OPENED;
+    }
+    reader.reset(); // ahead of the root
+    return result;
+}
+
+std::int32_t restart(const char* function)
+{
+    std::printf("%s ()\n", function);
+    daqSourceIndex = 0;
+    return TAVO_OK;
+}
+
+} // namespace
+
+std::int32_t tavoInitialize(void)
+{
+    return restart("tavoInitialize");
+}
+
+std::int32_t tavoConvert(const char* inputPath, const char* outputPath)
+{
+    try {
+        return convert(inputPath, outputPath);
+    } catch (...) {
+        // Memory is exhausted; everything was released on the way here.
+        return TAVO_NOT_READ;
+    }
+}
+
+std::int32_t tavoDeinitialize(void)
+{
+    return restart("tavoDeinitialize");
+}
