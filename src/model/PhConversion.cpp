@@ -9,7 +9,7 @@
 
 namespace tavo {
 
-struct PhConversionPrivate
+struct PhConversionPrivate : Pooled
 {
     PhConversionType conversionType = PhConversionType::CtUndefined;
     PhUnit* unit = nullptr;

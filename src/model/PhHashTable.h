@@ -39,7 +39,10 @@ public:
     void clear();
 
 private:
-    PhHashEntry* const& bucketOf(std::uint32_t hash) const { return buckets_[hash % buckets_.size()]; }
+    PhHashEntry* const& bucketOf(std::uint32_t hash) const
+    {
+        return buckets_[hash % buckets_.size()];
+    }
     PhHashEntry*& bucketOf(std::uint32_t hash) { return buckets_[hash % buckets_.size()]; }
 
     std::vector<PhHashEntry*> buckets_;

@@ -1,48 +1,34 @@
 #include "model/PhList.h"
 
 #include "model/PhHashTable.h"
+#include "model/PhNameIndex.h"
 
 #include <cstdlib>
 #include <new>
 
 namespace tavo {
 
-struct PhListBody
-{
-    PhListNode* head = nullptr;
-    PhListNode* tail = nullptr;
-    std::uint32_t count = 0;
-    std::unique_ptr<PhHashTable> index; ///< Only between `buildHash` and `clearHash`.
+namespace {
 
-    /// Makes two nodes neighbours. A missing left one makes `right` the head, a missing right one
-    /// makes `left` the tail.
-    void join(PhListNode* left, PhListNode* right)
-    {
-        if (left)
-            left->setNext(right);
-        else
-            head = right;
-        if (right)
-            right->setPrev(left);
-        else
-            tail = left;
-    }
-};
+/// A walk over no more than this beats an index.
+constexpr std::uint32_t shortList = 16;
 
-PhList::PhList() : body_(new PhListBody) {}
+} // namespace
+
+PhList::PhList() = default;
 
 PhList::~PhList() { clear(); }
 
 void PhList::clear()
 {
     clearHash();
-    while (body_->head)
-        remove(body_->head);
+    while (head_)
+        remove(head_);
 }
 
-void PhList::append(PhObject* object) { insert(object, body_->tail, nullptr); }
+void PhList::append(PhObject* object) { insert(object, tail_, nullptr); }
 
-void PhList::prepend(PhObject* object) { insert(object, nullptr, body_->head); }
+void PhList::prepend(PhObject* object) { insert(object, nullptr, head_); }
 
 /// Links a new node between the neighbours `before` and `behind`, of which either may be missing.
 void PhList::insert(PhObject* object, PhListNode* before, PhListNode* behind)
@@ -59,17 +45,42 @@ void PhList::insert(PhObject* object, PhListNode* before, PhListNode* behind)
         PhObject::unlink(object);
         throw;
     }
+    if (behind)
+        nameIndex_.reset();
+    else
+        indexName(object);
     node->setObject(object);
-    body_->join(before, node);
-    body_->join(node, behind);
-    ++body_->count;
+    join(before, node);
+    join(node, behind);
+    ++count_;
 }
 
-std::uint32_t PhList::count() const { return body_->count; }
+/// Makes two nodes neighbours. A missing left one makes `right` the head, a missing right one makes
+/// `left` the tail.
+void PhList::join(PhListNode* left, PhListNode* right)
+{
+    if (left)
+        left->setNext(right);
+    else
+        head_ = right;
+    if (right)
+        right->setPrev(left);
+    else
+        tail_ = left;
+}
 
-PhObject* PhList::first() const { return body_->head ? body_->head->object() : nullptr; }
-
-PhObject* PhList::last() const { return body_->tail ? body_->tail->object() : nullptr; }
+/// Enters a new last object in the index of names, if there is one. Without memory for it the index
+/// goes: the next look-up makes another.
+void PhList::indexName(PhObject* object) noexcept
+{
+    if (!nameIndex_)
+        return;
+    try {
+        nameIndex_->append(object);
+    } catch (...) {
+        nameIndex_.reset();
+    }
+}
 
 PhObject* PhList::at(int i) const
 {
@@ -81,7 +92,7 @@ PhListNode* PhList::entryAt(int i) const
 {
     if (i < 0)
         return nullptr;
-    PhListNode* node = body_->head;
+    PhListNode* node = head_;
     while (node && i-- > 0)
         node = node->next();
     return node;
@@ -89,7 +100,7 @@ PhListNode* PhList::entryAt(int i) const
 
 template <class Matches> PhListNode* PhList::findNode(Matches matches) const
 {
-    PhListNode* node = body_->head;
+    PhListNode* node = head_;
     while (node && !matches(*node->object()))
         node = node->next();
     return node;
@@ -119,7 +130,23 @@ PhObject* objectOf(const PhListNode* node) { return node ? node->object() : null
 
 PhObject* PhList::findByName(const PhString& name) const
 {
-    return body_->index ? body_->index->find(name) : objectOf(findNodeByName(name));
+    if (index_)
+        return index_->find(name);
+    if (count_ <= shortList || name.isNull())
+        return objectOf(findNodeByName(name));
+    return nameIndex().find(name);
+}
+
+/// The index of names, made anew if there is none or it can't be relied upon.
+const PhNameIndex& PhList::nameIndex() const
+{
+    if (!nameIndex_ || nameIndex_->isStale()) {
+        auto index = std::make_unique<PhNameIndex>();
+        for (PhListNode* node = head_; node; node = node->next())
+            index->append(node->object());
+        nameIndex_ = std::move(index);
+    }
+    return *nameIndex_;
 }
 
 PhObject* PhList::findByExternalId(const PhString& externalId) const
@@ -134,9 +161,10 @@ void PhList::remove(PhListNode* node)
     if (!node)
         return;
     removeFromHash(node->object());
+    nameIndex_.reset();
     PhObject::unlink(node->object());
-    --body_->count;
-    body_->join(node->prev(), node->next());
+    --count_;
+    join(node->prev(), node->next());
     delete node;
 }
 
@@ -148,26 +176,27 @@ void PhList::removeObject(PhObject* object)
 PhList* PhList::duplicate() const
 {
     auto copy = std::make_unique<PhList>();
-    for (PhListNode* node = body_->head; node; node = node->next())
+    for (PhListNode* node = head_; node; node = node->next())
         copy->append(node->object());
     return copy.release();
 }
 
 void PhList::sort(Comparison comparison)
 {
-    if (body_->count < 2)
+    if (count_ < 2)
         return;
-    const std::unique_ptr<PhObject*[]> objects(new (std::nothrow) PhObject*[body_->count]);
+    const std::unique_ptr<PhObject*[]> objects(new (std::nothrow) PhObject*[count_]);
     if (!objects)
         return;
-    const bool hadIndex = body_->index != nullptr;
+    nameIndex_.reset();
+    const bool hadIndex = index_ != nullptr;
     clearHash();
     std::size_t i = 0;
-    for (PhListNode* node = body_->head; node; node = node->next())
+    for (PhListNode* node = head_; node; node = node->next())
         objects[i++] = node->object();
-    std::qsort(objects.get(), body_->count, sizeof(PhObject*), comparison);
+    std::qsort(objects.get(), count_, sizeof(PhObject*), comparison);
     i = 0;
-    for (PhListNode* node = body_->head; node; node = node->next())
+    for (PhListNode* node = head_; node; node = node->next())
         node->setObject(objects[i++]);
     if (hadIndex)
         buildHash();
@@ -177,24 +206,24 @@ void PhList::buildHash()
 {
     clearHash();
     // Room for a hundred more than there are now: the bucket count never changes.
-    auto index = std::make_unique<PhHashTable>(body_->count + 100);
-    for (PhListNode* node = body_->head; node; node = node->next())
+    auto index = std::make_unique<PhHashTable>(count_ + 100);
+    for (PhListNode* node = head_; node; node = node->next())
         index->add(node->object()->name(), node->object());
-    body_->index = std::move(index);
+    index_ = std::move(index);
 }
 
-void PhList::clearHash() { body_->index.reset(); }
+void PhList::clearHash() { index_.reset(); }
 
 void PhList::addToHash(PhObject* object)
 {
-    if (body_->index && object)
-        body_->index->add(object->name(), object);
+    if (index_ && object)
+        index_->add(object->name(), object);
 }
 
 void PhList::removeFromHash(PhObject* object)
 {
-    if (body_->index && object)
-        body_->index->remove(object->name(), object);
+    if (index_ && object)
+        index_->remove(object->name(), object);
 }
 
 PhObject* PhListCursor::moveTo(PhListNode* target)
@@ -203,9 +232,9 @@ PhObject* PhListCursor::moveTo(PhListNode* target)
     return objectOf(node_);
 }
 
-PhObject* PhListCursor::first() { return moveTo(list_ ? list_->body_->head : node_); }
+PhObject* PhListCursor::first() { return moveTo(list_ ? list_->head_ : node_); }
 
-PhObject* PhListCursor::last() { return moveTo(list_ ? list_->body_->tail : node_); }
+PhObject* PhListCursor::last() { return moveTo(list_ ? list_->tail_ : node_); }
 
 PhObject* PhListCursor::next() { return moveTo(node_ ? node_->next() : nullptr); }
 

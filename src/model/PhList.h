@@ -8,9 +8,11 @@
 namespace tavo {
 
 class PhHashTable;
+class PhNameIndex;
 
-/// One place in a list. It owns one count of its object, which is never null inside a list.
-class PhListNode
+/// One place in a list. It owns one count of its object, which is never null inside a list. The
+/// setters are for a list's own use.
+class PhListNode : public Pooled
 {
 public:
     PhListNode* next() const { return next_; }
@@ -26,14 +28,12 @@ private:
     PhObject* object_ = nullptr;
 };
 
-struct PhListBody;
-
 /// Ordered list that owns one count of each object in it. Model classes hold a `PhList*` that stays
 /// null until the first element arrives, so no list and an empty list are both normal.
 ///
 /// Nothing refuses a name or an object twice. Searches give null where nothing matches, else the
 /// first match in list order; only with an index is it the object that was added last.
-class PhList
+class PhList : public Pooled
 {
 public:
     PhList();
@@ -50,14 +50,15 @@ public:
     /// The same at the head.
     void prepend(PhObject* object);
 
-    std::uint32_t count() const;
-    PhObject* first() const;
-    PhObject* last() const;
+    std::uint32_t count() const { return count_; }
+    PhObject* first() const { return head_ ? head_->object() : nullptr; }
+    PhObject* last() const { return tail_ ? tail_->object() : nullptr; }
     /// The object `i` steps from the head; null if the list ends before or `i` is negative.
     PhObject* at(int i) const;
     PhListNode* entryAt(int i) const;
 
-    /// Two null names match; a null name matches nothing else.
+    /// Two null names match; a null name matches nothing else. `findByName` makes an index of its
+    /// own for a list that is long enough.
     PhObject* findByName(const PhString& name) const;
     PhObject* findByExternalId(const PhString& externalId) const;
     PhObject* findById(std::uint32_t id) const;
@@ -92,13 +93,21 @@ private:
     friend class PhListCursor;
 
     void insert(PhObject* object, PhListNode* before, PhListNode* behind);
+    void join(PhListNode* left, PhListNode* right);
+    void indexName(PhObject* object) noexcept;
+    const PhNameIndex& nameIndex() const;
     template <class Matches> PhListNode* findNode(Matches matches) const;
 
-    std::unique_ptr<PhListBody> body_;
+    PhListNode* head_ = nullptr;
+    PhListNode* tail_ = nullptr;
+    std::uint32_t count_ = 0;
+    std::unique_ptr<PhHashTable> index_; ///< Only between `buildHash` and `clearHash`.
+    mutable std::unique_ptr<PhNameIndex>
+        nameIndex_; ///< Of a long list in which names are looked up.
 };
 
-/// Walks a list. It lives on the stack, owns nothing, and takes a null list too. While it walks, the
-/// list may be changed through `remove` of this cursor only.
+/// Walks a list. It lives on the stack, owns nothing, and takes a null list too. While it walks,
+/// the list may be changed through `remove` of this cursor only.
 class PhListCursor
 {
 public:
@@ -122,8 +131,8 @@ private:
 };
 
 /// The objects of a list, which may be null, as a range for a `for` loop:
-/// `for (PhEntity* entity : each<PhEntity>(group->entities()))`. The list holds objects of the class
-/// named and doesn't change while the loop runs.
+/// `for (PhEntity* entity : each<PhEntity>(group->entities()))`. The list holds objects of the
+/// class named and doesn't change while the loop runs.
 template <class Object> class PhListRange
 {
 public:

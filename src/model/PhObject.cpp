@@ -9,73 +9,24 @@ std::uint32_t nextId = 0;
 
 } // namespace
 
-struct PhObjectPrivate
-{
-    std::uint32_t flags = 0;
-    std::int32_t count = 0; ///< Counts held by lists and reference fields.
-    std::uint32_t id;       ///< Creation number.
-    PhString externalId;
-    PhString name;
-    PhString longName;
-    PhString description;
-    std::int32_t classId;
-};
+constinit const PhObjectTexts PhObject::noTexts;
+std::uint64_t PhObject::indexedNameChanges_ = 0;
 
-PhObject::PhObject(std::int32_t classId) : d(new PhObjectPrivate)
+PhObject::PhObject(std::int32_t classId)
+    : id_(nextId++), classId_(classId & 0x3FFFFFFF), isNameIndexed_(0)
 {
-    d->id = nextId++;
-    d->classId = classId;
 }
 
 PhObject::~PhObject() = default;
 
-std::uint32_t PhObject::id() const { return d->id; }
-
-std::int32_t PhObject::classId() const { return d->classId; }
-
-const PhString& PhObject::name() const { return d->name; }
-
-const PhString& PhObject::longName() const { return d->longName; }
-
-const PhString& PhObject::description() const { return d->description; }
-
-const PhString& PhObject::externalId() const { return d->externalId; }
-
-void PhObject::setName(const PhString& name) { d->name = name; }
-
-void PhObject::setLongName(const PhString& longName) { d->longName = longName; }
-
-void PhObject::setDescription(const PhString& description) { d->description = description; }
-
-void PhObject::setExternalId(const PhString& externalId) { d->externalId = externalId; }
-
-int PhObject::refCount() const { return d->count; }
-
-void PhObject::incRef() { ++d->count; }
-
-int PhObject::decRef()
+void PhObject::setText(PhString PhObjectTexts::*slot, const PhString& text)
 {
-    if (d->count > 0)
-        --d->count;
-    return d->count;
+    if (!texts_) {
+        if (text.isNull())
+            return;
+        texts_ = std::make_unique<PhObjectTexts>();
+    }
+    texts_.get()->*slot = text;
 }
-
-void PhObject::link(PhObject* object)
-{
-    if (object)
-        object->incRef();
-}
-
-void PhObject::unlink(PhObject* object)
-{
-    if (object && object->decRef() == 0)
-        delete object;
-}
-
-bool PhObject::isFlag(std::uint32_t mask) const { return (d->flags & mask) != 0; }
-
-void PhObject::setFlag(std::uint32_t mask) { d->flags |= mask; }
-
-void PhObject::clearFlag(std::uint32_t mask) { d->flags &= ~mask; }
 
 } // namespace tavo

@@ -2,16 +2,16 @@
 
 #include "model/Ph.h"
 #include "model/PhString.h"
+#include "model/pool.h"
 
 #include <cstdint>
 #include <memory>
 
 namespace tavo {
 
-struct PhObjectPrivate;
-
 /// The run-time class numbers, as `PhObject::classId` gives them.
-enum PhClassId : std::int32_t {
+enum PhClassId : std::int32_t
+{
     PhClassMemoryPage = 1,
     PhClassCommParam = 2,
     PhClassUnit = 3,
@@ -44,6 +44,15 @@ enum PhClassId : std::int32_t {
     PhClassScheduleTableEntry = 30,
 };
 
+/// The texts of an object. They stand apart, because most objects are values and have none.
+struct PhObjectTexts : Pooled
+{
+    PhString externalId;
+    PhString name;
+    PhString longName;
+    PhString description;
+};
+
 /// Base of every model object: a class number, a creation number, four texts, marker flags and a
 /// manual reference count.
 ///
@@ -53,6 +62,13 @@ enum PhClassId : std::int32_t {
 class PhObject : public Ph
 {
 public:
+    static void* operator new(std::size_t size) { return allocateBlock(size); }
+    static void operator delete(void* block, std::size_t size) noexcept
+    {
+        releaseBlock(block, size);
+    }
+
+    /// Class numbers are positive and have at most 30 bits.
     explicit PhObject(std::int32_t classId);
     virtual ~PhObject();
     PhObject(const PhObject&) = delete;
@@ -60,30 +76,42 @@ public:
 
     /// The creation number: unique in the process and ascending in order of construction. Every
     /// object takes one, temporary and embedded values included.
-    std::uint32_t id() const;
-    std::int32_t classId() const;
+    std::uint32_t id() const { return id_; }
+    std::int32_t classId() const { return classId_; }
 
     /// The text slots themselves, not copies; null until set. Of an A2L block, the identifier is
     /// the `name` and the long identifier the `longName`; the other two stay null.
-    const PhString& name() const;
-    const PhString& longName() const;
-    const PhString& description() const;
-    const PhString& externalId() const;
-    void setName(const PhString& name);
-    void setLongName(const PhString& longName);
-    void setDescription(const PhString& description);
-    void setExternalId(const PhString& externalId);
+    const PhString& name() const { return texts().name; }
+    const PhString& longName() const { return texts().longName; }
+    const PhString& description() const { return texts().description; }
+    const PhString& externalId() const { return texts().externalId; }
+    void setName(const PhString& name)
+    {
+        indexedNameChanges_ += isNameIndexed_;
+        setText(&PhObjectTexts::name, name);
+    }
+    void setLongName(const PhString& longName) { setText(&PhObjectTexts::longName, longName); }
+    void setDescription(const PhString& text) { setText(&PhObjectTexts::description, text); }
+    void setExternalId(const PhString& text) { setText(&PhObjectTexts::externalId, text); }
 
-    int refCount() const;
-    void incRef();
+    int refCount() const { return count_; }
+    void incRef() { ++count_; }
     /// Takes one count away, unless there is none. Returns what is left and never destroys.
-    int decRef();
+    int decRef() { return count_ > 0 ? --count_ : 0; }
 
     /// Takes a count of `object`; nothing for null.
-    static void link(PhObject* object);
+    static void link(PhObject* object)
+    {
+        if (object)
+            object->incRef();
+    }
     /// Gives a count of `object` back and destroys it if none is left. An object without a count
     /// is destroyed as well; nothing happens for null.
-    static void unlink(PhObject* object);
+    static void unlink(PhObject* object)
+    {
+        if (object && object->decRef() == 0)
+            delete object;
+    }
 
     /// Stands in for an object of its class that is known by name only.
     bool isUnresolved() const { return isFlag(Unresolved); }
@@ -96,14 +124,34 @@ public:
     void clearReported() { clearFlag(Reported); }
 
     /// True if any bit of `mask` is set. The bits above the two named ones are free for use.
-    bool isFlag(std::uint32_t mask) const;
-    void setFlag(std::uint32_t mask);
-    void clearFlag(std::uint32_t mask);
+    bool isFlag(std::uint32_t mask) const { return (flags_ & mask) != 0; }
+    void setFlag(std::uint32_t mask) { flags_ |= mask; }
+    void clearFlag(std::uint32_t mask) { flags_ &= ~mask; }
+
+    /// Counts the changes of names that an index of some list may rely upon, so that it can tell
+    /// whether it is still right. `setNameIndexed` says that one relies on this object's name.
+    static std::uint64_t indexedNameChanges() { return indexedNameChanges_; }
+    void setNameIndexed() { isNameIndexed_ = 1; }
 
 private:
-    enum : std::uint32_t { Unresolved = 1, Reported = 2 };
+    enum : std::uint32_t
+    {
+        Unresolved = 1,
+        Reported = 2
+    };
 
-    std::unique_ptr<PhObjectPrivate> d;
+    const PhObjectTexts& texts() const { return texts_ ? *texts_ : noTexts; }
+    void setText(PhString PhObjectTexts::*slot, const PhString& text);
+
+    static const PhObjectTexts noTexts;
+    static std::uint64_t indexedNameChanges_;
+
+    std::uint32_t flags_ = 0;
+    std::int32_t count_ = 0; ///< Counts held by lists and reference fields.
+    std::uint32_t id_;
+    std::int32_t classId_ : 31;
+    std::uint32_t isNameIndexed_ : 1;
+    std::unique_ptr<PhObjectTexts> texts_; ///< Null until the first text is set.
 };
 
 } // namespace tavo

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhParameterPrivate
+struct PhParameterPrivate : Pooled
 {
     PhServiceParameterType serviceParameterType = PhServiceParameterType::Undefined;
     PhObject* auxRef1 = nullptr;

@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-struct PhRangePrivate
+struct PhRangePrivate : Pooled
 {
     std::uint8_t lowerLimitFlag = 0;
     std::uint8_t upperLimitFlag = 0;

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhSignalPrivate
+struct PhSignalPrivate : Pooled
 {
     PhType* type = nullptr;
     PhObject* auxRef1 = nullptr;

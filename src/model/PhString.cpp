@@ -1,5 +1,8 @@
 #include "model/PhString.h"
 
+#include "model/pool.h"
+
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <new>
@@ -8,27 +11,39 @@ namespace tavo {
 
 namespace {
 
-PhStringBody* newBody(std::size_t capacity)
+std::uint32_t kept(std::size_t size)
 {
-    void* block = ::operator new(sizeof(PhStringBody) + capacity + 1);
-    return new (block) PhStringBody{1, capacity};
+    return static_cast<std::uint32_t>(std::min<std::size_t>(size, PhStringBody::huge));
 }
 
-/// Copies `length` characters to `target` and ends the text behind them.
-void copyText(char* target, const char* text, std::size_t length)
+PhStringBody* newBody(std::size_t capacity)
 {
-    std::memcpy(target, text, length);
-    target[length] = '\0';
+    void* block = allocateBlock(sizeof(PhStringBody) + capacity + 1);
+    return new (block) PhStringBody{1, kept(capacity), 0};
+}
+
+/// Gives the body a text whose characters but for the first `head` come from `text`, which may be a
+/// piece of this very body.
+void write(PhStringBody& body, std::size_t head, std::string_view text)
+{
+    if (!text.empty())
+        std::memmove(body.buffer() + head, text.data(), text.size());
+    body.buffer()[head + text.size()] = '\0';
+    body.length = kept(head + text.size());
+}
+
+PhStringBody* newText(std::string_view text)
+{
+    PhStringBody* body = newBody(text.size());
+    write(*body, 0, text);
+    return body;
 }
 
 template <class Number> PhStringBody* newDecimal(Number number)
 {
     char digits[16];
     const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    const auto length = static_cast<std::size_t>(end - digits);
-    PhStringBody* body = newBody(length);
-    copyText(body->buffer(), digits, length);
-    return body;
+    return newText({digits, static_cast<std::size_t>(end - digits)});
 }
 
 int sign(int difference) { return (difference > 0) - (difference < 0); }
@@ -68,25 +83,26 @@ PhString& PhString::operator=(const char* text)
 void PhString::clear() noexcept
 {
     if (body_ && --body_->count == 0)
-        ::operator delete(body_);
+        releaseBlock(body_, sizeof(PhStringBody) + body_->capacity + 1);
     body_ = nullptr;
 }
 
 void PhString::set(const char* text)
 {
-    if (!text) {
+    if (text)
+        set(std::string_view(text));
+    else
         clear();
+}
+
+void PhString::set(std::string_view text)
+{
+    text = text.substr(0, text.find('\0'));
+    if (body_ && body_->count == 1 && body_->capacity >= text.size()) {
+        write(*body_, 0, text);
         return;
     }
-    const std::size_t length = std::strlen(text);
-    if (body_ && body_->count == 1 && body_->capacity >= length) {
-        // The text may be a piece of this very buffer.
-        std::memmove(body_->buffer(), text, length);
-        body_->buffer()[length] = '\0';
-        return;
-    }
-    PhStringBody* fresh = newBody(length);
-    copyText(fresh->buffer(), text, length);
+    PhStringBody* fresh = newText(text);
     clear();
     body_ = fresh;
 }
@@ -100,16 +116,14 @@ void PhString::append(const char* text)
         return;
     }
     const std::size_t head = length();
-    const std::size_t tail = std::strlen(text);
-    if (body_->count == 1 && body_->capacity >= head + tail) {
-        // The text may be a piece of this very buffer: its terminator is written last.
-        std::memmove(body_->buffer() + head, text, tail);
-        body_->buffer()[head + tail] = '\0';
+    const std::string_view tail = text;
+    if (body_->count == 1 && body_->capacity >= head + tail.size()) {
+        write(*body_, head, tail);
         return;
     }
-    PhStringBody* fresh = newBody(head + tail);
-    std::memcpy(fresh->buffer(), body_->buffer(), head);
-    copyText(fresh->buffer() + head, text, tail);
+    PhStringBody* fresh = newBody(head + tail.size());
+    write(*fresh, 0, view());
+    write(*fresh, head, tail);
     clear();
     body_ = fresh;
 }
@@ -118,9 +132,7 @@ void PhString::detach()
 {
     if (!body_ || body_->count == 1)
         return;
-    const std::size_t size = length();
-    PhStringBody* own = newBody(size);
-    copyText(own->buffer(), body_->buffer(), size);
+    PhStringBody* own = newText(view());
     clear();
     body_ = own;
 }
@@ -138,14 +150,16 @@ PhString PhString::operator+(const PhString& other) const
     return sum;
 }
 
-std::size_t PhString::length() const { return body_ ? std::strlen(body_->buffer()) : 0; }
+std::size_t PhString::lengthOf(PhStringBody& body)
+{
+    return body.length < PhStringBody::huge ? body.length : std::strlen(body.buffer());
+}
 
 std::uint32_t PhString::hash() const
 {
     std::uint32_t hash = 0;
-    if (body_)
-        for (const char* p = body_->buffer(); *p != '\0'; ++p)
-            hash = static_cast<unsigned char>(*p) + hash * 2;
+    for (const char c : view())
+        hash = static_cast<unsigned char>(c) + hash * 2;
     return hash;
 }
 
@@ -170,7 +184,7 @@ bool PhString::operator==(const char* text) const
 
 bool sameText(const PhString& a, const PhString& b)
 {
-    return a.cStr() == b.cStr() || a == b.cStr();
+    return a.isNull() || b.isNull() ? a.isNull() && b.isNull() : a.view() == b.view();
 }
 
 } // namespace tavo

@@ -2,14 +2,21 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <string_view>
 
 namespace tavo {
 
 /// Shared text behind a `PhString`. The characters stand in the same block, right behind it.
 struct PhStringBody
 {
-    std::uint32_t count;  ///< Handles that share this body.
-    std::size_t capacity; ///< Characters that fit, without the terminator.
+    /// A size from here on isn't kept.
+    static constexpr std::uint32_t huge = std::numeric_limits<std::uint32_t>::max();
+
+    std::uint32_t count; ///< Handles that share this body.
+    std::uint32_t
+        capacity;         ///< Characters that fit, without the terminator; `huge` for that or more.
+    std::uint32_t length; ///< Characters of the text; `huge` for that or more.
 
     char* buffer() { return reinterpret_cast<char*>(this + 1); }
 };
@@ -23,15 +30,20 @@ struct PhStringBody
 class PhString
 {
 public:
-    PhString() = default;
+    constexpr PhString() = default;
     /// A null pointer gives the null string.
     PhString(const char* text) { set(text); }
     PhString(const PhString& other) noexcept : body_(other.body_) { share(); }
     PhString(PhString&& other) noexcept : body_(other.body_) { other.body_ = nullptr; }
+    PhString(std::string_view text) { set(text); }
     /// The number in decimal.
     explicit PhString(int number);
     explicit PhString(unsigned number);
-    ~PhString() { clear(); }
+    constexpr ~PhString()
+    {
+        if (body_)
+            clear();
+    }
 
     PhString& operator=(const PhString& other) noexcept;
     PhString& operator=(PhString&& other) noexcept;
@@ -42,6 +54,8 @@ public:
     /// Takes a copy of `text`; null makes this the null string. A body of its own that is large
     /// enough is used again.
     void set(const char* text);
+    /// The same for a text that ends at its end or at a NUL in it. It is never null.
+    void set(std::string_view text);
     /// Adds a copy of `text`; null and "" change nothing, so a null string stays null.
     void append(const char* text);
     /// Makes sure that no other string shares the body.
@@ -53,7 +67,12 @@ public:
     /// The text, or null for the null string. Valid until this string changes or dies.
     const char* cStr() const { return body_ ? body_->buffer() : nullptr; }
     operator const char*() const { return cStr(); }
-    std::size_t length() const;
+    std::size_t length() const { return body_ ? lengthOf(*body_) : 0; }
+    /// The text; empty for the null string.
+    std::string_view view() const
+    {
+        return body_ ? std::string_view(body_->buffer(), length()) : std::string_view();
+    }
     bool isNull() const { return body_ == nullptr; }
     /// Folds the bytes from first to last as `byte + 2 * hash`; 0 for null and "".
     std::uint32_t hash() const;
@@ -69,6 +88,8 @@ public:
     bool operator!=(const char* text) const { return !(*this == text); }
 
 private:
+    static std::size_t lengthOf(PhStringBody& body);
+
     void share() noexcept
     {
         if (body_)

@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-struct PhStructurePrivate
+struct PhStructurePrivate : Pooled
 {
     std::int32_t value1 = 0;
     std::int32_t value2 = 0;

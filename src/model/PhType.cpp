@@ -7,7 +7,7 @@
 
 namespace tavo {
 
-struct PhTypePrivate
+struct PhTypePrivate : Pooled
 {
     PhBaseType baseType = PhBaseType::BtUndefined;
     PhEndian endian = PhEndian::BigEndian;

@@ -2,7 +2,7 @@
 
 namespace tavo {
 
-struct PhUnitPrivate
+struct PhUnitPrivate : Pooled
 {
     PhString label;
 };

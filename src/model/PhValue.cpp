@@ -31,6 +31,8 @@ PhList* duplicateOf(const PhList* list) { return list ? list->duplicate() : null
 
 } // namespace
 
+const PhValue::Extra PhValue::noExtra;
+
 PhValue::PhValue() : PhObject(PhClassValue) {}
 
 PhValue::PhValue(int number) : PhObject(PhClassValue), flags_(Integer), integer_(number) {}
@@ -39,48 +41,47 @@ PhValue::PhValue(unsigned number) : PhValue(static_cast<std::int32_t>(number)) {
 
 PhValue::PhValue(double number) : PhObject(PhClassValue), flags_(Double), number_(number) {}
 
-PhValue::PhValue(const PhString& text) : PhObject(PhClassValue), flags_(Text), text_(text) {}
+PhValue::PhValue(const PhString& text) : PhObject(PhClassValue) { setValue(text); }
 
-PhValue::PhValue(const void* data, int size) : PhObject(PhClassValue), blob_(bytesOf(data, size))
+PhValue::PhValue(const void* data, int size) : PhObject(PhClassValue)
 {
-    if (!blob_.empty())
-        flags_ = Blob;
+    std::vector<std::byte> blob = bytesOf(data, size);
+    if (blob.empty())
+        return;
+    extra().blob = std::move(blob);
+    flags_ = Blob;
 }
 
-PhValue::PhValue(PhList* list) : PhValue(std::unique_ptr<PhList>(list)) {}
-
-PhValue::PhValue(std::unique_ptr<PhList> list)
-    : PhObject(PhClassValue), flags_(List), list_(std::move(list))
-{
-}
+PhValue::PhValue(PhList* list) : PhObject(PhClassValue) { setValue(list); }
 
 PhValue::PhValue(PhInfinity infinity) : PhObject(PhClassValue) { *this = infinity; }
 
-PhValue::PhValue(const PhValue& other)
-    : PhObject(PhClassValue),
-      flags_(other.flags_),
-      integer_(other.integer_),
-      number_(other.number_),
-      text_(other.text_),
-      list_(duplicateOf(other.list())),
-      blob_(other.blob_)
-{
-}
+PhValue::PhValue(const PhValue& other) : PhObject(PhClassValue) { *this = other; }
 
 PhValue::~PhValue() = default;
+
+PhValue::Extra& PhValue::extra()
+{
+    if (!extra_)
+        extra_ = std::make_unique<Extra>();
+    return *extra_;
+}
 
 PhValue& PhValue::operator=(const PhValue& other)
 {
     // What may run out of memory comes first, so that a failure changes nothing.
-    std::unique_ptr<PhList> list(duplicateOf(other.list()));
-    std::vector<std::byte> blob(other.blob_);
-    blob_ = std::move(blob);
+    std::unique_ptr<Extra> extra;
+    if (other.extra_) {
+        std::unique_ptr<PhList> list(duplicateOf(other.list()));
+        extra.reset(new Extra{{}, other.extra_->text, std::move(list), other.extra_->blob});
+    }
     flags_ = other.flags_;
-    integer_ = other.integer_;
-    number_ = other.number_;
-    text_ = other.text_;
+    if (other.isDouble())
+        number_ = other.number_;
+    else if (other.isInteger())
+        integer_ = other.integer_;
     // The old list goes last: `other` may be an element of it.
-    list_ = std::move(list);
+    extra_ = std::move(extra);
     return *this;
 }
 
@@ -125,14 +126,16 @@ void PhValue::setValue(double number)
 
 void PhValue::setValue(const PhString& text)
 {
-    text_ = text;
+    extra().text = text;
     become(Text);
 }
 
 void PhValue::setValue(PhList* list)
 {
-    if (list != list_.get())
-        list_.reset(list);
+    // The list is the value's from here on, even if there is no memory to hold it.
+    std::unique_ptr<PhList> held(list != this->list() ? list : nullptr);
+    if (list != this->list())
+        extra().list.swap(held);
     become(List);
 }
 

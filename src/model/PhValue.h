@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/PhObject.h"
+#include "model/PhList.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,8 +8,6 @@
 #include <vector>
 
 namespace tavo {
-
-class PhList;
 
 /// The kinds of infinity. Any other number stands for no value.
 enum class PhInfinity : std::int32_t
@@ -89,9 +87,9 @@ public:
     /// The number; 0.0 for what is no number.
     double doubleValue() const;
     /// The text, null if none was ever stored.
-    const PhString& text() const { return text_; }
+    const PhString& text() const { return content().text; }
     /// The list, or null. It stays with the value.
-    PhList* list() const { return list_.get(); }
+    PhList* list() const { return content().list.get(); }
     /// True for a number that is exactly 0 or 1. Negative zero counts as 0.
     bool isZero() const;
     bool isOne() const;
@@ -128,19 +126,32 @@ private:
         Marked = 1U << 20,
     };
 
-    explicit PhValue(std::unique_ptr<PhList> list);
-
     bool has(Flag flag) const { return (flags_ & flag) != 0; }
     void become(Flag kind);
     template <class Operation> PhValue& combine(const PhValue& operand, Operation operation);
     template <class Operation> PhValue& combineInPlace(int operand, Operation operation);
 
+    /// Content that few values have.
+    struct Extra : Pooled
+    {
+        PhString text;
+        std::unique_ptr<PhList> list;
+        std::vector<std::byte> blob;
+    };
+
+    const Extra& content() const { return extra_ ? *extra_ : noExtra; }
+    Extra& extra();
+
+    static const Extra noExtra;
+
     std::uint32_t flags_ = 0;
-    std::int32_t integer_ = 0; ///< Of an unsigned number, its bits.
-    double number_ = 0.0;
-    PhString text_;
-    std::unique_ptr<PhList> list_;
-    std::vector<std::byte> blob_;
+    /// What the flags say: a value is never an integer and a double at once.
+    union
+    {
+        std::int32_t integer_; ///< Of an unsigned number, its bits.
+        double number_ = 0.0;
+    };
+    std::unique_ptr<Extra> extra_; ///< Null until there is some.
 };
 
 } // namespace tavo

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <cstddef>
 #include <limits>
 
 namespace tavo {
@@ -31,6 +33,32 @@ bool isAboveOne(const char* first, const char* last)
     return power + exponent > 0;
 }
 
+/// Reads digits with at most one point among them, and nothing else, as long as the number can be
+/// had by one exact division, which rounds as it should. False for everything else.
+bool parseShort(const char* first, const char* last, double& number)
+{
+    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr std::ptrdiff_t mostDigits = 15; // ten to this power is still exact
+    const char* point = last;
+    std::int64_t mantissa = 0;
+    for (const char* p = first; p != last; ++p) {
+        if (isDigit(*p))
+            mantissa = mantissa * 10 + (*p - '0');
+        else if (*p == '.' && point == last)
+            point = p;
+        else
+            return false;
+        if (p - first > mostDigits)
+            return false;
+    }
+    const std::ptrdiff_t decimals = point == last ? 0 : last - point - 1;
+    if (last - first - (point != last) > mostDigits || last - first == (point != last))
+        return false;
+    number = static_cast<double>(mantissa) / powers[decimals];
+    return true;
+}
+
 } // namespace
 
 double parseDouble(const char* first, const char* last)
@@ -40,6 +68,8 @@ double parseDouble(const char* first, const char* last)
     if (digits == last || (!isDigit(*digits) && *digits != '.'))
         return 0.0;
     double number = 0.0;
+    if (parseShort(digits, last, number))
+        return isNegative(first, last) ? -number : number;
     const auto [end, error] = std::from_chars(digits, last, number);
     if (error == std::errc::invalid_argument)
         return 0.0;
@@ -59,11 +89,45 @@ std::int32_t parseInt32(const char* first, const char* last)
                                                              : std::min(magnitude, limit - 1));
 }
 
+namespace {
+
+constexpr int decimals = 6;
+
+/// Rounds a number of moderate size to six decimals by way of an integer. False if the number is
+/// too large, or so near the middle between two texts that the product could fall on the wrong
+/// side.
+bool roundShort(double magnitude, std::uint64_t& millionths)
+{
+    // Up to here the product is off by less than 2^-13.
+    constexpr double largest = 1099511627776.0; // 2^40
+    constexpr double margin = 1.0 / 1024;
+    const double product = magnitude * 1e6;
+    if (!(product < largest))
+        return false;
+    millionths = static_cast<std::uint64_t>(product + 0.5);
+    const double fraction = product - std::floor(product);
+    return std::fabs(fraction - 0.5) > margin;
+}
+
+} // namespace
+
 FixedText::FixedText(double number)
 {
-    constexpr int decimals = 6;
     char* const last = text_ + sizeof text_ - 1;
-    char* const end = std::to_chars(text_, last, number, std::chars_format::fixed, decimals).ptr;
+    char* end = text_;
+    std::uint64_t millionths = 0;
+    if (roundShort(std::fabs(number), millionths)) {
+        if (std::signbit(number))
+            *end++ = '-';
+        end = std::to_chars(end, last, millionths / 1000000).ptr;
+        *end = '.';
+        std::uint64_t rest = millionths % 1000000;
+        for (int i = decimals; i > 0; --i, rest /= 10)
+            end[i] = static_cast<char>('0' + rest % 10);
+        end += 1 + decimals;
+    } else {
+        end = std::to_chars(text_, last, number, std::chars_format::fixed, decimals).ptr;
+    }
     *end = '\0';
     length_ = static_cast<std::size_t>(end - text_);
 }

@@ -7,7 +7,7 @@
 
 namespace tavo {
 
-struct PhChannelPrivate
+struct PhChannelPrivate : Pooled
 {
     PhChannelType channelType = PhChannelType::Undefined;
     PhList* frameTriggerings = nullptr;

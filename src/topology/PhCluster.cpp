@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhClusterPrivate
+struct PhClusterPrivate : Pooled
 {
     std::int32_t clusterCode = 0;
     PhChannelType channelType = PhChannelType::Undefined;

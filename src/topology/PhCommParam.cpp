@@ -7,7 +7,7 @@
 
 namespace tavo {
 
-struct PhCommParamPrivate
+struct PhCommParamPrivate : Pooled
 {
     PhProtocol protocol = PhProtocol::Undefined;
     PhTransport transport = PhTransport::Undefined;
@@ -86,10 +86,10 @@ PhValue* findOrCreateProperty(PhList* properties, const PhString& name)
 {
     if (auto* known = findByName<PhValue>(properties, name))
         return known;
-    auto* fresh = new PhValue;
+    const PhHold<PhValue> fresh(new PhValue);
     fresh->setName(name);
-    properties->append(fresh);
-    return fresh;
+    properties->append(fresh.get());
+    return fresh.get();
 }
 
 template <class Content>

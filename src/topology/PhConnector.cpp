@@ -7,7 +7,7 @@
 
 namespace tavo {
 
-struct PhConnectorPrivate
+struct PhConnectorPrivate : Pooled
 {
     PhChannel* channel = nullptr;
     PhController* controller = nullptr;

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhConnectorMappingPrivate
+struct PhConnectorMappingPrivate : Pooled
 {
     PhObject* source = nullptr;
     PhObject* target = nullptr;

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhControllerPrivate
+struct PhControllerPrivate : Pooled
 {
     PhChannel* channel = nullptr;
 };

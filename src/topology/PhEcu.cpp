@@ -11,7 +11,7 @@
 
 namespace tavo {
 
-struct PhEcuPrivate
+struct PhEcuPrivate : Pooled
 {
     PhList* functions = nullptr;
     PhList* connectors = nullptr;

@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-struct PhEntityPrivate
+struct PhEntityPrivate : Pooled
 {
     PhValue* address = nullptr;
     PhValue* addressExtension = nullptr;

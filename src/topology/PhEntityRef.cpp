@@ -4,7 +4,7 @@
 
 namespace tavo {
 
-struct PhEntityRefPrivate
+struct PhEntityRefPrivate : Pooled
 {
     PhObject* primaryRef = nullptr;
     PhObject* secondaryRef = nullptr;
@@ -34,11 +34,11 @@ void PhEntityRef::setLocalRef(PhObject* localRef) { setRef(d->localRef, localRef
 
 PhEntityRef* PhEntityRef::duplicate() const
 {
-    auto* copy = new PhEntityRef;
+    auto copy = std::make_unique<PhEntityRef>();
     copy->setName(name());
     copy->setPrimaryRef(d->primaryRef);
     copy->setSecondaryRef(d->secondaryRef);
-    return copy;
+    return copy.release();
 }
 
 } // namespace tavo

@@ -4,7 +4,7 @@
 
 namespace tavo {
 
-struct PhFramePrivate
+struct PhFramePrivate : Pooled
 {
     PhFrameType frameType = PhFrameType::Undefined;
     PhObject* structure = nullptr; ///< Layout.

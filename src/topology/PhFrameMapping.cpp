@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhFrameMappingPrivate
+struct PhFrameMappingPrivate : Pooled
 {
     PhObject* source = nullptr;
     PhObject* target = nullptr;

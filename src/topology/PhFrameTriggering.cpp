@@ -7,7 +7,7 @@
 
 namespace tavo {
 
-struct PhFrameTriggeringPrivate
+struct PhFrameTriggeringPrivate : Pooled
 {
     PhFrame* frame = nullptr;
     PhValue* identifier = nullptr; ///< On the bus.

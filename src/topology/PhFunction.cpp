@@ -4,7 +4,7 @@
 
 namespace tavo {
 
-struct PhFunctionPrivate
+struct PhFunctionPrivate : Pooled
 {
     PhList* inputSignals = nullptr;
     PhList* outputSignals = nullptr;

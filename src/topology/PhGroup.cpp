@@ -19,7 +19,7 @@
 
 namespace tavo {
 
-struct PhGroupPrivate
+struct PhGroupPrivate : Pooled
 {
     PhGroupType groupType = PhGroupType::Undefined;
     PhGroup* parent = nullptr; ///< Back pointer without a count.

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhMemoryPagePrivate
+struct PhMemoryPagePrivate : Pooled
 {
     PhMemoryType memoryType = PhMemoryType::Undefined;
     PhLocation location = PhLocation::Undefined;

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhRasterPrivate
+struct PhRasterPrivate : Pooled
 {
     PhTimeUnit timeUnit = PhTimeUnit::Undefined;
     PhValue* rate = nullptr;

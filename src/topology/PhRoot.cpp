@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-struct PhRootPrivate
+struct PhRootPrivate : Pooled
 {
     PhList* groups = nullptr;   ///< Top-level groups.
     PhLogger* logger = nullptr; ///< Sink of the messages, not owned.

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhScheduleTablePrivate
+struct PhScheduleTablePrivate : Pooled
 {
     PhList* scheduleTableEntries = nullptr;
 };

@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-struct PhScheduleTableEntryPrivate
+struct PhScheduleTableEntryPrivate : Pooled
 {
     PhObject* auxRef = nullptr;
     PhValue* delay = nullptr;

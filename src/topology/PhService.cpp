@@ -4,7 +4,7 @@
 
 namespace tavo {
 
-struct PhServicePrivate
+struct PhServicePrivate : Pooled
 {
     PhObject* request = nullptr;
     PhList* responses = nullptr;

@@ -4,7 +4,7 @@
 
 namespace tavo {
 
-struct PhSignalMappingPrivate
+struct PhSignalMappingPrivate : Pooled
 {
     PhObject* source = nullptr;
     PhObject* target = nullptr;

@@ -5,7 +5,7 @@
 
 namespace tavo {
 
-struct PhTimingPrivate
+struct PhTimingPrivate : Pooled
 {
     std::int32_t timingType = 0;
     PhValue* delay = nullptr;

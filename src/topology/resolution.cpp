@@ -14,9 +14,9 @@ namespace tavo {
 
 namespace {
 
-/// What a reference leads to once it is resolved. `find` looks a name up and gives null for what may
-/// not stand in the reference; `store` puts an object in the placeholder's place and so destroys the
-/// placeholder. Null if there is nothing to go on with.
+/// What a reference leads to once it is resolved. `find` looks a name up and gives null for what
+/// may not stand in the reference; `store` puts an object in the placeholder's place and so
+/// destroys the placeholder. Null if there is nothing to go on with.
 template <class Object, class Find, class Store>
 Object* resolved(Object* held, PhRoot* root, const char* warning, Find find, Store store)
 {

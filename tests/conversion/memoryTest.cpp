@@ -3,6 +3,7 @@
 
 #include "tavo/tavo.h"
 
+#include "model/pool.h"
 #include "support/conversion.h"
 #include "support/files.h"
 
@@ -130,8 +131,9 @@ TEST(Memory, thatRunsOutAtAnyPointIsReleasedAndLeavesTheOutputAloneUntilTheModel
             ASSERT_EQ(readFile("d.ini"), "old") << "allocation " << failures;
         }
     }
-    // Nearly all of them are the model's: a conversion that allocates nothing would prove nothing.
-    EXPECT_GT(failures, 200);
+    // A conversion that allocates nothing would prove nothing. Where the model's blocks come from a
+    // pool, they are seen one by one in the build with the sanitizers, which has none.
+    EXPECT_GT(failures, TAVO_POOLED ? 10 : 200);
     EXPECT_NE(readFile("d.ini"), "old");
 }
 

@@ -3,8 +3,6 @@
 #include "topology/PhCommParam.h"
 #include "topology/PhGroup.h"
 
-#include <cstring>
-
 namespace tavo {
 
 /// IF_DATA { ASAP1B_CCP ... | XCP ... | name ... } /end IF_DATA
@@ -14,13 +12,13 @@ namespace tavo {
 int PhA2l::parseIfData(PhObject* owner, PhTokenValue& value)
 {
     int code = nextToken(value);
-    if (code == T_IDENTIFIER && std::strcmp(value.text, "ASAP1B_CCP") == 0)
+    if (code == T_IDENTIFIER && value.text == "ASAP1B_CCP")
         return parseIfDataCcp(owner, value);
-    if (code == T_IDENTIFIER && std::strcmp(value.text, "XCP") == 0)
+    if (code == T_IDENTIFIER && value.text == "XCP")
         return parseIfDataXcp(owner, value);
-    progress("  Parse unknown IF_DATA '%s'\n", tokenText());
+    progress("  Parse unknown IF_DATA '%s'\n", token_);
     do {
-        code = nextToken(value);
+        code = skipToken();
         if (code == T_END) {
             code = nextToken(value);
             if (code == T_IF_DATA)
@@ -40,11 +38,12 @@ PhCommParam* PhA2l::commParamOf(PhObject* owner, const PhString& name, PhProtoco
     if (group)
         if (PhCommParam* commParam = group->findCommParam(name))
             return commParam;
-    auto* commParam = new PhCommParam;
-    commParam->setName(name);
-    commParam->setProtocol(protocol);
-    commParam->setTransport(PhTransport::CAN);
-    commParam->setEndian(byteOrder_);
+    auto fresh = std::make_unique<PhCommParam>();
+    fresh->setName(name);
+    fresh->setProtocol(protocol);
+    fresh->setTransport(PhTransport::CAN);
+    fresh->setEndian(byteOrder_);
+    PhCommParam* commParam = fresh.release();
     if (group)
         group->appendCommParam(commParam);
     return commParam;

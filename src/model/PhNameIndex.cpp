@@ -1,0 +1,68 @@
+#include "model/PhNameIndex.h"
+
+#include "model/PhObject.h"
+
+#include <functional>
+#include <string_view>
+
+namespace tavo {
+
+namespace {
+
+std::size_t hashOf(const PhString& name) { return std::hash<std::string_view>()(name.view()); }
+
+} // namespace
+
+bool PhNameIndex::isStale() const { return nameChanges_ != PhObject::indexedNameChanges(); }
+
+void PhNameIndex::append(PhObject* object)
+{
+    if (slots_.empty())
+        nameChanges_ = PhObject::indexedNameChanges();
+    // One without a name counts too: it may get one.
+    object->setNameIndexed();
+    if (object->name().isNull())
+        return;
+    if (count_ * 2 >= slots_.size())
+        grow();
+    const std::size_t hash = hashOf(object->name());
+    Slot& slot = slots_[slotOf(object->name(), hash)];
+    if (!slot.object) {
+        slot = {hash, object};
+        ++count_;
+    }
+}
+
+PhObject* PhNameIndex::find(const PhString& name) const
+{
+    return slots_.empty() ? nullptr : slots_[slotOf(name, hashOf(name))].object;
+}
+
+/// The slot of the object of this name, or the free slot where it would be.
+std::size_t PhNameIndex::slotOf(const PhString& name, std::size_t hash) const
+{
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t i = hash & mask;
+    while (slots_[i].object &&
+           (slots_[i].hash != hash || !sameText(slots_[i].object->name(), name)))
+        i = (i + 1) & mask;
+    return i;
+}
+
+void PhNameIndex::grow()
+{
+    constexpr std::size_t smallest = 64;
+    std::vector<Slot> slots(slots_.empty() ? smallest : slots_.size() * 2);
+    const std::size_t mask = slots.size() - 1;
+    for (const Slot& slot : slots_) {
+        if (!slot.object)
+            continue;
+        std::size_t i = slot.hash & mask;
+        while (slots[i].object)
+            i = (i + 1) & mask;
+        slots[i] = slot;
+    }
+    slots_.swap(slots);
+}
+
+} // namespace tavo

@@ -1,0 +1,120 @@
+#include "model/pool.h"
+
+#include <algorithm>
+#include <iterator>
+#include <new>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
+namespace tavo {
+
+#if TAVO_POOLED
+
+namespace {
+
+constexpr std::size_t step = 8; ///< Sizes are multiples of this.
+constexpr std::size_t largest = 128;
+constexpr std::size_t smallestChunk = std::size_t{1} << 16;
+constexpr std::size_t largestChunk = std::size_t{1} << 21; ///< A large page of the usual machines.
+
+struct FreeBlock
+{
+    FreeBlock* next;
+};
+
+struct Chunk
+{
+    Chunk* next;
+    std::size_t size;
+};
+
+FreeBlock* freeBlocks[largest / step + 1]; ///< By size in steps.
+Chunk* chunks = nullptr;
+char* unused = nullptr; ///< What is left of the newest chunk.
+std::size_t unusedSize = 0;
+std::size_t chunksSize = 0;
+std::size_t blocksInUse = 0;
+
+std::align_val_t alignmentOf(std::size_t chunkSize)
+{
+    return std::align_val_t{chunkSize == largestChunk ? largestChunk : alignof(std::max_align_t)};
+}
+
+/// Begins a new chunk, an eighth of all that there are. What is left of the last one is lost.
+void addChunk()
+{
+    std::size_t size = smallestChunk;
+    while (size < largestChunk && size < chunksSize / 8)
+        size *= 2;
+    auto* chunk = static_cast<Chunk*>(::operator new(size, alignmentOf(size)));
+#if defined(__linux__)
+    // Touching a large model page by page costs more than filling it.
+    if (size == largestChunk)
+        madvise(chunk, size, MADV_HUGEPAGE);
+#endif
+    *chunk = {chunks, size};
+    chunks = chunk;
+    chunksSize += size;
+    unused = reinterpret_cast<char*>(chunk + 1);
+    unusedSize = size - sizeof(Chunk);
+}
+
+void freeAll() noexcept
+{
+    while (Chunk* chunk = chunks) {
+        chunks = chunk->next;
+        ::operator delete(chunk, alignmentOf(chunk->size));
+    }
+    std::fill_n(freeBlocks, std::size(freeBlocks), nullptr);
+    unused = nullptr;
+    unusedSize = 0;
+    chunksSize = 0;
+}
+
+} // namespace
+
+void* allocateBlock(std::size_t size)
+{
+    if (size > largest)
+        return ::operator new(size);
+    const std::size_t steps = (size + step - 1) / step;
+    FreeBlock*& free = freeBlocks[steps];
+    void* block = free;
+    if (free) {
+        free = free->next;
+    } else {
+        if (unusedSize < steps * step)
+            addChunk();
+        block = unused;
+        unused += steps * step;
+        unusedSize -= steps * step;
+    }
+    ++blocksInUse;
+    return block;
+}
+
+void releaseBlock(void* block, std::size_t size) noexcept
+{
+    if (!block)
+        return;
+    if (size > largest) {
+        ::operator delete(block);
+        return;
+    }
+    FreeBlock*& free = freeBlocks[(size + step - 1) / step];
+    free = new (block) FreeBlock{free};
+    if (--blocksInUse == 0)
+        freeAll();
+}
+
+#else
+
+void* allocateBlock(std::size_t size) { return ::operator new(size); }
+
+void releaseBlock(void* block, std::size_t) noexcept { ::operator delete(block); }
+
+#endif
+
+} // namespace tavo
