@@ -78,7 +78,7 @@ int PhA2l::parseMemorySegment(PhGroup* group, PhTokenValue& value)
     }
     page->setAddress(new PhValue(readInteger(value)));
     page->setSize(new PhValue(readInteger(value)));
-    dropFields(value, 5); // the offsets
+    dropFields(5); // the offsets
     group->appendMemoryPage(page.get());
 
     return parseOptions(value, T_MEMORY_SEGMENT, [&](int code) {

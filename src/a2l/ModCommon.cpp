@@ -12,8 +12,8 @@ namespace tavo {
 /// params that are there already. It holds beyond the module, until the next one.
 int PhA2l::parseModCommon(PhGroup* group, PhTokenValue& value)
 {
-    dropFields(value, 1);
-    progress("  Parse MOD_COMMON '%s'\n", tokenText());
+    dropFields(1);
+    progress("  Parse MOD_COMMON '%s'\n", token_);
     return parseOptions(value, T_MOD_COMMON, [&](int code) {
         switch (code) {
         case T_BYTE_ORDER:

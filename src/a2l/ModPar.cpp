@@ -6,8 +6,8 @@ namespace tavo {
 /// CALIBRATION_METHOD ... } /end MOD_PAR
 int PhA2l::parseModPar(PhGroup* group, PhTokenValue& value)
 {
-    dropFields(value, 1);
-    progress("  Parse MOD_PAR '%s'\n", tokenText());
+    dropFields(1);
+    progress("  Parse MOD_PAR '%s'\n", token_);
     return parseOptions(value, T_MOD_PAR, [&](int code) {
         switch (code) {
         case T_VERSION:

@@ -8,10 +8,7 @@ PhA2l::PhA2l(const char* path) : PhReader(path) {}
 
 PhA2l::~PhA2l() = default;
 
-const char* PhA2l::formatName() const
-{
-    return "ASAP2";
-}
+const char* PhA2l::formatName() const { return "ASAP2"; }
 
 void PhA2l::setKeywordTable(int number)
 {

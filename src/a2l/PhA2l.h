@@ -5,10 +5,12 @@
 #include "a2l/SourceStream.h"
 #include "a2l/tokens.h"
 #include "conversion/PhReader.h"
+#include "model/PhString.h"
 #include "model/enumerations.h"
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tavo {
 
@@ -18,7 +20,6 @@ class PhEntity;
 class PhGroup;
 class PhObject;
 class PhRange;
-class PhString;
 class PhType;
 class PhValue;
 
@@ -88,30 +89,37 @@ private:
         PhA2l& reader_;
     };
 
+    /// What a token is before more is made of it than its text.
+    enum Scanned : int
+    {
+        ScannedName = 306, ///< A name that may be a keyword.
+        ScannedHexadecimal = 307,
+    };
+
     // The lexer.
     int nextToken(PhTokenValue& value);
+    int skipToken();
+    int scanToken();
     int skipBlanks();
     bool skipComment();
-    int lexName(int first, PhTokenValue& value);
-    int lexString(PhTokenValue& value);
-    int lexNumber(int first, PhTokenValue& value);
-    int lexFraction(PhTokenValue& value);
-    int lexExponent(int marker, PhTokenValue& value);
-    int lexHexadecimal(PhTokenValue& value);
-    int finishDouble(PhTokenValue& value);
-    int finishNumericName(PhTokenValue& value);
-    int failToken();
-    void takeRun(unsigned classes);
+    int scanName();
+    int scanString();
+    int scanEditedString();
+    int scanNumber();
+    int scanFraction();
+    int scanExponent();
+    int scanHexadecimal();
+    int finishText(int code, unsigned classes);
+    int loseCharacter();
     int openFile();
     int line() const { return static_cast<int>(line_); }
-    const char* tokenText() const { return tokenBuffer_.c_str(); }
 
     // What the parsers do again and again.
     static constexpr const char* endExpected = "Keyword '%s' expected after /end";
-    const char* readText(PhTokenValue& value);
+    std::string_view readText(PhTokenValue& value);
     std::int32_t readInteger(PhTokenValue& value);
     int afterFields(PhTokenValue& value, int count);
-    void dropFields(PhTokenValue& value, int count);
+    void dropFields(int count);
     int afterRun(PhTokenValue& value, int code);
     int parseNameList(PhTokenValue& value, int keyword, const char* format = endExpected);
     int parseOpenRun(PhTokenValue& value, int code, int keyword, const char* format = endExpected);
@@ -126,8 +134,8 @@ private:
     int unexpectedToken(const PhTokenValue& value, int code);
     void warnUnexpectedToken(const PhTokenValue& value, int code);
     int parseByteOrder(PhTokenValue& value, PhEndian& byteOrder);
-    PhConversion* conversionByName(PhGroup* group, const PhString& name);
-    template <class... Arguments> void progress(const char* format, Arguments... arguments);
+    PhConversion* conversionByName(PhGroup* group, std::string_view name);
+    void progress(const char* format, std::string_view text = {});
 
     // The frame of a file.
     int parseFileItem(PhRoot* root, PhTokenValue& value, int code);
@@ -206,7 +214,9 @@ private:
         &coreKeywords;        ///< The vocabulary that names are looked up in.
     std::uint32_t line_ = 1;  ///< Line of the last character read.
     SourceStream file_;       ///< Open during `readFile` only.
-    std::string tokenBuffer_; ///< The text of the token read last.
+    std::string_view token_;  ///< The text of the token read last.
+    std::string tokenBuffer_; ///< Holds that text if it differs from what stands in the file.
+    PhString lookedUp_;       ///< The name that was looked up last.
     /// Default of the types and comm params made from here on: the last BYTE_ORDER of a MOD_COMMON.
     PhEndian byteOrder_ = PhEndian::Undefined;
 };
@@ -242,13 +252,6 @@ Enumeration PhA2l::readWord(PhTokenValue& value, Enumeration (*meaning)(int code
     if (word == Enumeration())
         warnUnexpectedToken(value, code);
     return word;
-}
-
-/// Logs a progress line if the reader is verbose.
-template <class... Arguments> void PhA2l::progress(const char* format, Arguments... arguments)
-{
-    if (verbose())
-        log(format, arguments...);
 }
 
 } // namespace tavo

@@ -61,6 +61,15 @@ template <std::size_t Size> constexpr bool codesDiffer(const PhKeywordEntry (&en
     return true;
 }
 
+template <std::size_t Size> constexpr bool wordsFit(const PhKeywordEntry (&entries)[Size])
+{
+    return std::all_of(entries, entries + Size - 1, [](const PhKeywordEntry& entry) {
+        return std::string_view(entry.text).size() <= 63;
+    });
+}
+
+static_assert(wordsFit(coreEntries) && wordsFit(enumEntries) && wordsFit(ccpEntries) &&
+              wordsFit(xcpEntries) && wordsFit(kwpEntries));
 static_assert(rows(coreEntries) == 154 && codesDiffer(coreEntries));
 static_assert(rows(enumEntries) == 42 && codesDiffer(enumEntries));
 static_assert(rows(ccpEntries) == 53 && codesDiffer(ccpEntries));
@@ -77,16 +86,37 @@ const PhKeywordTable kwpKeywords(kwpEntries, 100);
 
 std::uint32_t keywordHash(const char* text)
 {
+    return text ? keywordHash(std::string_view(text)) : 0;
+}
+
+std::uint32_t keywordHash(std::string_view text)
+{
+    // Nothing climbs above bit 23 within the first sixteen bytes.
+    constexpr std::size_t withoutFold = 16;
     std::uint32_t hash = 0;
-    if (text)
-        for (; *text != '\0'; ++text)
-            hash = keywordHashStep(hash, static_cast<unsigned char>(*text));
+    for (const char c : text.substr(0, withoutFold))
+        hash = hash * 2 + static_cast<unsigned char>(c);
+    for (std::size_t i = withoutFold; i < text.size(); ++i)
+        hash = keywordHashStep(hash, static_cast<unsigned char>(text[i]));
     return hash;
 }
+
+namespace {
+
+std::uint64_t lastCharacterBit(std::string_view text)
+{
+    return std::uint64_t{1} << (static_cast<unsigned char>(text.back()) & 63U);
+}
+
+} // namespace
 
 PhKeywordTable::PhKeywordTable(const PhKeywordEntry* entries, std::int32_t size)
     : entries_(entries), slotCount_(static_cast<std::uint32_t>(size) + 1)
 {
+    for (const PhKeywordEntry* entry = entries_; entry->text; ++entry) {
+        const std::string_view text = entry->text;
+        lastCharacters_[text.size()] |= lastCharacterBit(text);
+    }
     rebuild();
 }
 
@@ -106,19 +136,23 @@ void PhKeywordTable::rebuild()
     }
 }
 
-std::int32_t PhKeywordTable::lookup(const char* text) const
+bool PhKeywordTable::mayHold(std::string_view text) const
 {
-    return lookup(text, keywordHash(text));
+    return !text.empty() && text.size() <= longest &&
+           (lastCharacters_[text.size()] & lastCharacterBit(text)) != 0;
 }
 
-std::int32_t PhKeywordTable::lookup(std::string_view text, std::uint32_t hash) const
+std::int32_t PhKeywordTable::lookup(std::string_view text) const
 {
+    if (!mayHold(text))
+        return 0;
     if (!slots_) {
         for (const PhKeywordEntry* entry = entries_; entry->text; ++entry)
             if (text == entry->text)
                 return entry->code;
         return 0;
     }
+    const std::uint32_t hash = keywordHash(text);
     for (std::uint32_t slot = hash % slotCount_; slots_[slot].entry; slot = (slot + 1) % slotCount_)
         if (slots_[slot].hash == hash && text == slots_[slot].entry->text)
             return slots_[slot].entry->code;

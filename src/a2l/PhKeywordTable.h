@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -29,6 +30,7 @@ constexpr std::uint32_t keywordHashStep(std::uint32_t hash, unsigned char byte)
 
 /// The hash of a whole word; 0 for null and "".
 std::uint32_t keywordHash(const char* text);
+std::uint32_t keywordHash(std::string_view text);
 
 /// A vocabulary: which words are keywords, and their token codes. An open-addressing hash stands
 /// over rows that never change.
@@ -40,18 +42,24 @@ public:
     PhKeywordTable(const PhKeywordEntry* entries, std::int32_t size);
 
     /// The code of a word, compared byte for byte; 0 if it is no keyword here.
-    std::int32_t lookup(const char* text) const;
-    /// The same for a word whose hash is known.
-    std::int32_t lookup(std::string_view text, std::uint32_t hash) const;
+    std::int32_t lookup(std::string_view text) const;
     /// The word of a code, or null if no row has it.
     const char* keywordName(std::int32_t code) const;
     /// Fills the hash again from the rows.
     void rebuild();
 
 private:
+    /// No keyword is longer than this.
+    static constexpr std::size_t longest = 63;
+
+    bool mayHold(std::string_view text) const;
+
     const PhKeywordEntry* entries_;
     std::unique_ptr<PhKeywordSlot[]> slots_;
     std::uint32_t slotCount_;
+    /// For each length of a keyword the characters that keywords of this length end with, as bits
+    /// by the character's low six bits. Most names are told from keywords by these two alone.
+    std::uint64_t lastCharacters_[longest + 1] = {};
 };
 
 /// Outside of the sections below. A reader starts with it.

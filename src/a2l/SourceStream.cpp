@@ -1,26 +1,41 @@
 #include "a2l/SourceStream.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 namespace tavo {
 
 namespace {
 
-constexpr std::size_t blockSize = 65536;
+constexpr std::size_t readSize = 65536;
+
+/// Makes each CR LF pair one LF. Gives the new end.
+unsigned char* foldLineEnds(unsigned char* first, unsigned char* last)
+{
+    auto* target = static_cast<unsigned char*>(
+        std::memchr(first, '\r', static_cast<std::size_t>(last - first)));
+    if (!target)
+        return last;
+    for (const unsigned char* source = target; source != last; ++source)
+        if (*source != '\r' || source + 1 == last || source[1] != '\n')
+            *target++ = *source;
+    return target;
+}
 
 } // namespace
 
 bool SourceStream::open(const char* path)
 {
     close();
-    // A CR that was held back, a block, and the end mark.
-    block_.reset(new unsigned char[1 + blockSize + 1]);
+    makeRoom(0);
     // The line ends are folded here and not by the C library, which does it on some platforms only.
     file_ = std::fopen(path, "rb");
     if (!file_)
         return false;
     std::setvbuf(file_, nullptr, _IONBF, 0);
     heldBackCr_ = false;
+    begin_ = nullptr;
     next_ = end_ = block_.get();
     block_[0] = endMark;
     return true;
@@ -32,47 +47,65 @@ void SourceStream::close()
         std::fclose(file_);
     file_ = nullptr;
     block_.reset();
+    capacity_ = 0;
 }
 
-/// Called once `get` has run into the end mark behind the block.
-int SourceStream::refill()
+/// Makes sure that the block takes another read behind `kept` characters, which go to its head.
+void SourceStream::makeRoom(std::size_t kept)
 {
-    const std::size_t size = readBlock();
-    block_[size] = endMark;
-    if (size == 0)
-        block_[1] = endMark; // For a `get` behind the one that found the end.
-    next_ = block_.get();
-    end_ = next_ + size;
-    return *next_++;
+    const std::size_t needed = kept + 1 + readSize; // with a CR that was held back
+    if (needed <= capacity_) {
+        if (kept > 0)
+            std::memmove(block_.get(), begin_, kept);
+        return;
+    }
+    const std::size_t capacity = std::max(needed, 2 * capacity_);
+    std::unique_ptr<unsigned char[]> block(new unsigned char[capacity + 1]);
+    if (kept > 0)
+        std::memcpy(block.get(), begin_, kept);
+    block_ = std::move(block);
+    capacity_ = capacity;
 }
 
-/// Fills the block with the next characters of the file, line ends folded. 0 at the end of the
-/// file.
-std::size_t SourceStream::readBlock()
+/// Called at the end of the block: reads on, keeping a text that has begun. Gives the character
+/// that is in hand then.
+int SourceStream::more()
 {
-    unsigned char* const block = block_.get();
+    const std::size_t kept = begin_ ? static_cast<std::size_t>(end_ - begin_) : 0;
+    makeRoom(kept);
+    unsigned char* const head = block_.get();
+    unsigned char* const behind = head + kept + read(head + kept);
+    *behind = endMark;
+    if (begin_)
+        begin_ = head;
+    next_ = head + kept;
+    end_ = behind;
+    return *next_;
+}
+
+/// Reads the next characters of the file, line ends folded. 0 at the end of the file.
+std::size_t SourceStream::read(unsigned char* target)
+{
     std::size_t size = 0;
     while (size == 0) {
         if (heldBackCr_)
-            block[size++] = '\r';
-        const std::size_t read = std::fread(block + size, 1, blockSize, file_);
-        if (read == 0) {
+            target[size++] = '\r';
+        const std::size_t count = std::fread(target + size, 1, readSize, file_);
+        if (count == 0) {
+            if (std::ferror(file_) && errno == EINTR) {
+                std::clearerr(file_);
+                size = 0;
+                continue;
+            }
             heldBackCr_ = false;
             return size;
         }
-        size += read;
-        heldBackCr_ = block[size - 1] == '\r';
+        size += count;
+        heldBackCr_ = target[size - 1] == '\r';
         if (heldBackCr_)
             --size;
     }
-    const auto* cr = static_cast<const unsigned char*>(std::memchr(block, '\r', size));
-    if (!cr)
-        return size;
-    unsigned char* target = block + (cr - block);
-    for (const unsigned char* source = target; source != block + size; ++source)
-        if (*source != '\r' || source + 1 == block + size || source[1] != '\n')
-            *target++ = *source;
-    return static_cast<std::size_t>(target - block);
+    return static_cast<std::size_t>(foldLineEnds(target, target + size) - target);
 }
 
 } // namespace tavo

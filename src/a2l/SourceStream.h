@@ -1,8 +1,11 @@
 #pragma once
 
+#include "a2l/characters.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <memory>
+#include <string_view>
 
 namespace tavo {
 
@@ -15,8 +18,6 @@ namespace tavo {
 class SourceStream
 {
 public:
-    static constexpr int endMark = 0xFF;
-
     SourceStream() = default;
     ~SourceStream() { close(); }
     SourceStream(const SourceStream&) = delete;
@@ -26,31 +27,50 @@ public:
     bool open(const char* path);
     void close();
 
-    /// The next character as an unsigned byte, or the end mark.
-    int get()
+    /// The character in hand as an unsigned byte, or the end mark.
+    int peek() { return *next_ != endMark || next_ != end_ ? *next_ : more(); }
+    /// Goes on to the next character; not at the true end.
+    void advance() { ++next_; }
+    /// The character in hand, and on to the next one.
+    int take()
     {
-        const int character = *next_++;
-        return character != endMark || next_ <= end_ ? character : refill();
+        const int character = peek();
+        if (next_ != end_)
+            ++next_;
+        return character;
+    }
+    /// Goes on to the first character that is in none of these classes.
+    void skipRun(unsigned classes)
+    {
+        do {
+            const unsigned char* character = next_;
+            while (is(*character, classes))
+                ++character;
+            next_ = character;
+        } while (next_ == end_ && is(more(), classes));
     }
 
-    /// Puts the character that `get` has just given back, so that it comes again. Not twice.
-    void putBack() { --next_; }
-
-    /// What is at hand without reading on: the characters from `next` on, up to an end mark. The
-    /// mark is either a character or the place where `get` reads the next block.
-    const unsigned char* next() const { return next_; }
-    /// Goes on to `position`, which lies between `next` and the next end mark.
-    void skipTo(const unsigned char* position) { next_ = position; }
+    /// From here on the characters stay together in memory, for `text`.
+    void beginText() { begin_ = next_; }
+    void endText() { begin_ = nullptr; }
+    /// The characters from `beginText` up to the one in hand. Valid until the file is read on.
+    std::string_view text() const
+    {
+        return {reinterpret_cast<const char*>(begin_), static_cast<std::size_t>(next_ - begin_)};
+    }
 
 private:
-    int refill();
-    std::size_t readBlock();
+    int more();
+    void makeRoom(std::size_t kept);
+    std::size_t read(unsigned char* target);
 
     std::FILE* file_ = nullptr;
     std::unique_ptr<unsigned char[]> block_;
-    const unsigned char* next_ = nullptr;
-    const unsigned char* end_ = nullptr; ///< Behind the last character; an end mark stands there.
-    bool heldBackCr_ = false; ///< The last block ended with a CR whose LF may open the next one.
+    std::size_t capacity_ = 0;             ///< Of the block, without the end mark.
+    const unsigned char* next_ = nullptr;  ///< The character in hand.
+    const unsigned char* end_ = nullptr;   ///< Behind the last character; an end mark stands there.
+    const unsigned char* begin_ = nullptr; ///< Of a text that must stay together, or null.
+    bool heldBackCr_ = false; ///< The last read ended with a CR whose LF may open the next one.
 };
 
 } // namespace tavo

@@ -53,7 +53,7 @@ int PhA2l::parseProject(PhRoot* root, PhTokenValue& value)
     project->setLongName(readText(value));
     project->setGroupType(PhGroupType::Project);
     root->appendGroup(project.get());
-    progress("  Parse PROJECT '%s'\n", tokenText());
+    progress("  Parse PROJECT '%s'\n", token_);
     return parseOptions(value, T_PROJECT, [&](int code) {
         if (code != T_BEGIN)
             return unexpectedToken(value, code);
@@ -71,8 +71,8 @@ int PhA2l::parseProject(PhRoot* root, PhTokenValue& value)
 /// HEADER comment { VERSION x | PROJECT_NO x } /end HEADER
 int PhA2l::parseHeader(PhTokenValue& value)
 {
-    const char* comment = readText(value);
-    progress("  Parse HEADER '%s'\n", comment);
+    dropFields(1);
+    progress("  Parse HEADER '%s'\n", token_);
     return parseOptions(value, T_HEADER, [&](int code) {
         if (code == T_VERSION || code == T_PROJECT_NO)
             return afterFields(value, 1);
@@ -88,7 +88,7 @@ int PhA2l::parseModule(PhGroup* project, PhTokenValue& value)
     module->setLongName(readText(value));
     module->setGroupType(PhGroupType::Module);
     project->appendGroup(module.get());
-    progress("  Parse MODULE '%s'\n", tokenText());
+    progress("  Parse MODULE '%s'\n", token_);
     return parseOptions(value, T_MODULE, [&](int code) {
         if (code == T_BEGIN)
             return parseModuleBlock(module.get(), value);
@@ -146,11 +146,11 @@ int PhA2l::parseModuleBlock(PhGroup* module, PhTokenValue& value)
 int PhA2l::parseA2ml(PhTokenValue& value)
 {
     progress("  Parse A2ML \n");
-    int code = nextToken(value);
+    int code = skipToken();
     while (code != T_END) {
         if (code == T_EOF)
             return unexpectedToken(value, code);
-        code = nextToken(value);
+        code = skipToken();
     }
     return expectEnd(value, T_A2ML);
 }

@@ -2,90 +2,108 @@
 
 #include "model/decimal.h"
 
-#include <array>
-
 namespace tavo {
 
 namespace {
 
-/// What a character may be a part of; a mask of these.
-enum CharacterClass : unsigned char
+std::int32_t hexadecimalValue(std::string_view text)
 {
-    Letter = 1, ///< A letter or an underscore: what a name begins with.
-    Digit = 2,
-    HexDigit = 4,
-    InName = 8,    ///< What follows in a name.
-    InString = 16, ///< What stands for itself in a string.
-};
-
-constexpr std::array<unsigned char, 256> makeCharacterClasses()
-{
-    std::array<unsigned char, 256> classes{};
-    for (unsigned c = 0; c < classes.size(); ++c) {
-        const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-        const bool digit = c >= '0' && c <= '9';
-        if (letter || c == '_')
-            classes[c] |= Letter | InName;
-        if (digit)
-            classes[c] |= Digit | HexDigit | InName;
-        if ((c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'))
-            classes[c] |= HexDigit;
-        if (c != '"' && c != '\\' && c != '\n' && c != SourceStream::endMark)
-            classes[c] |= InString;
+    const bool negative = !text.empty() && text.front() == '-';
+    std::uint32_t number = 0;
+    for (const char c : text.substr(negative ? 1 : 0)) {
+        const auto digit = static_cast<unsigned char>(c);
+        number = number * 16 + (is(digit, Digit) ? digit - '0' : (digit | 0x20U) - 'a' + 10U);
     }
-    // Beyond the standard's names: index and path characters, and the German letters of Latin-1.
-    for (const unsigned char c : {'.', '-', '[', ']', '|'})
-        classes[c] |= InName;
-    for (const unsigned c : {0xC4, 0xD6, 0xDC, 0xDF, 0xE4, 0xF6, 0xFC})
-        classes[c] |= InName;
-    return classes;
-}
-
-constexpr std::array<unsigned char, 256> characterClasses = makeCharacterClasses();
-
-bool is(int character, unsigned classes)
-{
-    return (characterClasses[static_cast<unsigned char>(character)] & classes) != 0;
+    return static_cast<std::int32_t>(negative ? 0 - number : number);
 }
 
 } // namespace
 
 /// The next token's code. `value` gets what the token says, if it says anything; its text stands in
-/// the buffer also for a keyword and a number, and is empty for everything else.
+/// `token_` also for a keyword and a number, and is empty for everything else.
 int PhA2l::nextToken(PhTokenValue& value)
 {
-    tokenBuffer_.clear();
-    for (;;) {
-        const int first = skipBlanks();
-        if (first == '/') {
-            if (file_.get() == '*') {
-                if (!skipComment())
-                    return T_ERROR;
-                continue;
-            }
-            file_.putBack();
-        }
-        if (is(first, Letter) || first == '/')
-            return lexName(first, value);
-        if (is(first, Digit) || first == '.' || first == '-')
-            return lexNumber(first, value);
-        if (first == '"')
-            return lexString(value);
-        if (first == SourceStream::endMark)
-            return T_EOF;
-        return static_cast<signed char>(first);
+    int code = scanToken();
+    switch (code) {
+    case ScannedName:
+        code = keywords_->lookup(token_);
+        if (code != 0)
+            return code;
+        value.text = token_;
+        return T_IDENTIFIER;
+    case T_IDENTIFIER:
+    case T_STRING:
+        value.text = token_;
+        return code;
+    case T_INTEGER:
+        value.integer = parseInt32(token_.data(), token_.data() + token_.size());
+        return code;
+    case ScannedHexadecimal:
+        value.integer = hexadecimalValue(token_);
+        return T_INTEGER;
+    case T_DOUBLE:
+        value.real = parseDouble(token_.data(), token_.data() + token_.size());
+        return code;
+    default:
+        return code;
     }
 }
 
-/// The first character that is no blank.
+/// Reads over a token of no use. Gives T_BEGIN, T_END, T_EOF and T_ERROR as `nextToken` does under
+/// a vocabulary that has the two words, and else nothing to rely upon.
+int PhA2l::skipToken()
+{
+    const int code = scanToken();
+    if (code == ScannedName && token_.front() == '/') {
+        if (token_ == "/begin")
+            return T_BEGIN;
+        if (token_ == "/end")
+            return T_END;
+    }
+    return code;
+}
+
+/// Finds the next token and its text, and makes no more of it: a name isn't looked up yet, and a
+/// number has no value.
+int PhA2l::scanToken()
+{
+    token_ = {};
+    file_.endText();
+    for (;;) {
+        const int first = skipBlanks();
+        if (is(first, Letter))
+            return scanName();
+        if (is(first, Digit) || first == '.' || first == '-')
+            return scanNumber();
+        if (first == '"')
+            return scanString();
+        if (first != '/') {
+            file_.take();
+            if (first == endMark)
+                return T_EOF;
+            return static_cast<signed char>(first);
+        }
+        file_.beginText();
+        file_.advance();
+        if (file_.peek() != '*')
+            return finishText(ScannedName, InName);
+        file_.endText();
+        file_.advance();
+        if (!skipComment())
+            return T_ERROR;
+    }
+}
+
+/// The first character that is no blank; it is in hand then.
 int PhA2l::skipBlanks()
 {
     for (;;) {
-        const int character = file_.get();
-        if (character == '\n')
-            ++line_;
-        else if (character != ' ' && character != '\t' && character != '\r')
+        file_.skipRun(Blank);
+        const int character = file_.peek();
+        if (character != '\n')
             return character;
+        ++line_;
+        file_.advance();
     }
 }
 
@@ -93,65 +111,85 @@ int PhA2l::skipBlanks()
 bool PhA2l::skipComment()
 {
     const auto startLine = static_cast<int>(line_);
-    int character = file_.get();
     for (;;) {
-        if (character == SourceStream::endMark) {
+        file_.skipRun(InComment);
+        const int character = file_.take();
+        if (character == '\n') {
+            ++line_;
+        } else if (character == '*') {
+            if (file_.peek() == '/') {
+                file_.advance();
+                return true;
+            }
+        } else {
             error("Error: Unexpected EOF in Comment (Line %d)", startLine);
             return false;
         }
-        if (character == '\n')
-            ++line_;
-        const bool star = character == '*';
-        character = file_.get();
-        if (star && character == '/')
-            return true;
     }
 }
 
-/// Appends the characters of these classes to the buffer and stops in front of the first other one.
-void PhA2l::takeRun(unsigned classes)
+/// Takes the characters of these classes as the rest of the token's text.
+int PhA2l::finishText(int code, unsigned classes)
 {
-    int following = 0;
-    do {
-        const unsigned char* const first = file_.next();
-        const unsigned char* last = first;
-        while (is(*last, classes))
-            ++last;
-        tokenBuffer_.append(reinterpret_cast<const char*>(first),
-                            static_cast<std::size_t>(last - first));
-        file_.skipTo(last);
-        following = file_.get(); // Reads on if the run has met the end of a block.
-        file_.putBack();
-    } while (is(following, classes));
+    file_.skipRun(classes);
+    token_ = file_.text();
+    return code;
 }
 
-int PhA2l::lexName(int first, PhTokenValue& value)
+int PhA2l::scanName()
 {
-    tokenBuffer_.push_back(static_cast<char>(first));
-    takeRun(InName);
-    if (const int code = keywords_->lookup(tokenText()))
-        return code;
-    value.text = tokenText();
-    return T_IDENTIFIER;
+    file_.beginText();
+    return finishText(ScannedName, InName);
 }
 
-int PhA2l::lexString(PhTokenValue& value)
+int PhA2l::scanString()
 {
+    file_.advance();
+    file_.beginText();
     for (;;) {
-        takeRun(InString);
-        int character = file_.get();
-        if (character == '"') {
-            if (file_.get() != '"') {
-                file_.putBack();
-                value.text = tokenText();
+        file_.skipRun(InString);
+        const int character = file_.peek();
+        if (character == '\n') {
+            ++line_;
+            file_.advance();
+        } else if (character == '"') {
+            file_.advance();
+            if (file_.peek() != '"') {
+                token_ = file_.text();
+                token_.remove_suffix(1);
                 return T_STRING;
             }
-        } else if (character == '\\') {
-            character = file_.get();
+            tokenBuffer_.assign(file_.text()); // with the one quote that counts
+            file_.advance();
+            return scanEditedString();
+        } else {
+            tokenBuffer_.assign(file_.text());
+            return scanEditedString();
         }
-        if (character == SourceStream::endMark) {
+    }
+}
+
+/// The rest of a string whose text isn't what stands in the file: the buffer holds the text so far.
+int PhA2l::scanEditedString()
+{
+    for (;;) {
+        file_.beginText();
+        file_.skipRun(InString);
+        tokenBuffer_.append(file_.text());
+        file_.endText();
+        int character = file_.take();
+        if (character == '\\') {
+            character = file_.take();
+        } else if (character == '"') {
+            if (file_.peek() != '"') {
+                token_ = tokenBuffer_;
+                return T_STRING;
+            }
+            file_.advance();
+        }
+        if (character == endMark) {
             error("Unexpected EOF in string");
-            return failToken();
+            return T_NONE;
         }
         if (character == '\n')
             ++line_;
@@ -159,103 +197,86 @@ int PhA2l::lexString(PhTokenValue& value)
     }
 }
 
-/// A number, or a name that begins like one. A character that doesn't continue the number where it
-/// has to is lost.
-int PhA2l::lexNumber(int first, PhTokenValue& value)
+/// A number, or a name that begins like one; such a name is never looked up, so no keyword can
+/// begin with a digit. A character that doesn't continue the number where it has to is lost.
+int PhA2l::scanNumber()
 {
-    int character = first;
+    file_.beginText();
+    const int first = file_.peek();
     if (first == '.' || first == '-') {
-        tokenBuffer_.push_back(static_cast<char>(first));
-        character = file_.get();
-        if (!is(character, Digit))
-            return failToken();
+        file_.advance();
+        if (!is(file_.peek(), Digit))
+            return loseCharacter();
     }
-    tokenBuffer_.push_back(static_cast<char>(character));
-    takeRun(Digit);
-    character = file_.get();
-    if (character == '.')
-        return lexFraction(value);
+    file_.skipRun(Digit);
+    switch (const int character = file_.peek()) {
+    case '.':
+        return scanFraction();
+    case 'E':
+    case 'e':
+        return scanExponent();
+    case 'x':
+    case 'X':
+        return scanHexadecimal();
+    default:
+        if (is(character, Letter))
+            return finishText(T_IDENTIFIER, InName);
+    }
+    token_ = file_.text();
+    return first == '.' ? T_DOUBLE : T_INTEGER;
+}
+
+/// The point is in hand.
+int PhA2l::scanFraction()
+{
+    file_.advance();
+    file_.skipRun(Digit);
+    const int character = file_.peek();
     if (character == 'E' || character == 'e')
-        return lexExponent(character, value);
-    if (character == 'x' || character == 'X')
-        return lexHexadecimal(value);
-    file_.putBack();
+        return scanExponent();
     if (is(character, Letter))
-        return finishNumericName(value);
-    if (first == '.')
-        return finishDouble(value);
-    value.integer = parseInt32(tokenText(), tokenText() + tokenBuffer_.size());
-    return T_INTEGER;
-}
-
-/// Called behind the point.
-int PhA2l::lexFraction(PhTokenValue& value)
-{
-    tokenBuffer_.push_back('.');
-    takeRun(Digit);
-    const int character = file_.get();
-    if (character == 'E' || character == 'e')
-        return lexExponent(character, value);
-    file_.putBack();
-    return is(character, Letter) ? finishNumericName(value) : finishDouble(value);
-}
-
-/// Called behind the marker, an upper-case or lower-case E.
-int PhA2l::lexExponent(int marker, PhTokenValue& value)
-{
-    tokenBuffer_.push_back(static_cast<char>(marker));
-    int character = file_.get();
-    if (character == '+' || character == '-') {
-        tokenBuffer_.push_back(static_cast<char>(character));
-        character = file_.get();
-    }
-    if (!is(character, Digit))
-        return failToken();
-    tokenBuffer_.push_back(static_cast<char>(character));
-    takeRun(Digit);
-    return finishDouble(value);
-}
-
-/// Called behind the x of a hexadecimal number. The buffer keeps the sign and the digits alone, and
-/// the value their low 32 bits; without a digit it is 0.
-int PhA2l::lexHexadecimal(PhTokenValue& value)
-{
-    const bool negative = tokenBuffer_ == "-0";
-    if (!negative && tokenBuffer_ != "0")
-        return failToken();
-    tokenBuffer_.pop_back();
-    takeRun(HexDigit);
-    const bool name = is(file_.get(), Letter);
-    file_.putBack();
-    if (name)
-        return finishNumericName(value);
-    std::uint32_t number = 0;
-    for (std::size_t i = negative ? 1 : 0; i < tokenBuffer_.size(); ++i) {
-        const auto digit = static_cast<unsigned char>(tokenBuffer_[i]);
-        number = number * 16 + (is(digit, Digit) ? digit - '0' : (digit | 0x20U) - 'a' + 10U);
-    }
-    value.integer = static_cast<std::int32_t>(negative ? 0 - number : number);
-    return T_INTEGER;
-}
-
-int PhA2l::finishDouble(PhTokenValue& value)
-{
-    value.real = parseDouble(tokenText(), tokenText() + tokenBuffer_.size());
+        return finishText(T_IDENTIFIER, InName);
+    token_ = file_.text();
     return T_DOUBLE;
 }
 
-/// Such a name is never looked up, so no keyword can begin with a digit.
-int PhA2l::finishNumericName(PhTokenValue& value)
+/// The E is in hand.
+int PhA2l::scanExponent()
 {
-    takeRun(InName);
-    value.text = tokenText();
-    return T_IDENTIFIER;
+    file_.advance();
+    if (file_.peek() == '+' || file_.peek() == '-')
+        file_.advance();
+    if (!is(file_.peek(), Digit))
+        return loseCharacter();
+    return finishText(T_DOUBLE, Digit);
 }
 
-/// The result of a token that came to nothing: it has no text either.
-int PhA2l::failToken()
+/// The x is in hand. The text of a hexadecimal number is its sign and its digits alone, which may
+/// be none, and that of a name that looks like one lacks the marker too.
+int PhA2l::scanHexadecimal()
 {
-    tokenBuffer_.clear();
+    const bool negative = file_.text() == "-0";
+    if (!negative && file_.text() != "0")
+        return loseCharacter();
+    file_.advance();
+    file_.beginText();
+    file_.skipRun(HexDigit);
+    const bool name = is(file_.peek(), Letter);
+    finishText(T_IDENTIFIER, name ? InName : 0);
+    if (negative) {
+        tokenBuffer_ = '-';
+        tokenBuffer_ += token_;
+        token_ = tokenBuffer_;
+    }
+    if (name)
+        return T_IDENTIFIER;
+    return ScannedHexadecimal;
+}
+
+/// A number came to nothing at the character in hand.
+int PhA2l::loseCharacter()
+{
+    file_.take();
     return T_NONE;
 }
 

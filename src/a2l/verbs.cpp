@@ -46,6 +46,17 @@ constexpr TokenWording unexpected = {"Unexpected token '%s' found", "Unexpected 
 
 constexpr TokenWording dumped = {"[%s]", "EOF", "\"%s\"", "'%s'", "%d", "%s", "t=%d"};
 
+/// As much of a text as a message can show.
+class ShownText
+{
+public:
+    explicit ShownText(std::string_view text) { text_[text.copy(text_, sizeof text_ - 1)] = '\0'; }
+    const char* get() const { return text_; }
+
+private:
+    char text_[messageCapacity];
+};
+
 /// Tells a token through `put`, which takes a format and its arguments. A stray character whose
 /// code is a keyword's is told as the keyword.
 template <class Put>
@@ -57,9 +68,9 @@ void tellToken(const PhKeywordTable& keywords, const PhTokenValue& value, int co
     else if (code == T_EOF)
         put(words.end, "");
     else if (code == T_STRING)
-        put(words.string, value.text);
+        put(words.string, ShownText(value.text).get());
     else if (code == T_IDENTIFIER)
-        put(words.identifier, value.text);
+        put(words.identifier, ShownText(value.text).get());
     else if (code == T_INTEGER)
         put(words.integer, value.integer);
     else if (code == T_DOUBLE)
@@ -105,10 +116,10 @@ int PhA2l::print_tokens()
 
 /// Reads a name or text field and gives its text, valid until the next token: of a keyword the
 /// word, of a number its digits (without the 0x), of anything else that is no text the empty text.
-const char* PhA2l::readText(PhTokenValue& value)
+std::string_view PhA2l::readText(PhTokenValue& value)
 {
     nextToken(value);
-    return tokenText();
+    return token_;
 }
 
 /// Reads an integer field. A floating-point number in its place counts truncated toward zero and
@@ -126,16 +137,16 @@ std::int32_t PhA2l::readInteger(PhTokenValue& value)
 }
 
 /// Reads fields of no use, whatever they are.
-void PhA2l::dropFields(PhTokenValue& value, int count)
+void PhA2l::dropFields(int count)
 {
     while (count-- > 0)
-        nextToken(value);
+        skipToken();
 }
 
 /// The token behind fields of no use.
 int PhA2l::afterFields(PhTokenValue& value, int count)
 {
-    dropFields(value, count);
+    dropFields(count);
     return nextToken(value);
 }
 
@@ -206,13 +217,13 @@ PhValue* PhA2l::createValue(int code, const PhTokenValue& value)
 int PhA2l::skipBlock(PhTokenValue& value, int keyword)
 {
     std::uint64_t depth = 0;
-    int code = nextToken(value);
+    int code = skipToken();
     while (code != T_END || depth > 0) {
         if (code == T_BEGIN)
             ++depth;
         else if (code == T_END)
             --depth;
-        code = nextToken(value);
+        code = skipToken();
         if (code == T_EOF || code == T_ERROR)
             return code;
     }
@@ -232,14 +243,22 @@ int PhA2l::parseByteOrder(PhTokenValue& value, PhEndian& byteOrder)
 
 /// The conversion of this name in `group` or above; if none was read yet, a new placeholder, which
 /// stands in no list and is the caller's to store.
-PhConversion* PhA2l::conversionByName(PhGroup* group, const PhString& name)
+PhConversion* PhA2l::conversionByName(PhGroup* group, std::string_view name)
 {
-    if (PhConversion* conversion = group->resolveConversion(name))
+    lookedUp_.set(name);
+    if (PhConversion* conversion = group->resolveConversion(lookedUp_))
         return conversion;
-    auto* placeholder = new PhConversion;
-    placeholder->setName(name);
+    auto placeholder = std::make_unique<PhConversion>();
+    placeholder->setName(lookedUp_);
     placeholder->setUnresolved();
-    return placeholder;
+    return placeholder.release();
+}
+
+/// Logs a progress line, with at most one text in it, if the reader is verbose.
+void PhA2l::progress(const char* format, std::string_view text)
+{
+    if (verbose())
+        log(format, ShownText(text).get());
 }
 
 } // namespace tavo

@@ -8,9 +8,9 @@ namespace tavo {
 /// A configuration lists measured quantities only, so all of it is dropped.
 int PhA2l::parseCharacteristic(PhTokenValue& value)
 {
-    dropFields(value, 2);
-    progress("  Parse CHARACTERISTIC '%s'\n", tokenText());
-    dropFields(value, 7);
+    dropFields(2);
+    progress("  Parse CHARACTERISTIC '%s'\n", token_);
+    dropFields(7);
     return parseOptions(value, T_CHARACTERISTIC,
                         [&](int code) { return parseCharacteristicOption(value, code); });
 }
@@ -62,7 +62,7 @@ int PhA2l::parseCharacteristicBlock(PhTokenValue& value)
         return parseAnnotation(value);
     case T_DEPENDENT_CHARACTERISTIC:
     case T_VIRTUAL_CHARACTERISTIC:
-        dropFields(value, 1); // the formula
+        dropFields(1); // the formula
         return parseNameList(value, code);
     case T_FUNCTION_LIST:
         return parseNameList(value, code);

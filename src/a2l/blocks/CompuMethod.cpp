@@ -37,12 +37,12 @@ int PhA2l::parseCompuMethod(PhGroup* group, PhTokenValue& value)
     const PhHold<PhConversion> conversion(new PhConversion);
     conversion->setName(readText(value));
     conversion->setLongName(readText(value));
-    progress("  Parse COMPU_METHOD '%s'\n", tokenText());
+    progress("  Parse COMPU_METHOD '%s'\n", token_);
     {
         const VocabularyScope words(*this, enumKeywords);
         conversion->setConversionType(readWord(value, conversionTypeOf));
     }
-    dropFields(value, 1); // the format
+    dropFields(1); // the format
     const PhHold<PhUnit> unit(new PhUnit);
     unit->setLabel(readText(value));
     conversion->setUnit(unit.get());

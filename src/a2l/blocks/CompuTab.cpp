@@ -11,6 +11,22 @@
 
 namespace tavo {
 
+namespace {
+
+const char* progressLine(int keyword)
+{
+    switch (keyword) {
+    case T_COMPU_TAB:
+        return "  Parse COMPU_TAB '%s'\n";
+    case T_COMPU_VTAB:
+        return "  Parse COMPU_VTAB '%s'\n";
+    default:
+        return "  Parse COMPU_VTAB_RANGE '%s'\n";
+    }
+}
+
+} // namespace
+
 /// COMPU_TAB name longIdentifier { TAB_INTP | TAB_NOINTP } count { input output }
 /// { DEFAULT_VALUE x } /end COMPU_TAB
 int PhA2l::parseCompuTab(PhGroup* group, PhTokenValue& value)
@@ -40,7 +56,7 @@ int PhA2l::parseTable(PhGroup* group, PhTokenValue& value, int keyword)
     table->setConversionType(PhConversionType::CtTable);
     table->setName(readText(value));
     table->setLongName(readText(value));
-    progress("  Parse %s '%s'\n", keywords_->keywordName(keyword), tokenText());
+    progress(progressLine(keyword), token_);
     if (keyword != T_COMPU_VTAB_RANGE)
         parseTableType(value, keyword);
     group->appendConversion(table.get());
@@ -58,9 +74,9 @@ int PhA2l::parseTable(PhGroup* group, PhTokenValue& value, int keyword)
     return parseOptions(value, keyword, [&](int code) {
         if (code != T_DEFAULT_VALUE)
             return unexpectedToken(value, code);
-        const char* text = readText(value);
+        dropFields(1);
         if (debug() && keyword != T_COMPU_TAB)
-            log("T_DEFAULT_VALUE: '%s'\n", text);
+            log("T_DEFAULT_VALUE: '%.*s'\n", static_cast<int>(token_.size()), token_.data());
         return nextToken(value);
     });
 }

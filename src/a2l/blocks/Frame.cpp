@@ -6,9 +6,9 @@ namespace tavo {
 /// /end FRAME, of which nothing is kept.
 int PhA2l::parseFrame(PhTokenValue& value)
 {
-    dropFields(value, 1);
-    progress("  Parse FRAME '%s'\n", tokenText());
-    dropFields(value, 3);
+    dropFields(1);
+    progress("  Parse FRAME '%s'\n", token_);
+    dropFields(3);
     return parseOptions(value, T_FRAME, [&](int code) {
         switch (code) {
         case T_FRAME_MEASUREMENT:

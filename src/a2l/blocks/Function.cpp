@@ -6,9 +6,9 @@ namespace tavo {
 /// /begin LIST { identifier } /end LIST | ANNOTATION ... } /end FUNCTION, of which nothing is kept.
 int PhA2l::parseFunction(PhTokenValue& value)
 {
-    dropFields(value, 1);
-    progress("  Parse FUNCTION '%s'\n", tokenText());
-    dropFields(value, 1);
+    dropFields(1);
+    progress("  Parse FUNCTION '%s'\n", token_);
+    dropFields(1);
     return parseOptions(value, T_FUNCTION, [&](int code) {
         switch (code) {
         case T_FUNCTION_VERSION:

@@ -6,9 +6,9 @@ namespace tavo {
 /// /end GROUP, of which nothing is kept.
 int PhA2l::parseGroup(PhTokenValue& value)
 {
-    dropFields(value, 1);
-    progress("  Parse GROUP '%s'\n", tokenText());
-    dropFields(value, 1);
+    dropFields(1);
+    progress("  Parse GROUP '%s'\n", token_);
+    dropFields(1);
     return parseOptions(value, T_GROUP, [&](int code) {
         if (code == T_ROOT)
             return nextToken(value);

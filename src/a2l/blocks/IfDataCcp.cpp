@@ -122,7 +122,7 @@ int PhA2l::parseCcpSource(PhCommParam* commParam, PhTokenValue& value)
 /// open has no end of its own: the /end is the one of the SOURCE.
 int PhA2l::parseCcpQpBlob(bool begun, PhTokenValue& value)
 {
-    dropFields(value, 1);
+    dropFields(1);
     progress("  Parse IF_DATA ASAP1B_CCP/SOURCE/QP_BLOB\n");
     int code = nextToken(value);
     while (code != T_END && code != T_ERROR) {
@@ -192,7 +192,7 @@ int PhA2l::parseCcpSeedKey(PhCommParam* commParam, PhTokenValue& value)
          {"seed_key_dll_name_cal", "seed_key_dll_name_daq", "seed_key_dll_name_pgm"}) {
         if (code == T_END)
             break;
-        commParam->setProperty(property, PhString(tokenText()));
+        commParam->setProperty(property, PhString(token_));
         code = nextToken(value);
     }
     progress("  Parse IF_DATA ASAP1B_CCP/SEED_KEY\n");
@@ -211,11 +211,11 @@ int PhA2l::parseCcpChecksum(PhCommParam* commParam, PhTokenValue& value)
 /// TP_BLOB version blobVersion masterId slaveId stationAddress byteOrder { option } /end TP_BLOB
 int PhA2l::parseCcpTpBlob(PhCommParam* commParam, PhTokenValue& value)
 {
-    dropFields(value, 2);
+    dropFields(2);
     commParam->setMasterId(new PhValue(readInteger(value)));
     commParam->setSlaveId(new PhValue(readInteger(value)));
     commParam->setStationAddress(new PhValue(readInteger(value)));
-    dropFields(value, 1); // its byte order: the one of the module counts
+    dropFields(1); // its byte order: the one of the module counts
     progress("  Parse IF_DATA ASAP1B_CCP/TP_BLOB\n");
     return parseOptions(value, ccp::T_TP_BLOB,
                         [&](int code) { return parseCcpTpBlobOption(commParam, value, code); });
@@ -283,7 +283,7 @@ int PhA2l::parseCcpTpBlobBlock(PhTokenValue& value)
 /// DEFINED_PAGES x x x x x { word } /end DEFINED_PAGES
 int PhA2l::parseCcpDefinedPages(PhTokenValue& value)
 {
-    dropFields(value, 5);
+    dropFields(5);
     progress("  Parse IF_DATA ASAP1B_CCP/TP_BLOB/DEFINED_PAGES\n");
     return parseOptions(value, ccp::T_DEFINED_PAGES, [&](int code) {
         switch (code) {
@@ -306,7 +306,7 @@ int PhA2l::parseCcpDefinedPages(PhTokenValue& value)
 /// CHECKSUM_PARAM x x { CHECKSUM_CALCULATION x } /end CHECKSUM_PARAM
 int PhA2l::parseCcpChecksumParam(PhTokenValue& value)
 {
-    dropFields(value, 2);
+    dropFields(2);
     progress("  Parse IF_DATA ASAP1B_CCP/TP_BLOB/CHECKSUM_PARAM\n");
     return parseOptions(value, ccp::T_CHECKSUM_PARAM, [&](int code) {
         return code == ccp::T_CHECKSUM_CALCULATION ? afterFields(value, 1)

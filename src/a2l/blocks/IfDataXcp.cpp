@@ -47,7 +47,7 @@ int PhA2l::parseXcpBlock(PhObject* owner, PhTokenValue& value)
 /// XCP_ON_CAN version { option } /end XCP_ON_CAN
 int PhA2l::parseXcpOnCan(PhCommParam* commParam, PhTokenValue& value)
 {
-    dropFields(value, 1);
+    dropFields(1);
     progress("  Parse IF_DATA XCP_ON_CAN\n");
     return parseOptions(value, xcp::T_XCP_ON_CAN, [&](int code) {
         switch (code) {
@@ -93,7 +93,7 @@ int PhA2l::parseXcpDaqListCanId(PhTokenValue& value)
 /// DAQ x x x x x x x x x x { option } /end DAQ
 int PhA2l::parseXcpDaq(PhCommParam* commParam, PhTokenValue& value)
 {
-    dropFields(value, 10);
+    dropFields(10);
     progress("  Parse IF_DATA DAQ\n");
     return parseOptions(value, xcp::T_DAQ, [&](int code) {
         switch (code) {
@@ -144,7 +144,7 @@ int PhA2l::parseXcpFlagged(PhTokenValue& value, int fieldCount, int flag, int ke
 int PhA2l::parseXcpDaqList(PhTokenValue& value)
 {
     progress("  Parse IF_DATA DAQ_LIST\n");
-    dropFields(value, 1);
+    dropFields(1);
     return parseOptions(value, xcp::T_DAQ_LIST, [&](int code) {
         switch (code) {
         case xcp::T_DAQ_LIST_TYPE:
@@ -177,7 +177,7 @@ int PhA2l::parseXcpEvent(PhCommParam* commParam, PhTokenValue& value)
     raster->setLongName(readText(value));
     raster->setName(readText(value));
     raster->setChannel(new PhValue(readInteger(value)));
-    dropFields(value, 2); // direction and number of DAQ lists
+    dropFields(2); // direction and number of DAQ lists
     const std::int32_t cycle = readInteger(value);
     // The codes begin at a nanosecond.
     setRate(raster.get(), readInteger(value), PhTimeUnit::Nanoseconds, cycle);

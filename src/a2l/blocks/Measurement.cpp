@@ -17,7 +17,7 @@ int PhA2l::parseMeasurement(PhGroup* group, PhTokenValue& value)
     entity->setName(readText(value));
     entity->setLongName(readText(value));
     group->appendEntity(entity.get());
-    progress("  Parse MEASUREMENT '%s'\n", tokenText());
+    progress("  Parse MEASUREMENT '%s'\n", token_);
 
     auto* type = new PhType;
     entity->setType(type);
@@ -25,7 +25,7 @@ int PhA2l::parseMeasurement(PhGroup* group, PhTokenValue& value)
     if (parseDataType(type, value) == T_ERROR)
         return T_ERROR;
     type->setConversion(conversionByName(group, readText(value)));
-    dropFields(value, 2); // resolution and accuracy
+    dropFields(2); // resolution and accuracy
     entity->setLowerLimit(readLimit(value, "lower"));
     entity->setUpperLimit(readLimit(value, "upper"));
 

@@ -62,7 +62,7 @@ int layoutFieldCount(int code)
 int PhA2l::parseRecordLayout(PhTokenValue& value)
 {
     progress("  Parse RECORD_LAYOUT\n");
-    dropFields(value, 1);
+    dropFields(1);
     return parseOptions(value, T_RECORD_LAYOUT, [&](int code) {
         const int count = layoutFieldCount(code);
         return count < 0 ? unexpectedToken(value, code) : afterFields(value, count);

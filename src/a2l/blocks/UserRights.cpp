@@ -6,7 +6,7 @@ namespace tavo {
 /// /end USER_RIGHTS, of which nothing is kept.
 int PhA2l::parseUserRights(PhTokenValue& value)
 {
-    dropFields(value, 1);
+    dropFields(1);
     progress("  Parse USER_RIGHTS\n");
     return parseOptions(value, T_USER_RIGHTS, [&](int code) {
         switch (code) {

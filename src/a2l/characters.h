@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+
+namespace tavo {
+
+/// What a character of a description may be a part of; a mask of these.
+enum CharacterClass : unsigned char
+{
+    Letter = 1, ///< A letter or an underscore: what a name begins with.
+    Digit = 2,
+    HexDigit = 4,
+    InName = 8,     ///< What follows in a name.
+    InString = 16,  ///< What stands for itself in a string.
+    InComment = 32, ///< What says nothing in a comment.
+    Blank = 64,     ///< What separates tokens, but for the line feed.
+};
+
+/// Where the characters end. A byte of this value ends them too, wherever it stands in a file; it
+/// is in no class.
+constexpr int endMark = 0xFF;
+
+constexpr std::array<unsigned char, 256> makeCharacterClasses()
+{
+    std::array<unsigned char, 256> classes{};
+    for (unsigned c = 0; c < classes.size(); ++c) {
+        const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        const bool digit = c >= '0' && c <= '9';
+        const bool special = c == '\n' || c == endMark;
+        if (letter || c == '_')
+            classes[c] |= Letter | InName;
+        if (digit)
+            classes[c] |= Digit | HexDigit | InName;
+        if ((c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'))
+            classes[c] |= HexDigit;
+        if (!special && c != '"' && c != '\\')
+            classes[c] |= InString;
+        if (!special && c != '*')
+            classes[c] |= InComment;
+        if (c == ' ' || c == '\t' || c == '\r')
+            classes[c] |= Blank;
+    }
+    // Beyond the standard's names: index and path characters, and the German letters of Latin-1.
+    for (const unsigned c : {'.', '-', '[', ']', '|'})
+        classes[c] |= InName;
+    for (const unsigned c : {0xC4, 0xD6, 0xDC, 0xDF, 0xE4, 0xF6, 0xFC})
+        classes[c] |= InName;
+    return classes;
+}
+
+inline constexpr std::array<unsigned char, 256> characterClasses = makeCharacterClasses();
+
+constexpr bool is(int character, unsigned classes)
+{
+    return (characterClasses[static_cast<unsigned char>(character)] & classes) != 0;
+}
+
+} // namespace tavo
