@@ -4,6 +4,7 @@
 //
 // With TAVO_REWRITE_GOLDEN set in the environment the expectations are rewritten instead.
 
+#include "daq/writer.h"
 #include "support/conversion.h"
 #include "support/files.h"
 #include "tavo/tavo.h"
@@ -48,7 +49,7 @@ TEST_P(Golden, givesTheExpectedReportAndConfiguration)
     const std::string output = folder.path("output.ini");
     // The report names the file as the host does: without the folder it is the same everywhere.
     const CurrentFolder current(TAVO_GOLDEN_FOLDER);
-    tavoInitialize();
+    tavo::daqSourceIndex = 0;
     const Conversion conversion = convertFile(GetParam() + ".a2l", output);
     if (std::getenv("TAVO_REWRITE_GOLDEN")) {
         rewrite(base, conversion);
@@ -77,7 +78,7 @@ TEST(Example, convertsToTheConfigurationBesideIt)
 {
     const fs::path examples = TAVO_EXAMPLES_FOLDER;
     const TemporaryFolder folder;
-    tavoInitialize();
+    tavo::daqSourceIndex = 0;
     const Conversion conversion =
         convertFile((examples / "engine.a2l").string(), folder.path("engine.ini"));
     if (std::getenv("TAVO_REWRITE_GOLDEN")) {

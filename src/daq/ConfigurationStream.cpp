@@ -4,16 +4,9 @@
 
 #include <cerrno>
 #include <charconv>
-#include <cstring>
 #include <utility>
 
 namespace tavo {
-
-namespace {
-
-constexpr std::size_t capacity = 65536;
-
-} // namespace
 
 ConfigurationStream::ConfigurationStream() : buffer_(new char[capacity]) {}
 
@@ -43,7 +36,7 @@ int ConfigurationStream::close()
     return std::exchange(error_, 0);
 }
 
-void ConfigurationStream::put(std::string_view text)
+void ConfigurationStream::putLarge(std::string_view text)
 {
     while (text.size() > capacity - size_) {
         const std::size_t fitting = capacity - size_;
@@ -52,23 +45,25 @@ void ConfigurationStream::put(std::string_view text)
         flush();
         text.remove_prefix(fitting);
     }
-    std::memcpy(buffer_.get() + size_, text.data(), text.size());
-    size_ += text.size();
+    put(text);
 }
 
-void ConfigurationStream::putDecimal(std::int32_t number)
+template <class Number> void ConfigurationStream::putNumber(Number number, int base)
 {
-    char digits[16];
-    const char* end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    put({digits, static_cast<std::size_t>(end - digits)});
+    constexpr std::size_t longest = 16;
+    if (capacity - size_ < longest)
+        flush();
+    char* const first = buffer_.get() + size_;
+    size_ +=
+        static_cast<std::size_t>(std::to_chars(first, first + longest, number, base).ptr - first);
 }
+
+void ConfigurationStream::putDecimal(std::int32_t number) { putNumber(number, 10); }
 
 void ConfigurationStream::putHexadecimal(std::uint32_t number)
 {
-    char digits[16];
-    const char* end = std::to_chars(digits, digits + sizeof digits, number, 16).ptr;
     put("0x");
-    put({digits, static_cast<std::size_t>(end - digits)});
+    putNumber(number, 16);
 }
 
 void ConfigurationStream::putFixed(double number)

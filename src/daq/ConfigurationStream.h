@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <memory>
 #include <string_view>
 
@@ -11,8 +12,8 @@ namespace tavo {
 /// The output file of a conversion: a text file that is written through one large buffer. Numbers
 /// are printed with a decimal point whatever the locale.
 ///
-/// A file that doesn't take what is written, on a full disk for example, stops nothing: `close` tells
-/// of it.
+/// A file that doesn't take what is written, on a full disk for example, stops nothing: `close`
+/// tells of it.
 class ConfigurationStream
 {
 public:
@@ -30,7 +31,15 @@ public:
     /// file, else the `errno` of the first failure.
     int close();
 
-    void put(std::string_view text);
+    void put(std::string_view text)
+    {
+        if (text.size() > capacity - size_) {
+            putLarge(text);
+        } else if (!text.empty()) {
+            std::memcpy(buffer_.get() + size_, text.data(), text.size());
+            size_ += text.size();
+        }
+    }
     void putDecimal(std::int32_t number);
     /// "0x" and the 32-bit pattern in lower case.
     void putHexadecimal(std::uint32_t number);
@@ -38,6 +47,10 @@ public:
     void putFixed(double number);
 
 private:
+    static constexpr std::size_t capacity = 65536;
+
+    template <class Number> void putNumber(Number number, int base);
+    void putLarge(std::string_view text);
     void flush();
 
     std::FILE* file_ = nullptr;

@@ -51,7 +51,7 @@ void putTextLine(ConfigurationStream& stream, std::string_view key, const PhStri
         return;
     stream.put(key);
     stream.put("\"");
-    stream.put(text.cStr());
+    stream.put(text.view());
     stream.put("\"\n");
 }
 
@@ -258,17 +258,14 @@ void print(ConfigurationStream& stream, const PhValue& value, bool hexadecimal)
         stream.putDecimal(value.intValue());
     else if (value.isText()) {
         stream.put("'");
-        stream.put(value.text().isNull() ? "" : value.text().cStr());
+        stream.put(value.text().view());
         stream.put("'");
     }
 }
 
 } // namespace
 
-void printValue(ConfigurationStream& stream, const PhValue& value)
-{
-    print(stream, value, false);
-}
+void printValue(ConfigurationStream& stream, const PhValue& value) { print(stream, value, false); }
 
 void printHexValue(ConfigurationStream& stream, const PhValue& value)
 {

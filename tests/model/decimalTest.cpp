@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -164,6 +168,22 @@ TEST(DecimalTest, FixedTextHasSixDecimalsForAnyNumber)
         const FixedText fixed(number);
         EXPECT_STREQ(expected, fixed.text());
         EXPECT_EQ(static_cast<std::size_t>(length), fixed.length());
+    }
+    // Numbers of all sizes, and numbers beside the middle between two texts.
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 200000; ++i) {
+        const auto bits = random();
+        double number = static_cast<double>(bits >> 20) / static_cast<double>(1 + (random() >> 30));
+        if (i % 2)
+            number = (std::floor(number) + 0.5) / 1e6;
+        if (i % 4 == 3)
+            number = std::nextafter(number, i % 8 == 3 ? infinity : -infinity);
+        char expected[400];
+        std::snprintf(expected, sizeof expected, "%f", number);
+        ASSERT_STREQ(expected, FixedText(number).text());
+        // What is printed is read again as strtod does it.
+        ASSERT_EQ(std::strtod(expected, nullptr),
+                  parseDouble(expected, expected + std::strlen(expected)));
     }
     EXPECT_STREQ("nan", FixedText(std::numeric_limits<double>::quiet_NaN()).text());
 }
