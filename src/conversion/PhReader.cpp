@@ -4,10 +4,7 @@
 
 namespace tavo {
 
-PhReader::PhReader(const char* path)
-{
-    setFileName(path);
-}
+PhReader::PhReader(const char* path) { setFileName(path); }
 
 PhReader::~PhReader() = default;
 

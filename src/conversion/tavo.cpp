@@ -52,10 +52,7 @@ std::int32_t restart(const char* function)
 
 } // namespace
 
-std::int32_t tavoInitialize(void)
-{
-    return restart("tavoInitialize");
-}
+std::int32_t tavoInitialize(void) { return restart("tavoInitialize"); }
 
 std::int32_t tavoConvert(const char* inputPath, const char* outputPath)
 {
@@ -67,7 +64,4 @@ std::int32_t tavoConvert(const char* inputPath, const char* outputPath)
     }
 }
 
-std::int32_t tavoDeinitialize(void)
-{
-    return restart("tavoDeinitialize");
-}
+std::int32_t tavoDeinitialize(void) { return restart("tavoDeinitialize"); }

@@ -139,7 +139,8 @@ TEST(Schedule, CountsItsEntries)
     PhScheduleTable table;
     EXPECT_EQ(table.size(), 0U);
     table.appendScheduleTableEntry(new PhScheduleTableEntry);
-    EXPECT_EQ(table.size(), 1U);
+    table.appendScheduleTableEntry(new PhScheduleTableEntry);
+    EXPECT_EQ(table.size(), 2U);
 }
 
 TEST(PhEcu, FindsAConnectorByTheExternalIdOfItsChannel)
