@@ -1,8 +1,8 @@
 // The index that a long list makes of its names gives what a walk from the head gives, whatever
 // happens to the list and to the objects in it.
 
-#include "model/PhList.h"
 #include "model/PhNameIndex.h"
+#include "model/PhList.h"
 #include "model/Probe.h"
 
 #include <gtest/gtest.h>
