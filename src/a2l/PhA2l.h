@@ -71,6 +71,11 @@ public:
     void resetKeywordTable() { keywords_ = &coreKeywords; }
     const PhKeywordTable& keywords() const { return *keywords_; }
 
+protected:
+    // The lexer, which a subclass may drive by itself.
+    int openFile();
+    int nextToken(PhTokenValue& value);
+
 private:
     /// Makes a vocabulary the active one for the length of a scope, and then the core vocabulary,
     /// on the way of a failure too.
@@ -97,7 +102,6 @@ private:
     };
 
     // The lexer.
-    int nextToken(PhTokenValue& value);
     int skipToken();
     int scanToken();
     int skipBlanks();
@@ -111,7 +115,6 @@ private:
     int scanHexadecimal();
     int finishText(int code, unsigned classes);
     int loseCharacter();
-    int openFile();
     int line() const { return static_cast<int>(line_); }
 
     // What the parsers do again and again.

@@ -1,0 +1,127 @@
+// Whole conversions beside the floor loop over the same bytes, each in a process of its own.
+//
+// usage: tavo-bench FOLDER-OF-PROGRAMS HOST
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Usage
+{
+    double seconds = 0.0;   ///< User and system time.
+    double megabytes = 0.0; ///< Peak resident size.
+};
+
+Usage run(const std::vector<std::string>& command)
+{
+    std::vector<char*> arguments;
+    for (const std::string& word : command)
+        arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        const int null = open("/dev/null", O_WRONLY);
+        dup2(null, 1);
+        execv(arguments[0], arguments.data());
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage = {};
+    if (child < 0 || wait4(child, &status, 0, &usage) < 0 || status != 0) {
+        std::fprintf(stderr, "%s failed\n", command.front().c_str());
+        std::exit(1);
+    }
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return {seconds(usage.ru_utime) + seconds(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss) * 1024 / 1e6};
+}
+
+/// The best of several runs of two programs in turn: what disturbs one disturbs the other as well.
+std::pair<Usage, Usage> compare(const std::vector<std::string>& first,
+                                const std::vector<std::string>& second, int runs)
+{
+    std::vector<Usage> firsts;
+    std::vector<Usage> seconds;
+    for (int i = 0; i < runs; ++i) {
+        firsts.push_back(run(first));
+        seconds.push_back(run(second));
+    }
+    const auto best = [](const std::vector<Usage>& usages) {
+        return *std::min_element(usages.begin(), usages.end(), [](const Usage& a, const Usage& b) {
+            return a.seconds < b.seconds;
+        });
+    };
+    return {best(firsts), best(seconds)};
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: %s FOLDER-OF-PROGRAMS HOST\n", argv[0]);
+        return 64;
+    }
+    const std::string programs = argv[1];
+    const std::string host = argv[2];
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / ("tavo-bench-" + std::to_string(getpid()));
+    fs::create_directory(folder);
+    const std::string input = (folder / "bench.a2l").string();
+    const std::string output = (folder / "bench.ini").string();
+
+    const std::vector<std::vector<std::string>> plans = {
+        {"1"},
+        {"10"},
+        {"10", "behind"},
+        {"100"},
+        {"100", "behind"},
+        {"200"},
+        {"300000", "5000"},
+        {"300000", "5000", "behind"},
+        {"100000", "100000"},
+        {"100000", "100000", "behind"},
+        {"200000", "bare"},
+    };
+    run({programs + "/tavo-generate", input, "0.001"});
+    const double empty = run({host, input, output}).megabytes;
+
+    std::printf("%-24s %8s %9s %9s %7s %9s %9s %12s\n", "description", "MB", "floor s", "tavo s",
+                "ratio", "tavo MB/s", "peak MB", "peak/file");
+    for (const std::vector<std::string>& plan : plans) {
+        std::vector<std::string> generate = {programs + "/tavo-generate", input};
+        std::string name;
+        for (const std::string& word : plan) {
+            generate.push_back(word);
+            name += word + " ";
+        }
+        run(generate);
+        const double size = static_cast<double>(fs::file_size(input)) / 1e6;
+        const int runs = size < 20 ? 15 : 5;
+        const auto [floor, tavo] =
+            compare({programs + "/tavo-floor", input}, {host, input, output}, runs);
+        const double peak = tavo.megabytes - empty;
+        std::printf("%-24s %8.1f %9.4f %9.4f %7.2f %9.0f %9.1f %12.2f\n", name.c_str(), size,
+                    floor.seconds, tavo.seconds, tavo.seconds / floor.seconds, size / tavo.seconds,
+                    peak, peak / size);
+        std::fflush(stdout);
+    }
+    run({programs + "/tavo-generate", input, "0.01"});
+    const double small = run({programs + "/tavo-bench-small", input, output}).seconds;
+    std::printf("\n1000 conversions of %ju bytes in one process: %.3f s\n",
+                static_cast<std::uintmax_t>(fs::file_size(input)), small);
+    fs::remove_all(folder);
+    return 0;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+
+/// The floor that a reader stands on: goes over the bytes once with a table of character classes,
+/// splits them into names, numbers, strings and comments, and stores nothing. Gives the number of
+/// tokens, so that nothing of it can be left out.
+class FloorLoop
+{
+public:
+    /// Goes on with the next piece of the input.
+    void feed(const unsigned char* bytes, std::size_t size);
+    std::size_t tokens() const { return tokens_; }
+
+private:
+    enum State : unsigned char
+    {
+        Between,
+        InWord,
+        InString,
+        AfterSlash,
+        InComment,
+        AfterStar
+    };
+
+    State state_ = Between;
+    std::size_t tokens_ = 0;
+};
