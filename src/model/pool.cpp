@@ -1,6 +1,7 @@
 #include "model/pool.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <new>
 
@@ -42,6 +43,20 @@ std::align_val_t alignmentOf(std::size_t chunkSize)
     return std::align_val_t{chunkSize == largestChunk ? largestChunk : alignof(std::max_align_t)};
 }
 
+/// Makes the memory of a new chunk present in one go: touching it page by page for the first time
+/// costs more than filling it. Only advice, so nothing depends on its success.
+void makePresent([[maybe_unused]] Chunk* chunk, [[maybe_unused]] std::size_t size)
+{
+#if defined(__linux__) && defined(MADV_POPULATE_WRITE)
+    constexpr std::uintptr_t page = 4096;
+    const auto address = reinterpret_cast<std::uintptr_t>(chunk);
+    const std::uintptr_t first = (address + page - 1) / page * page;
+    const std::uintptr_t last = (address + size) / page * page;
+    madvise(reinterpret_cast<void*>(first), last - first,
+            size == largestChunk ? MADV_HUGEPAGE : MADV_POPULATE_WRITE);
+#endif
+}
+
 /// Begins a new chunk, an eighth of all that there are. What is left of the last one is lost.
 void addChunk()
 {
@@ -49,11 +64,7 @@ void addChunk()
     while (size < largestChunk && size < chunksSize / 8)
         size *= 2;
     auto* chunk = static_cast<Chunk*>(::operator new(size, alignmentOf(size)));
-#if defined(__linux__)
-    // Touching a large model page by page costs more than filling it.
-    if (size == largestChunk)
-        madvise(chunk, size, MADV_HUGEPAGE);
-#endif
+    makePresent(chunk, size);
     *chunk = {chunks, size};
     chunks = chunk;
     chunksSize += size;
