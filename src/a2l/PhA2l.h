@@ -64,6 +64,9 @@ public:
     /// Logs the file's tokens, one a line, and builds nothing. Results as of `readFile`.
     int print_tokens();
 
+    /// Installs what is told how far the reading has come. It may be empty.
+    void setWatch(SourceStream::Watch watch) { file_.setWatch(std::move(watch)); }
+
     /// Makes vocabulary 0 (core), 1 (enumerated words), 2 (CCP), 3 (XCP) or 4 (KWP) the active one;
     /// any other number changes nothing.
     void setKeywordTable(int number);

@@ -34,6 +34,7 @@ bool SourceStream::open(const char* path)
     if (!file_)
         return false;
     std::setvbuf(file_, nullptr, _IONBF, 0);
+    bytesRead_ = 0;
     heldBackCr_ = false;
     begin_ = nullptr;
     next_ = end_ = block_.get();
@@ -100,6 +101,9 @@ std::size_t SourceStream::read(unsigned char* target)
             heldBackCr_ = false;
             return size;
         }
+        bytesRead_ += count;
+        if (watch_)
+            watch_(bytesRead_);
         size += count;
         heldBackCr_ = target[size - 1] == '\r';
         if (heldBackCr_)

@@ -3,9 +3,12 @@
 #include "a2l/characters.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace tavo {
 
@@ -18,6 +21,9 @@ namespace tavo {
 class SourceStream
 {
 public:
+    /// Gets the bytes of the file that were read so far, after each block.
+    using Watch = std::function<void(std::uint64_t bytesRead)>;
+
     SourceStream() = default;
     ~SourceStream() { close(); }
     SourceStream(const SourceStream&) = delete;
@@ -26,6 +32,7 @@ public:
     /// False if the file can't be opened for reading.
     bool open(const char* path);
     void close();
+    void setWatch(Watch watch) { watch_ = std::move(watch); }
 
     /// The character in hand as an unsigned byte, or the end mark.
     int peek() { return *next_ != endMark || next_ != end_ ? *next_ : more(); }
@@ -65,6 +72,8 @@ private:
     std::size_t read(unsigned char* target);
 
     std::FILE* file_ = nullptr;
+    Watch watch_;
+    std::uint64_t bytesRead_ = 0;
     std::unique_ptr<unsigned char[]> block_;
     std::size_t capacity_ = 0;             ///< Of the block, without the end mark.
     const unsigned char* next_ = nullptr;  ///< The character in hand.

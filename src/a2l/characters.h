@@ -26,23 +26,25 @@ constexpr std::array<unsigned char, 256> makeCharacterClasses()
     for (unsigned c = 0; c < classes.size(); ++c) {
         const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
         const bool digit = c >= '0' && c <= '9';
+        unsigned mask = 0;
         const bool special = c == '\n' || c == endMark;
         if (letter || c == '_')
-            classes[c] |= Letter | InName;
+            mask |= Letter | InName;
         if (digit)
-            classes[c] |= Digit | HexDigit | InName;
+            mask |= Digit | HexDigit | InName;
         if ((c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'))
-            classes[c] |= HexDigit;
+            mask |= HexDigit;
         if (!special && c != '"' && c != '\\')
-            classes[c] |= InString;
+            mask |= InString;
         if (!special && c != '*')
-            classes[c] |= InComment;
+            mask |= InComment;
         if (c == ' ' || c == '\t' || c == '\r')
-            classes[c] |= Blank;
+            mask |= Blank;
+        classes[c] = static_cast<unsigned char>(mask);
     }
     // Beyond the standard's names: index and path characters, and the German letters of Latin-1.
-    for (const unsigned c : {'.', '-', '[', ']', '|'})
-        classes[c] |= InName;
+    for (const char c : {'.', '-', '[', ']', '|'})
+        classes[static_cast<unsigned char>(c)] |= InName;
     for (const unsigned c : {0xC4, 0xD6, 0xDC, 0xDF, 0xE4, 0xF6, 0xFC})
         classes[c] |= InName;
     return classes;

@@ -15,6 +15,10 @@ bool ConfigurationStream::open(const char* path)
     close();
     file_ = path ? std::fopen(path, "w+") : nullptr;
     owned_ = true;
+#if !defined(_WIN32) // where a text stream without a buffer writes character by character
+    if (file_)
+        std::setvbuf(file_, nullptr, _IONBF, 0);
+#endif
     return file_ != nullptr;
 }
 
@@ -74,9 +78,18 @@ void ConfigurationStream::putFixed(double number)
 
 void ConfigurationStream::flush()
 {
-    if (std::fwrite(buffer_.get(), 1, size_, file_) != size_ && error_ == 0)
-        error_ = errno;
-    size_ = 0;
+    const char* first = buffer_.get();
+    while (size_ > 0) {
+        errno = 0;
+        const std::size_t count = std::fwrite(first, 1, size_, file_);
+        first += count;
+        size_ -= count;
+        if (size_ > 0 && errno != EINTR) { // a signal only interrupts
+            if (error_ == 0)
+                error_ = errno != 0 ? errno : EIO;
+            size_ = 0;
+        }
+    }
 }
 
 } // namespace tavo

@@ -62,6 +62,15 @@ void putFixedLine(ConfigurationStream& stream, std::string_view key, double numb
     stream.put("\n");
 }
 
+const char* integerText(int bitCount, const char* upTo8, const char* upTo16, const char* above)
+{
+    if (bitCount <= 8)
+        return upTo8;
+    return bitCount <= 16 ? upTo16 : above;
+}
+
+} // namespace
+
 const char* protocolText(PhProtocol protocol)
 {
     switch (protocol) {
@@ -75,13 +84,6 @@ const char* protocolText(PhProtocol protocol)
         return "XCP";
     }
     return "???";
-}
-
-const char* integerText(int bitCount, const char* upTo8, const char* upTo16, const char* above)
-{
-    if (bitCount <= 8)
-        return upTo8;
-    return bitCount <= 16 ? upTo16 : above;
 }
 
 const char* typeText(const PhType* type)
@@ -108,21 +110,41 @@ const char* typeText(const PhType* type)
     return "???";
 }
 
+const char* byteOrderText(PhEndian endian)
+{
+    switch (endian) {
+    case PhEndian::BigEndian:
+        return "Motorola";
+    case PhEndian::LittleEndian:
+        return "Intel";
+    default:
+        return nullptr;
+    }
+}
+
+const PhUnit* unitOf(const PhType& type)
+{
+    if (!type.unit() && type.conversion())
+        return type.conversion()->unit();
+    return type.unit();
+}
+
+namespace {
+
 void writeUnit(ConfigurationStream& stream, const PhType& type)
 {
-    const PhUnit* unit = type.unit();
-    if (!unit && type.conversion())
-        unit = type.conversion()->unit();
-    if (unit)
+    if (const PhUnit* unit = unitOf(type))
         putTextLine(stream, "Unit=", unit->label());
 }
 
 void writeByteOrder(ConfigurationStream& stream, const PhType& type)
 {
-    if (type.endian() == PhEndian::BigEndian)
-        stream.put("ByteOrder=Motorola\n");
-    else if (type.endian() == PhEndian::LittleEndian)
-        stream.put("ByteOrder=Intel\n");
+    const char* text = byteOrderText(type.endian());
+    if (!text)
+        return;
+    stream.put("ByteOrder=");
+    stream.put(text);
+    stream.put("\n");
 }
 
 void writeFactors(ConfigurationStream& stream, const PhType& type)
@@ -181,10 +203,16 @@ void writeRoot(ConfigurationStream& stream, PhRoot* root)
         writeGroup(stream, static_cast<PhGroup*>(root->groups()->first()));
 }
 
-void writeGroup(ConfigurationStream& stream, PhGroup* group)
+PhGroup* writtenGroup(PhGroup* group)
 {
     while (group->groups() && group->groups()->first())
         group = static_cast<PhGroup*>(group->groups()->first());
+    return group;
+}
+
+void writeGroup(ConfigurationStream& stream, PhGroup* group)
+{
+    group = writtenGroup(group);
     writeMeasurements(stream, group->commParams());
     writeUnassignedSource(stream, group->entities());
 }

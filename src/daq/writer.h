@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/enumerations.h"
+
 #include <cstdint>
 
 namespace tavo {
@@ -8,6 +10,8 @@ class ConfigurationStream;
 class PhGroup;
 class PhList;
 class PhRoot;
+class PhType;
+class PhUnit;
 class PhValue;
 
 /// The number of the next source section. It is state of the process, because a module without any
@@ -22,8 +26,11 @@ int writeDaqFile(PhRoot* root, const char* path);
 /// Writes the first group of `root`, if there is one.
 void writeRoot(ConfigurationStream& stream, PhRoot* root);
 
-/// Writes the first child of the group and nothing else, or, if it has none, the group's own comm
-/// params and entities. Of a description that is the first MODULE of the first PROJECT.
+/// The group that is written in the place of `group`: its first child, of that the first child, and
+/// so on. Of a PROJECT that is its first MODULE.
+PhGroup* writtenGroup(PhGroup* group);
+
+/// Writes the comm params and entities of the `writtenGroup` of `group`, and nothing else.
 void writeGroup(ConfigurationStream& stream, PhGroup* group);
 
 /// A section for each comm param, with the sections of its sources right behind it. The list may be
@@ -36,6 +43,15 @@ void writeSources(ConfigurationStream& stream, const PhList* rasters);
 /// A last source, which holds all quantities, and a section for each of them. Nothing for a null
 /// list.
 void writeUnassignedSource(ConfigurationStream& stream, const PhList* entities);
+
+/// The words of a configuration, for whoever else shows what it would say.
+const char* protocolText(PhProtocol protocol);
+/// "uint16" and the like; "???" for null and for an undefined type.
+const char* typeText(const PhType* type);
+/// "Motorola" or "Intel"; null for an undefined one.
+const char* byteOrderText(PhEndian endian);
+/// The unit of a quantity: the one of the type or else of its conversion; null if there is none.
+const PhUnit* unitOf(const PhType& type);
 
 /// A value in its own form: an integer without a fraction, a double with six decimals.
 void printValue(ConfigurationStream& stream, const PhValue& value);
