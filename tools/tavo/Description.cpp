@@ -1,0 +1,89 @@
+#include "Description.h"
+
+#include "Console.h"
+#include "Diagnostics.h"
+#include "Progress.h"
+#include "a2l/PhA2l.h"
+#include "daq/writer.h"
+#include "model/PhConversion.h"
+#include "model/PhList.h"
+#include "model/PhType.h"
+#include "topology/PhEntity.h"
+#include "topology/PhGroup.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+namespace tavo {
+
+namespace {
+
+/// One warning for each measurement whose conversion isn't defined anywhere.
+void warnOfConversions(const PhGroup& module, const std::string& file, Diagnostics& diagnostics)
+{
+    for (const PhEntity* entity : each<PhEntity>(module.entities())) {
+        const PhConversion* conversion = entity->type() ? entity->type()->conversion() : nullptr;
+        // The standard's name for no conversion at all.
+        if (!conversion || !conversion->isUnresolved() || conversion->name() == "NO_COMPU_METHOD")
+            continue;
+        const auto quoted = [](const PhString& name) {
+            return std::string("'") + (name.isNull() ? "" : name.cStr()) + "'";
+        };
+        diagnostics.warnAbout(file, "Conversion " + quoted(conversion->name()) +
+                                        " of measurement " + quoted(entity->name()) +
+                                        " is not defined");
+    }
+}
+
+} // namespace
+
+ExitCode Description::read(Diagnostics& diagnostics)
+{
+    Progress progress(diagnostics.console(), file_);
+    const int status = runReader(file_, diagnostics, [&](PhA2l& reader) {
+        if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
+            reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
+        return reader.readFile(&root_);
+    });
+    if (status != 0)
+        return ExitCode::DescriptionFailed;
+    root_.resolve();
+    warnOfModel(diagnostics);
+    return ExitCode::AllWell;
+}
+
+const PhGroup* Description::writtenModule() const
+{
+    PhObject* project = root_.groups() ? root_.groups()->first() : nullptr;
+    return project ? writtenGroup(static_cast<PhGroup*>(project)) : nullptr;
+}
+
+void Description::warnOfModel(Diagnostics& diagnostics) const
+{
+    for (const PhGroup* project : each<PhGroup>(root_.groups()))
+        for (const PhGroup* module : each<PhGroup>(project->groups()))
+            warnOfConversions(*module, file_, diagnostics);
+    const PhGroup* written = writtenModule();
+    if (!written || written->groupType() != PhGroupType::Module)
+        diagnostics.warnAbout(file_, "The first PROJECT has no MODULE, the configuration is empty");
+}
+
+int runReader(const std::string& file, Diagnostics& diagnostics,
+              const std::function<int(PhA2l&)>& operation)
+{
+    std::error_code ignored;
+    // A folder can be opened, and ends at once.
+    if (std::filesystem::is_directory(file, ignored))
+        throw systemFailure(file, EISDIR);
+    PhA2l reader(file.c_str());
+    reader.setLogger(&diagnostics);
+    reader.setVerbose(diagnostics.volume() == Volume::Verbose);
+    errno = 0;
+    const int status = operation(reader);
+    if (status == -2)
+        throw systemFailure(file, errno);
+    return status;
+}
+
+} // namespace tavo

@@ -1,0 +1,102 @@
+#include "Diagnostics.h"
+
+#include "Console.h"
+#include "text.h"
+
+#include <cstdio>
+#include <string_view>
+
+namespace tavo {
+
+struct Diagnostics::Severity
+{
+    const char* word;
+    const char* color;
+};
+
+const Diagnostics::Severity Diagnostics::warningSeverity = {"warning", "\x1b[1;35m"};
+const Diagnostics::Severity Diagnostics::errorSeverity = {"error", "\x1b[1;31m"};
+
+namespace {
+
+/// How a reader reports. Its arguments are the file, the line and the text.
+constexpr std::string_view readerFormat = "File '%s', Line %d: %s\n";
+
+constexpr const char* bold = "\x1b[1m";
+constexpr const char* plain = "\x1b[0m";
+
+} // namespace
+
+Diagnostics::Diagnostics(Console& console, Volume volume) : console_(console), volume_(volume) {}
+
+void Diagnostics::message(const char* text)
+{
+    if (volume_ != Volume::Verbose)
+        return;
+    std::string_view line = text;
+    if (line.ends_with('\n'))
+        line.remove_suffix(1);
+    console_.write(printable(line) + "\n");
+}
+
+void Diagnostics::warning(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    report(warningSeverity, format, arguments);
+    va_end(arguments);
+}
+
+void Diagnostics::error(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    report(errorSeverity, format, arguments);
+    va_end(arguments);
+}
+
+void Diagnostics::report(const Severity& severity, const char* format, std::va_list arguments)
+{
+    if (format != readerFormat) {
+        char text[messageCapacity];
+        std::vsnprintf(text, sizeof text, format, arguments);
+        put(severity, "tavo", text);
+        return;
+    }
+    const std::string file = va_arg(arguments, const char*);
+    const int line = va_arg(arguments, int);
+    const char* text = va_arg(arguments, const char*);
+    std::string source = printable(sources_.line(file, line));
+    if (!source.empty())
+        source = "    " + source + "\n";
+    put(severity, file + ":" + std::to_string(line), text, source);
+}
+
+void Diagnostics::warnAbout(const std::string& file, const std::string& text)
+{
+    put(warningSeverity, file, text);
+}
+
+void Diagnostics::warnOfProgram(const std::string& text) { put(warningSeverity, "tavo", text); }
+
+void Diagnostics::failProgram(const std::string& text) { put(errorSeverity, "tavo", text); }
+
+void Diagnostics::put(const Severity& severity, const std::string& place, const std::string& text,
+                      const std::string& source)
+{
+    const bool isError = &severity == &errorSeverity;
+    ++(isError ? errorCount_ : warningCount_);
+    if (!isError && volume_ == Volume::Quiet)
+        return;
+    std::string lines;
+    const auto add = [&](const char* color, const std::string& part) {
+        lines += console_.hasColors() ? color + part + plain : part;
+    };
+    add(bold, printable(place) + ":");
+    lines += " ";
+    add(severity.color, std::string(severity.word) + ":");
+    lines += " " + printable(text) + "\n" + source;
+    console_.write(lines);
+}
+
+} // namespace tavo

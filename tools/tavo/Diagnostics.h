@@ -1,0 +1,64 @@
+#pragma once
+
+#include "SourceLines.h"
+#include "conversion/PhLogger.h"
+
+#include <cstdarg>
+#include <string>
+
+namespace tavo {
+
+class Console;
+
+/// How much the program says.
+enum class Volume
+{
+    Quiet, ///< Errors only.
+    Normal,
+    Verbose, ///< The progress lines of the parsers, too.
+};
+
+/// Puts out what a reader and the program have to say, in the form that editors parse:
+/// "FILE:LINE: error: TEXT" with the line of the file below it.
+class Diagnostics : public PhLogger
+{
+public:
+    /// The console outlives the object.
+    Diagnostics(Console& console, Volume volume);
+
+    Console& console() const { return console_; }
+    Volume volume() const { return volume_; }
+    /// How many of each there were, the silent ones too.
+    unsigned errorCount() const { return errorCount_; }
+    unsigned warningCount() const { return warningCount_; }
+
+    void reserved() override {}
+    /// A progress line.
+    void message(const char* text) override;
+    void warning(const char* format, ...) override TAVO_PRINTF(2, 3);
+    void error(const char* format, ...) override TAVO_PRINTF(2, 3);
+
+    /// A warning about a file as a whole.
+    void warnAbout(const std::string& file, const std::string& text);
+    /// A warning or an error of the program itself: "tavo: error: TEXT".
+    void warnOfProgram(const std::string& text);
+    void failProgram(const std::string& text);
+
+private:
+    struct Severity;
+    static const Severity warningSeverity;
+    static const Severity errorSeverity;
+
+    void report(const Severity& severity, const char* format, std::va_list arguments);
+    /// One diagnostic with, in `source`, the lines to put below it.
+    void put(const Severity& severity, const std::string& place, const std::string& text,
+             const std::string& source = {});
+
+    Console& console_;
+    Volume volume_;
+    SourceLines sources_;
+    unsigned errorCount_ = 0;
+    unsigned warningCount_ = 0;
+};
+
+} // namespace tavo

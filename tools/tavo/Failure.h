@@ -1,0 +1,38 @@
+#pragma once
+
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+
+namespace tavo {
+
+/// What the program tells its caller. The greater one wins where several files are at work.
+enum class ExitCode
+{
+    AllWell = 0,
+    DescriptionFailed = 1,
+    Usage = 2,
+    Trouble = 3, ///< A file can't be read or written.
+};
+
+inline ExitCode worse(ExitCode a, ExitCode b) { return std::max(a, b); }
+
+/// What ends a command, or its work on one file. The text is for "tavo: error: TEXT".
+class Failure : public std::runtime_error
+{
+public:
+    Failure(ExitCode exitCode, const std::string& reason)
+        : std::runtime_error(reason), exitCode_(exitCode)
+    {
+    }
+
+    ExitCode exitCode() const { return exitCode_; }
+
+private:
+    ExitCode exitCode_;
+};
+
+/// A file, or whatever else `what` names, that gives the system's error `number`.
+Failure systemFailure(const std::string& what, int number);
+
+} // namespace tavo

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Diagnostics.h"
+#include "Failure.h"
+
+#include <new>
+#include <string>
+#include <vector>
+
+/// The commands of the program. Each one gives its exit code, and throws a `Failure` for what ends
+/// it as a whole.
+namespace tavo {
+
+struct ConvertOptions
+{
+    std::string input;
+    /// Further descriptions if there is an `outputFolder`, else the output or nothing.
+    std::vector<std::string> others;
+    std::string outputFolder; ///< "" if none is given.
+    bool force = false;       ///< Replaces existing files.
+    unsigned jobs = 1;
+};
+
+enum class ListFormat
+{
+    Table,
+    Csv,
+    Json,
+};
+
+struct ListOptions
+{
+    std::string file;
+    ListFormat format = ListFormat::Table;
+    std::string pattern = "*";
+};
+
+ExitCode convert(const ConvertOptions& options, Diagnostics& diagnostics);
+ExitCode check(const std::vector<std::string>& files, Diagnostics& diagnostics);
+ExitCode list(const ListOptions& options, Diagnostics& diagnostics);
+ExitCode printTokens(const std::string& file, Console& console, Volume volume);
+
+/// Does the work on one of several files. A `Failure` is reported and gives its exit code, so that
+/// the next file has its turn.
+template <class Work> ExitCode attempt(Diagnostics& diagnostics, Work work)
+{
+    try {
+        return work();
+    } catch (const Failure& failure) {
+        diagnostics.failProgram(failure.what());
+        return failure.exitCode();
+    } catch (const std::bad_alloc&) {
+        diagnostics.failProgram("Out of memory");
+        return ExitCode::Trouble;
+    }
+}
+
+} // namespace tavo

@@ -1,0 +1,138 @@
+#include "commands.h"
+
+#include "Console.h"
+#include "Description.h"
+#include "OutputFile.h"
+#include "StandardOutput.h"
+#include "daq/writer.h"
+#include "platform.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <set>
+
+namespace tavo {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* standardOutput = "-";
+
+/// One description and where its configuration goes.
+struct Conversion
+{
+    std::string input;
+    std::string output;
+};
+
+bool looksLikeDescription(const std::string& path)
+{
+    const std::string extension = fs::path(path).extension().string();
+    return extension == ".a2l" || extension == ".A2L";
+}
+
+/// The output that stands beside the input if no other is asked for.
+std::string besideInput(const std::string& input)
+{
+    return fs::path(input).replace_extension(".ini").string();
+}
+
+std::vector<Conversion> planForFolder(const ConvertOptions& options)
+{
+    std::vector<std::string> inputs = {options.input};
+    inputs.insert(inputs.end(), options.others.begin(), options.others.end());
+    std::vector<Conversion> plan;
+    std::set<fs::path> outputs;
+    for (const std::string& input : inputs) {
+        const fs::path output = options.outputFolder / fs::path(besideInput(input)).filename();
+        if (!outputs.insert(output).second)
+            throw Failure(ExitCode::Usage,
+                          "Two descriptions would be written to " + output.string());
+        plan.push_back({input, output.string()});
+    }
+    return plan;
+}
+
+/// What is to be done, by the command line. Nothing has been touched yet.
+std::vector<Conversion> planOf(const ConvertOptions& options)
+{
+    if (!options.outputFolder.empty())
+        return planForFolder(options);
+    if (options.others.empty())
+        return {{options.input, besideInput(options.input)}};
+    const std::string& output = options.others.front();
+    // Who gives two descriptions, by a wildcard for example, doesn't want the second one replaced.
+    if (options.others.size() > 1 || looksLikeDescription(output))
+        throw Failure(ExitCode::Usage, "Several descriptions need an --output-dir");
+    return {{options.input, output}};
+}
+
+ExitCode convertOne(const Conversion& conversion, bool force, Diagnostics& diagnostics)
+{
+    const bool toStandardOutput = conversion.output == standardOutput;
+    if (!toStandardOutput)
+        checkOutput(conversion.input, conversion.output, force);
+    Description description(conversion.input);
+    const ExitCode exitCode = description.read(diagnostics);
+    if (exitCode != ExitCode::AllWell)
+        return exitCode;
+    // What was converted before has no effect on this configuration.
+    daqSourceIndex = 0;
+    if (toStandardOutput) {
+        StandardOutput output;
+        writeRoot(output.stream(), &description.root());
+        output.finish();
+        return exitCode;
+    }
+    OutputFile output(conversion.output);
+    writeRoot(output.stream(), &description.root());
+    output.commit();
+    diagnostics.message(("Wrote " + conversion.output).c_str());
+    return exitCode;
+}
+
+/// The exit code of a conversion that ran in a process of its own.
+ExitCode exitCodeOf(const Conversion& conversion, int result, Diagnostics& diagnostics)
+{
+    if (result >= 0)
+        return static_cast<ExitCode>(result);
+    diagnostics.failProgram(conversion.input + ": ended by signal " + std::to_string(-result));
+    return ExitCode::Trouble;
+}
+
+void createFolder(const std::string& folder)
+{
+    std::error_code error;
+    fs::create_directory(folder, error);
+    if (error)
+        throw systemFailure(folder, error == std::errc::file_exists ? ENOTDIR : error.value());
+}
+
+} // namespace
+
+ExitCode convert(const ConvertOptions& options, Diagnostics& diagnostics)
+{
+    const std::vector<Conversion> plan = planOf(options);
+    if (!options.outputFolder.empty())
+        createFolder(options.outputFolder);
+    const auto run = [&](const Conversion& conversion) {
+        return attempt(diagnostics,
+                       [&] { return convertOne(conversion, options.force, diagnostics); });
+    };
+    ExitCode exitCode = ExitCode::AllWell;
+    if (options.jobs <= 1 || plan.size() == 1) {
+        for (const Conversion& conversion : plan)
+            exitCode = worse(exitCode, run(conversion));
+        return exitCode;
+    }
+    diagnostics.console().disableStatus(); // Processes side by side have one line for it.
+    const std::vector<int> results =
+        runSideBySide(plan.size(), options.jobs,
+                      [&](std::size_t number) { return static_cast<int>(run(plan[number])); });
+    for (std::size_t number = 0; number < plan.size(); ++number)
+        exitCode = worse(exitCode, exitCodeOf(plan[number], results[number], diagnostics));
+    return exitCode;
+}
+
+} // namespace tavo
