@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Uses the installed tree in one of the ways in which users do, in a folder of its own. The
+# environment tells where the tree is.
+#
+# usage: consumer.sh find_package|pkg_config|python|program SOURCES VERSION
+set -euo pipefail
+
+way=$1
+sources=$2
+version=$3
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder"
+
+case $way in
+find_package)
+    cmake -S "$sources/tests/package/consumer" -B build \
+        -DTAVO_VERSION="$version" -DHOST="$sources/examples/host.c"
+    cmake --build build
+    build/consumer "$sources/examples/engine.a2l" engine.ini
+    ;;
+pkg_config)
+    [ "$(pkg-config --modversion tavo)" = "$version" ]
+    read -ra flags <<<"$CFLAGS $(pkg-config --cflags --libs tavo)"
+    "$CC" "$sources/examples/host.c" "${flags[@]}" -o host
+    ./host "$sources/examples/engine.a2l" engine.ini
+    ;;
+python)
+    printf '/begin PROJECT p ""\n/begin MODULE m "" /begin UNIT' >bad.a2l
+    status=0
+    report=$(python3 "$sources/examples/host.py" bad.a2l bad.ini) || status=$?
+    [ "$status: $report" = "3: Error (bad.a2l:2): Unexpected token 'UNIT'" ]
+    [ -z "$(python3 "$sources/examples/host.py" "$sources/examples/engine.a2l" engine.ini)" ]
+    ;;
+program)
+    tavo --version | grep -F "$version"
+    tavo convert "$sources/examples/engine.a2l" engine.ini
+    prefix=$(dirname "$(dirname "$(command -v tavo)")")
+    for file in share/man/man1/tavo.1 share/bash-completion/completions/tavo \
+        share/zsh/site-functions/_tavo; do
+        [ -s "$prefix/$file" ] || { echo "$file is missing" && exit 1; }
+    done
+    ;;
+esac
+cmp engine.ini "$sources/examples/engine.ini"
