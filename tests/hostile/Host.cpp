@@ -1,0 +1,107 @@
+#include "Host.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+
+namespace {
+
+constexpr rlim_t stackBytes = 256 * 1024;
+/// Linear passes take a few seconds, also under the sanitizers; quadratic ones take hours.
+constexpr rlim_t processorSeconds = 60;
+
+/// Exceeding the soft limit of processor time gives SIGXCPU, which tells what went wrong.
+void setLimit(int resource, rlim_t value)
+{
+    const rlimit limit = {value, value + 1};
+    setrlimit(static_cast<__rlimit_resource>(resource), &limit);
+}
+
+} // namespace
+
+void Host::start(const std::string& input, const std::string& output)
+{
+    process_ = fork();
+    ASSERT_GE(process_, 0);
+    if (process_ > 0)
+        return;
+    setLimit(RLIMIT_STACK, stackBytes);
+    setLimit(RLIMIT_CPU, processorSeconds);
+    setLimit(RLIMIT_CORE, 0);
+    redirect(STDOUT_FILENO, "/dev/null", O_WRONLY);
+    prepare();
+    execl(TAVO_HOST, TAVO_HOST, input.c_str(), output.c_str(), nullptr);
+    _exit(127);
+}
+
+bool Host::hasEnded()
+{
+    siginfo_t info = {};
+    waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED | WNOHANG | WNOWAIT);
+    return info.si_pid == process_;
+}
+
+Ending Host::wait()
+{
+    int status = 0;
+    rusage usage = {};
+    while (wait4(process_, &status, 0, &usage) < 0 && errno == EINTR) {
+    }
+    Ending ending;
+    ending.peakMegabytes = usage.ru_maxrss / 1024;
+    if (WIFEXITED(status))
+        ending.status = WEXITSTATUS(status);
+    else
+        ending.signal = WTERMSIG(status);
+    return ending;
+}
+
+Ending Host::run(const std::string& input, const std::string& output)
+{
+    start(input, output);
+    return wait();
+}
+
+Ending Host::runPiped(const std::string& input, const std::string& output,
+                      const std::function<void(std::FILE*)>& write)
+{
+    EXPECT_EQ(mkfifo(input.c_str(), 0600), 0);
+    std::signal(SIGPIPE, SIG_IGN); // the host may end before all is written
+    start(input, output);
+    const int pipe = openPipe(input, [&] { return hasEnded(); });
+    if (pipe >= 0) {
+        std::FILE* file = fdopen(pipe, "wb");
+        write(file);
+        std::fclose(file);
+    }
+    return wait();
+}
+
+int openPipe(const std::string& path, const std::function<bool()>& isLost)
+{
+    for (;;) {
+        const int pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        if (pipe >= 0) {
+            fcntl(pipe, F_SETFL, 0);
+            return pipe;
+        }
+        if (errno != ENXIO || isLost())
+            return -1;
+        usleep(1000);
+    }
+}
+
+void redirect(int descriptor, const char* path, int flags)
+{
+    const int file = open(path, flags, 0600);
+    if (file < 0 || dup2(file, descriptor) < 0)
+        _exit(126);
+    close(file);
+}

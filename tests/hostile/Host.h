@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdio>
+#include <functional>
+#include <string>
+
+/// How a host program ended.
+struct Ending
+{
+    int status = -1;        ///< Its exit status; -1 if a signal ended it.
+    int signal = 0;         ///< The signal that ended it, or 0.
+    long peakMegabytes = 0; ///< The most memory that it had.
+};
+
+/// Runs the smallest host there is, `tavo-host`, in a process of its own: with a stack of 256 KiB,
+/// and with a limit of processor time that a pass over the input in quadratic time exceeds by far.
+class Host
+{
+public:
+    /// What the new process does with its files before the host begins; nothing at first.
+    std::function<void()> prepare = [] {};
+
+    void start(const std::string& input, const std::string& output);
+    /// True if the process has ended; `wait` tells how.
+    bool hasEnded();
+    Ending wait();
+    int process() const { return process_; }
+
+    /// Starts and waits. The report goes to nowhere, unless `prepare` sends it elsewhere.
+    Ending run(const std::string& input, const std::string& output);
+    /// The same for an input that `write` sends through a pipe of the name `input`, which is made
+    /// here and must not be there.
+    Ending runPiped(const std::string& input, const std::string& output,
+                    const std::function<void(std::FILE*)>& write);
+
+private:
+    int process_ = 0;
+};
+
+/// Opens a named pipe for writing, once `hasReader` lets it. -1 if `isLost` says that none will
+/// come.
+int openPipe(const std::string& path, const std::function<bool()>& isLost);
+
+/// For use in `prepare`: makes `path` the file of a descriptor.
+void redirect(int descriptor, const char* path, int flags);

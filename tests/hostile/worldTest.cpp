@@ -1,0 +1,187 @@
+// What surrounds a conversion: files that aren't files, that change while they are read or take
+// nothing, a process without a standard output.
+
+#include "Host.h"
+#include "support/conversion.h"
+#include "support/files.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// How far a process has read a file; 0 if it hasn't opened it.
+long readUpTo(int process, const std::string& name)
+{
+    const fs::path files = fs::path("/proc") / std::to_string(process);
+    std::error_code ended;
+    for (const fs::directory_entry& file : fs::directory_iterator(files / "fd", ended)) {
+        if (fs::read_symlink(file.path(), ended).filename() != name)
+            continue;
+        std::ifstream stream(files / "fdinfo" / file.path().filename());
+        std::string label;
+        long position = 0;
+        stream >> label >> position;
+        return position;
+    }
+    return 0;
+}
+
+class World : public testing::Test
+{
+protected:
+    TemporaryFolder folder;
+    CurrentFolder current{folder.path("")};
+    Host host;
+
+    void SetUp() override { fs::copy_file(TAVO_EXAMPLE ".a2l", "d.a2l"); }
+
+    void expectConfiguration() { EXPECT_TRUE(readFile("d.ini") == readFile(TAVO_EXAMPLE ".ini")); }
+};
+
+TEST_F(World, withoutAPlaceForTheReportIsAllTheSame)
+{
+    const std::function<void()> losses[] = {
+        [] { close(STDOUT_FILENO); },
+        [] { close_range(0, 2, 0); },
+        [] { redirect(STDOUT_FILENO, "/dev/full", O_WRONLY); },
+        [] { redirect(STDOUT_FILENO, "/dev/null", O_RDONLY); },
+    };
+    // A description with more diagnostics than the buffer of the standard output takes.
+    std::string noisy = readFile("d.a2l");
+    const std::size_t at = noisy.find("/begin MEASUREMENT");
+    std::string noise = "/begin MEASUREMENT noisy \"\" UWORD c 0 0 0 1\n";
+    for (int i = 0; i < 2000; ++i)
+        noise += "BYTE_ORDER UNKNOWN\n";
+    noisy.insert(at, noise + "/end MEASUREMENT\n");
+    writeFile("noisy.a2l", noisy);
+    ASSERT_EQ(host.run("noisy.a2l", "expected.ini").status, 0);
+    const std::string expected = readFile("expected.ini");
+    for (const auto& loss : losses) {
+        host.prepare = loss;
+        fs::remove("d.ini");
+        EXPECT_EQ(host.run("noisy.a2l", "d.ini").status, 0);
+        EXPECT_TRUE(readFile("d.ini") == expected);
+    }
+}
+
+TEST_F(World, aReportIntoAPipeThatNobodyReadsEndsTheHostAsItDoesAnyProgram)
+{
+    host.prepare = [] {
+        int ends[2];
+        if (pipe(ends) == 0)
+            dup2(ends[1], STDOUT_FILENO);
+        close(ends[0]);
+        close(ends[1]);
+    };
+    EXPECT_EQ(host.run("d.a2l", "d.ini").signal, SIGPIPE);
+    expectConfiguration();
+}
+
+TEST_F(World, whatIsNoDescriptionFileIsNotRead)
+{
+    fs::create_directory("folder.a2l");
+    fs::create_symlink("loop.a2l", "loop.a2l");
+    fs::create_symlink("missing", "dangling.a2l");
+    fs::create_symlink("/proc/self/mem", "unreadable.a2l");
+    fs::create_symlink("/dev/null", "empty.a2l");
+    const int socketFile = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::strcpy(address.sun_path, "socket.a2l");
+    ASSERT_EQ(bind(socketFile, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    close(socketFile);
+    writeFile("d.ini", "old");
+    const std::string longName = std::string(5000, 'x') + ".a2l";
+    for (const char* input :
+         {"folder.a2l", "loop.a2l", "dangling.a2l", "unreadable.a2l", "empty.a2l", "socket.a2l",
+          "d.a2l/d.a2l", "folder.a2l/", longName.c_str()})
+        EXPECT_EQ(host.run(input, "d.ini").status, 3) << input;
+    EXPECT_EQ(readFile("d.ini"), "old");
+}
+
+TEST_F(World, whatTakesNoConfigurationIsReported)
+{
+    fs::create_directory("folder");
+    fs::create_symlink("loop.ini", "loop.ini");
+    for (const char* output : {"folder", "loop.ini", "missing/d.ini", "d.a2l/d.ini", ""})
+        EXPECT_EQ(host.run("d.a2l", output).status, 2) << output;
+}
+
+TEST_F(World, aConfigurationGoesWhereItsPathLeads)
+{
+    writeFile("target.ini", std::string(1'000'000, 'x')); // longer than the configuration
+    fs::create_symlink("target.ini", "link.ini");
+    fs::create_symlink("d.ini", "dangling.ini");
+    EXPECT_EQ(host.run("d.a2l", "link.ini").status, 0);
+    EXPECT_TRUE(fs::is_symlink("link.ini"));
+    EXPECT_TRUE(readFile("target.ini") == readFile(TAVO_EXAMPLE ".ini"));
+    EXPECT_EQ(host.run("d.a2l", "dangling.ini").status, 0);
+    expectConfiguration();
+}
+
+TEST_F(World, aFullDiskStopsNothing)
+{
+    const Ending ending = host.run("d.a2l", "/dev/full");
+    EXPECT_EQ(ending.signal, 0);
+    EXPECT_EQ(ending.status, 0);
+}
+
+TEST_F(World, aDescriptionMayBeReplacedByItsConfiguration)
+{
+    EXPECT_EQ(host.run("d.a2l", "d.a2l").status, 0);
+    fs::rename("d.a2l", "d.ini");
+    expectConfiguration();
+}
+
+TEST_F(World, aDescriptionMayComeThroughAPipe)
+{
+    const std::string description = readFile("d.a2l");
+    const Ending ending = host.runPiped("pipe.a2l", "d.ini", [&](std::FILE* file) {
+        std::setvbuf(file, nullptr, _IONBF, 0);
+        for (std::size_t i = 0; i < description.size(); i += 97) // pieces that split tokens
+            std::fwrite(&description[i], 1, std::min<std::size_t>(97, description.size() - i),
+                        file);
+    });
+    EXPECT_EQ(ending.status, 0);
+    expectConfiguration();
+}
+
+TEST_F(World, aDescriptionThatIsCutShortWhileItIsReadIsNotRead)
+{
+    const std::string description = readFile("d.a2l");
+    writeFile("d.ini", "old");
+    const Ending ending = host.runPiped("cut.a2l", "d.ini", [&](std::FILE* file) {
+        std::fwrite(description.data(), 1, description.size() / 2, file);
+    });
+    EXPECT_EQ(ending.status, 3);
+
+    // A long comment gives the time to cut the file in its midst.
+    const std::string head = "/begin PROJECT p \"\" /*";
+    writeFile("large.a2l", head);
+    fs::resize_file("large.a2l", head.size() + 2'000'000'000);
+    host.start("large.a2l", "d.ini");
+    while (readUpTo(host.process(), "large.a2l") < 1'000'000 && !host.hasEnded())
+        usleep(100);
+    ASSERT_FALSE(host.hasEnded());
+    fs::resize_file("large.a2l", head.size());
+    EXPECT_EQ(host.wait().status, 3);
+    EXPECT_EQ(readFile("d.ini"), "old");
+}
+
+} // namespace
