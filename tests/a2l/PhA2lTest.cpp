@@ -293,6 +293,21 @@ TEST(PhA2lTest, AByteOrderHoldsUntilTheNextOneAcrossModulesAndProjects)
                       "Undefined: Undefined Undefined\n");
 }
 
+TEST(PhA2lTest, ATypeWordGivesKindAndWidth)
+{
+    const std::tuple<std::string, PhBaseType, int> words[] = {
+        {"UBYTE", PhBaseType::BtUInteger, 8},       {"SBYTE", PhBaseType::BtInteger, 8},
+        {"UWORD", PhBaseType::BtUInteger, 16},      {"SWORD", PhBaseType::BtInteger, 16},
+        {"ULONG", PhBaseType::BtUInteger, 32},      {"SLONG", PhBaseType::BtInteger, 32},
+        {"FLOAT32_IEEE", PhBaseType::BtIeee32, 32}, {"FLOAT64_IEEE", PhBaseType::BtIeee64, 64}};
+    for (const auto& [word, baseType, bitCount] : words) {
+        const Reading reading(inModule("/begin MEASUREMENT n x " + word + " c 0 0 0 1"));
+        const PhType* type = reading.entity()->type();
+        EXPECT_EQ(type->baseType(), baseType) << word;
+        EXPECT_EQ(type->bitCount(), bitCount) << word;
+    }
+}
+
 TEST(PhA2lTest, MemorySegments)
 {
     std::string segments;
