@@ -2,6 +2,26 @@
 
 namespace tavo {
 
+namespace {
+
+/// The lists of names that a FUNCTION may hold, with a /begin and without.
+bool isNameList(int code)
+{
+    switch (code) {
+    case T_REF_CHARACTERISTIC:
+    case T_DEF_CHARACTERISTIC:
+    case T_IN_MEASUREMENT:
+    case T_OUT_MEASUREMENT:
+    case T_LOC_MEASUREMENT:
+    case T_SUB_FUNCTION:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 /// FUNCTION name longIdentifier { FUNCTION_VERSION x | LIST { identifier } |
 /// /begin LIST { identifier } /end LIST | ANNOTATION ... } /end FUNCTION, of which nothing is kept.
 int PhA2l::parseFunction(PhTokenValue& value)
@@ -10,21 +30,13 @@ int PhA2l::parseFunction(PhTokenValue& value)
     progress("  Parse FUNCTION '%s'\n", token_);
     dropFields(1);
     return parseOptions(value, T_FUNCTION, [&](int code) {
-        switch (code) {
-        case T_FUNCTION_VERSION:
+        if (code == T_FUNCTION_VERSION)
             return afterFields(value, 1);
-        case T_REF_CHARACTERISTIC:
-        case T_DEF_CHARACTERISTIC:
-        case T_IN_MEASUREMENT:
-        case T_OUT_MEASUREMENT:
-        case T_LOC_MEASUREMENT:
-        case T_SUB_FUNCTION:
+        if (isNameList(code))
             return afterRun(value, T_IDENTIFIER);
-        case T_BEGIN:
+        if (code == T_BEGIN)
             return parseFunctionBlock(value);
-        default:
-            return unexpectedToken(value, code);
-        }
+        return unexpectedToken(value, code);
     });
 }
 
@@ -32,19 +44,11 @@ int PhA2l::parseFunction(PhTokenValue& value)
 int PhA2l::parseFunctionBlock(PhTokenValue& value)
 {
     const int code = nextToken(value);
-    switch (code) {
-    case T_REF_CHARACTERISTIC:
-    case T_DEF_CHARACTERISTIC:
-    case T_IN_MEASUREMENT:
-    case T_OUT_MEASUREMENT:
-    case T_LOC_MEASUREMENT:
-    case T_SUB_FUNCTION:
+    if (isNameList(code))
         return parseOpenRun(value, T_IDENTIFIER, code);
-    case T_ANNOTATION:
+    if (code == T_ANNOTATION)
         return parseAnnotation(value);
-    default:
-        return unexpectedToken(value, code);
-    }
+    return unexpectedToken(value, code);
 }
 
 } // namespace tavo
