@@ -17,24 +17,59 @@ bool PhNameIndex::isStale() const { return nameChanges_ != PhObject::indexedName
 
 void PhNameIndex::append(PhObject* object)
 {
-    if (slots_.empty())
+    if (slots_.empty() && ordered_.empty())
         nameChanges_ = PhObject::indexedNameChanges();
     // One without a name counts too: it may get one.
     object->setNameIndexed();
     if (object->name().isNull())
         return;
+    if (!ordered_.empty()) {
+        ordered_.insert(object);
+        return;
+    }
     if (count_ * 2 >= slots_.size())
         grow();
     const std::size_t hash = hashOf(object->name());
-    Slot& slot = slots_[slotOf(object->name(), hash)];
-    if (!slot.object) {
-        slot = {hash, object};
-        ++count_;
-    }
+    const std::size_t place = slotOf(object->name(), hash);
+    if (slots_[place].object)
+        return;
+    slots_[place] = {hash, object};
+    ++count_;
+    constexpr std::size_t farAway = 1000;
+    const std::size_t mask = slots_.size() - 1;
+    if (((place - hash) & mask) > farAway)
+        becomeOrdered();
+}
+
+void PhNameIndex::becomeOrdered()
+{
+    for (const Slot& slot : slots_)
+        if (slot.object)
+            ordered_.insert(slot.object);
+    slots_ = {};
+}
+
+bool PhNameIndex::ByName::operator()(const PhObject* left, const PhObject* right) const
+{
+    return left->name().view() < right->name().view();
+}
+
+bool PhNameIndex::ByName::operator()(const PhObject* left, std::string_view right) const
+{
+    return left->name().view() < right;
+}
+
+bool PhNameIndex::ByName::operator()(std::string_view left, const PhObject* right) const
+{
+    return left < right->name().view();
 }
 
 PhObject* PhNameIndex::find(const PhString& name) const
 {
+    if (!ordered_.empty()) {
+        const auto found = ordered_.find(name.view());
+        return found == ordered_.end() ? nullptr : *found;
+    }
     return slots_.empty() ? nullptr : slots_[slotOf(name, hashOf(name))].object;
 }
 

@@ -4,6 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
+#include <string_view>
 #include <vector>
 
 namespace tavo {
@@ -33,12 +35,25 @@ private:
         PhObject* object = nullptr; ///< Null in a free slot.
     };
 
+    /// Orders objects by their names.
+    struct ByName
+    {
+        using is_transparent = void;
+        bool operator()(const PhObject* left, const PhObject* right) const;
+        bool operator()(const PhObject* left, std::string_view right) const;
+        bool operator()(std::string_view left, const PhObject* right) const;
+    };
+
     std::size_t slotOf(const PhString& name, std::size_t hash) const;
     void grow();
+    void becomeOrdered();
 
     std::vector<Slot> slots_; ///< A power of two, at most half of them taken.
     std::size_t count_ = 0;
     std::uint64_t nameChanges_ = 0;
+    /// Takes the place of the slots when many names share a place, as names made for that purpose
+    /// do: else each look-up would walk over all of them.
+    std::set<PhObject*, ByName> ordered_;
 };
 
 } // namespace tavo
