@@ -128,11 +128,12 @@ void PhKeywordTable::rebuild()
         return;
     std::fill_n(slots_.get(), slotCount_, PhKeywordSlot());
     for (const PhKeywordEntry* entry = entries_; entry->text; ++entry) {
-        const std::uint32_t hash = keywordHash(entry->text);
+        const std::string_view text = entry->text;
+        const std::uint32_t hash = keywordHash(text);
         std::uint32_t slot = hash % slotCount_;
         while (slots_[slot].entry)
             slot = (slot + 1) % slotCount_;
-        slots_[slot] = {hash, entry};
+        slots_[slot] = {hash, static_cast<std::uint32_t>(text.size()), entry};
     }
 }
 
@@ -153,9 +154,11 @@ std::int32_t PhKeywordTable::lookup(std::string_view text) const
         return 0;
     }
     const std::uint32_t hash = keywordHash(text);
-    for (std::uint32_t slot = hash % slotCount_; slots_[slot].entry; slot = (slot + 1) % slotCount_)
-        if (slots_[slot].hash == hash && text == slots_[slot].entry->text)
-            return slots_[slot].entry->code;
+    for (std::uint32_t i = hash % slotCount_; slots_[i].entry; i = (i + 1) % slotCount_) {
+        const PhKeywordSlot& slot = slots_[i];
+        if (slot.hash == hash && text == std::string_view(slot.entry->text, slot.length))
+            return slot.entry->code;
+    }
     return 0;
 }
 

@@ -18,6 +18,7 @@ struct PhKeywordEntry
 struct PhKeywordSlot
 {
     std::uint32_t hash = 0;
+    std::uint32_t length = 0; ///< Of the word.
     const PhKeywordEntry* entry = nullptr;
 };
 

@@ -46,15 +46,20 @@ public:
             ++next_;
         return character;
     }
-    /// Goes on to the first character that is in none of these classes.
-    void skipRun(unsigned classes)
+    /// Goes on to the first character that is in none of these classes, and gives it.
+    int skipRun(unsigned classes)
     {
-        do {
+        for (;;) {
             const unsigned char* character = next_;
             while (is(*character, classes))
                 ++character;
             next_ = character;
-        } while (next_ == end_ && is(more(), classes));
+            if (*character != endMark || character != end_)
+                return *character;
+            const int following = more();
+            if (!is(following, classes))
+                return following;
+        }
     }
 
     /// From here on the characters stay together in memory, for `text`.

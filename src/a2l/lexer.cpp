@@ -98,8 +98,7 @@ int PhA2l::scanToken()
 int PhA2l::skipBlanks()
 {
     for (;;) {
-        file_.skipRun(Blank);
-        const int character = file_.peek();
+        const int character = file_.skipRun(Blank);
         if (character != '\n')
             return character;
         ++line_;
@@ -147,8 +146,7 @@ int PhA2l::scanString()
     file_.advance();
     file_.beginText();
     for (;;) {
-        file_.skipRun(InString);
-        const int character = file_.peek();
+        const int character = file_.skipRun(InString);
         if (character == '\n') {
             ++line_;
             file_.advance();
@@ -208,8 +206,7 @@ int PhA2l::scanNumber()
         if (!is(file_.peek(), Digit))
             return loseCharacter();
     }
-    file_.skipRun(Digit);
-    switch (const int character = file_.peek()) {
+    switch (const int character = file_.skipRun(Digit)) {
     case '.':
         return scanFraction();
     case 'E':
@@ -230,8 +227,7 @@ int PhA2l::scanNumber()
 int PhA2l::scanFraction()
 {
     file_.advance();
-    file_.skipRun(Digit);
-    const int character = file_.peek();
+    const int character = file_.skipRun(Digit);
     if (character == 'E' || character == 'e')
         return scanExponent();
     if (is(character, Letter))
@@ -260,8 +256,7 @@ int PhA2l::scanHexadecimal()
         return loseCharacter();
     file_.advance();
     file_.beginText();
-    file_.skipRun(HexDigit);
-    const bool name = is(file_.peek(), Letter);
+    const bool name = is(file_.skipRun(HexDigit), Letter);
     finishText(T_IDENTIFIER, name ? InName : 0);
     if (negative) {
         tokenBuffer_ = '-';
