@@ -19,10 +19,27 @@ struct PhConversionPrivate : Pooled
     PhConversion* conversion = nullptr;
 };
 
-PhConversion::PhConversion() : PhObject(PhClassConversion), d(new PhConversionPrivate) {}
+namespace {
+
+constexpr PhConversionPrivate nothing;
+
+} // namespace
+
+const PhConversionPrivate& PhConversion::kept() const { return d ? *d : nothing; }
+
+PhConversionPrivate& PhConversion::made()
+{
+    if (!d)
+        d = std::make_unique<PhConversionPrivate>();
+    return *d;
+}
+
+PhConversion::PhConversion() : PhObject(PhClassConversion) {}
 
 PhConversion::~PhConversion()
 {
+    if (!d)
+        return;
     releaseList(d->ranges);
     releaseList(d->numerator);
     releaseList(d->denominator);
@@ -30,7 +47,7 @@ PhConversion::~PhConversion()
     // chain is taken apart link by link: a conversion that refers to no other destroys only itself.
     PhConversion* held = std::exchange(d->conversion, nullptr);
     while (held && held->refCount() <= 1) {
-        PhConversion* next = std::exchange(held->d->conversion, nullptr);
+        PhConversion* next = held->d ? std::exchange(held->d->conversion, nullptr) : nullptr;
         unlink(held);
         held = next;
     }
@@ -38,41 +55,55 @@ PhConversion::~PhConversion()
     setUnit(nullptr);
 }
 
-PhConversionType PhConversion::conversionType() const { return d->conversionType; }
+PhConversionType PhConversion::conversionType() const { return kept().conversionType; }
 
 void PhConversion::setConversionType(PhConversionType conversionType)
 {
-    d->conversionType = conversionType;
+    made().conversionType = conversionType;
 }
 
-PhUnit* PhConversion::unit() const { return d->unit; }
+PhUnit* PhConversion::unit() const { return kept().unit; }
 
-void PhConversion::setUnit(PhUnit* unit) { setRef(d->unit, unit); }
+void PhConversion::setUnit(PhUnit* unit)
+{
+    const PhHold<PhUnit> hold(unit);
+    setRef(made().unit, unit);
+}
 
-PhConversion* PhConversion::conversion() const { return d->conversion; }
+PhConversion* PhConversion::conversion() const { return kept().conversion; }
 
-void PhConversion::setConversion(PhConversion* conversion) { setRef(d->conversion, conversion); }
+void PhConversion::setConversion(PhConversion* conversion)
+{
+    const PhHold<PhConversion> hold(conversion);
+    setRef(made().conversion, conversion);
+}
 
-PhList* PhConversion::ranges() const { return d->ranges; }
+PhList* PhConversion::ranges() const { return kept().ranges; }
 
-void PhConversion::appendRange(PhRange* range) { appendTo(d->ranges, range); }
+void PhConversion::appendRange(PhRange* range)
+{
+    const PhHold<PhRange> hold(range);
+    appendTo(made().ranges, range);
+}
 
-PhList* PhConversion::numerator() const { return d->numerator; }
+PhList* PhConversion::numerator() const { return kept().numerator; }
 
-PhList* PhConversion::denominator() const { return d->denominator; }
+PhList* PhConversion::denominator() const { return kept().denominator; }
 
-PhList* PhConversion::createNumerator() { return createList(d->numerator); }
+PhList* PhConversion::createNumerator() { return createList(made().numerator); }
 
-PhList* PhConversion::createDenominator() { return createList(d->denominator); }
+PhList* PhConversion::createDenominator() { return createList(made().denominator); }
 
 void PhConversion::appendNumerator(const PhValue& coefficient)
 {
-    appendTo(d->numerator, new PhValue(coefficient));
+    PhList*& list = made().numerator;
+    appendTo(list, new PhValue(coefficient));
 }
 
 void PhConversion::appendDenominator(const PhValue& coefficient)
 {
-    appendTo(d->denominator, new PhValue(coefficient));
+    PhList*& list = made().denominator;
+    appendTo(list, new PhValue(coefficient));
 }
 
 namespace {
@@ -107,12 +138,12 @@ void addTerm(PhValue& sum, const PhValue& power, PhListCursor& coefficients)
 
 bool PhConversion::getLinearFactors(double* factor, double* offset) const
 {
-    if (countOf(d->numerator) > 2 || countOf(d->denominator) > 1)
+    if (countOf(kept().numerator) > 2 || countOf(kept().denominator) > 1)
         return false;
-    *factor = countOf(d->numerator) == 2 ? numberOf(d->numerator->first()) : 1.0;
-    *offset = countOf(d->numerator) > 0 ? numberOf(d->numerator->last()) : 0.0;
-    if (hasNonZero(d->denominator)) {
-        const double divisor = numberOf(d->denominator->first());
+    *factor = countOf(kept().numerator) == 2 ? numberOf(kept().numerator->first()) : 1.0;
+    *offset = countOf(kept().numerator) > 0 ? numberOf(kept().numerator->last()) : 0.0;
+    if (hasNonZero(kept().denominator)) {
+        const double divisor = numberOf(kept().denominator->first());
         *factor /= divisor;
         *offset /= divisor;
     }
@@ -121,8 +152,8 @@ bool PhConversion::getLinearFactors(double* factor, double* offset) const
 
 void PhConversion::convert(const PhValue& x, PhValue& y) const
 {
-    PhListCursor numerator(d->numerator);
-    PhListCursor denominator(d->denominator);
+    PhListCursor numerator(kept().numerator);
+    PhListCursor denominator(kept().denominator);
     numerator.last();
     denominator.last();
     PhValue power(1);
@@ -134,7 +165,7 @@ void PhConversion::convert(const PhValue& x, PhValue& y) const
         power *= x;
     }
     y = numeratorSum;
-    if (hasNonZero(d->denominator))
+    if (hasNonZero(kept().denominator))
         y /= denominatorSum;
 }
 

@@ -72,7 +72,10 @@ public:
     void resolve(PhRoot* root, PhGroup* group);
 
 private:
-    std::unique_ptr<PhConversionPrivate> d;
+    const PhConversionPrivate& kept() const;
+    PhConversionPrivate& made();
+
+    std::unique_ptr<PhConversionPrivate> d; ///< Null while the conversion has but its texts.
 };
 
 } // namespace tavo

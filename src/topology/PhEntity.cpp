@@ -6,18 +6,41 @@
 
 namespace tavo {
 
+/// What no file gives an entity.
+struct PhEntityExtras : Pooled
+{
+    PhObject* auxRef1 = nullptr;
+    PhObject* auxRef2 = nullptr;
+    PhObject* auxRef3 = nullptr;
+    PhObject* auxRef4 = nullptr;
+    std::unique_ptr<PhString> extraText; ///< The one text that isn't a slot of the base.
+};
+
 struct PhEntityPrivate : Pooled
 {
     PhValue* address = nullptr;
     PhValue* addressExtension = nullptr;
-    PhObject* auxRef1 = nullptr;
-    PhObject* auxRef2 = nullptr;
     PhValue* lowerLimit = nullptr;
     PhValue* upperLimit = nullptr;
     PhType* type = nullptr;
-    PhObject* auxRef3 = nullptr;
-    PhObject* auxRef4 = nullptr;
-    std::unique_ptr<PhString> extraText; ///< The one text that isn't a slot of the base.
+    std::unique_ptr<PhEntityExtras> extras; ///< Null until one of them is set.
+
+    PhObject* reference(PhObject* PhEntityExtras::*field) const
+    {
+        return extras ? extras.get()->*field : nullptr;
+    }
+    void setReference(PhObject* PhEntityExtras::*field, PhObject* object)
+    {
+        const PhHold<PhObject> hold(object);
+        if (object || extras)
+            setRef(madeExtras().*field, object);
+    }
+    PhEntityExtras& madeExtras()
+    {
+        if (!extras)
+            extras = std::make_unique<PhEntityExtras>();
+        return *extras;
+    }
 };
 
 PhEntity::PhEntity() : PhObject(PhClassEntity), d(new PhEntityPrivate) {}
@@ -58,28 +81,31 @@ PhType* PhEntity::type() const { return d->type; }
 
 void PhEntity::setType(PhType* type) { setRef(d->type, type); }
 
-PhObject* PhEntity::auxRef1() const { return d->auxRef1; }
+PhObject* PhEntity::auxRef1() const { return d->reference(&PhEntityExtras::auxRef1); }
 
-void PhEntity::setAuxRef1(PhObject* auxRef1) { setRef(d->auxRef1, auxRef1); }
+void PhEntity::setAuxRef1(PhObject* object) { d->setReference(&PhEntityExtras::auxRef1, object); }
 
-PhObject* PhEntity::auxRef2() const { return d->auxRef2; }
+PhObject* PhEntity::auxRef2() const { return d->reference(&PhEntityExtras::auxRef2); }
 
-void PhEntity::setAuxRef2(PhObject* auxRef2) { setRef(d->auxRef2, auxRef2); }
+void PhEntity::setAuxRef2(PhObject* object) { d->setReference(&PhEntityExtras::auxRef2, object); }
 
-PhObject* PhEntity::auxRef3() const { return d->auxRef3; }
+PhObject* PhEntity::auxRef3() const { return d->reference(&PhEntityExtras::auxRef3); }
 
-void PhEntity::setAuxRef3(PhObject* auxRef3) { setRef(d->auxRef3, auxRef3); }
+void PhEntity::setAuxRef3(PhObject* object) { d->setReference(&PhEntityExtras::auxRef3, object); }
 
-PhObject* PhEntity::auxRef4() const { return d->auxRef4; }
+PhObject* PhEntity::auxRef4() const { return d->reference(&PhEntityExtras::auxRef4); }
 
-void PhEntity::setAuxRef4(PhObject* auxRef4) { setRef(d->auxRef4, auxRef4); }
+void PhEntity::setAuxRef4(PhObject* object) { d->setReference(&PhEntityExtras::auxRef4, object); }
 
-PhString* PhEntity::extraText() const { return d->extraText.get(); }
+PhString* PhEntity::extraText() const { return d->extras ? d->extras->extraText.get() : nullptr; }
 
 void PhEntity::setExtraText(PhString* extraText)
 {
-    if (extraText != d->extraText.get())
-        d->extraText.reset(extraText);
+    std::unique_ptr<PhString> text(extraText);
+    if (extraText == this->extraText())
+        text.release();
+    else
+        d->madeExtras().extraText = std::move(text);
 }
 
 } // namespace tavo
