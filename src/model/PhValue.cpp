@@ -31,15 +31,17 @@ PhList* duplicateOf(const PhList* list) { return list ? list->duplicate() : null
 
 } // namespace
 
-const PhValue::Extra PhValue::noExtra;
+const PhValue::Content PhValue::noContent = {};
 
 PhValue::PhValue() : PhObject(PhClassValue) {}
 
-PhValue::PhValue(int number) : PhObject(PhClassValue), flags_(Integer), integer_(number) {}
+PhValue::PhValue(int number) : PhObject(PhClassValue), flags_(Integer), number_{.integer = number}
+{
+}
 
 PhValue::PhValue(unsigned number) : PhValue(static_cast<std::int32_t>(number)) {}
 
-PhValue::PhValue(double number) : PhObject(PhClassValue), flags_(Double), number_(number) {}
+PhValue::PhValue(double number) : PhObject(PhClassValue), flags_(Double), number_{.real = number} {}
 
 PhValue::PhValue(const PhString& text) : PhObject(PhClassValue) { setValue(text); }
 
@@ -48,7 +50,7 @@ PhValue::PhValue(const void* data, int size) : PhObject(PhClassValue)
     std::vector<std::byte> blob = bytesOf(data, size);
     if (blob.empty())
         return;
-    extra().blob = std::move(blob);
+    contentApart().blob = std::move(blob);
     flags_ = Blob;
 }
 
@@ -58,30 +60,40 @@ PhValue::PhValue(PhInfinity infinity) : PhObject(PhClassValue) { *this = infinit
 
 PhValue::PhValue(const PhValue& other) : PhObject(PhClassValue) { *this = other; }
 
-PhValue::~PhValue() = default;
-
-PhValue::Extra& PhValue::extra()
+PhValue::~PhValue()
 {
-    if (!extra_)
-        extra_ = std::make_unique<Extra>();
-    return *extra_;
+    if (isContentApart_)
+        delete content_;
+}
+
+PhValue::Content& PhValue::contentApart()
+{
+    if (!isContentApart_) {
+        auto* content = new Content;
+        content->number = number_;
+        content_ = content;
+        isContentApart_ = true;
+    }
+    return *content_;
 }
 
 PhValue& PhValue::operator=(const PhValue& other)
 {
-    // What may run out of memory comes first, so that a failure changes nothing.
-    std::unique_ptr<Extra> extra;
-    if (other.extra_) {
+    // What may run out of memory comes first, so that a failure changes nothing; and what this
+    // value held goes last, because `other` may be an element of its list.
+    std::unique_ptr<Content> content;
+    if (other.isContentApart_) {
         std::unique_ptr<PhList> list(duplicateOf(other.list()));
-        extra.reset(new Extra{{}, other.extra_->text, std::move(list), other.extra_->blob});
+        content.reset(
+            new Content{{}, other.numeric(), other.text(), std::move(list), other.content_->blob});
     }
+    const std::unique_ptr<Content> old(isContentApart_ ? content_ : nullptr);
     flags_ = other.flags_;
-    if (other.isDouble())
+    isContentApart_ = content != nullptr;
+    if (content)
+        content_ = content.release();
+    else
         number_ = other.number_;
-    else if (other.isInteger())
-        integer_ = other.integer_;
-    // The old list goes last: `other` may be an element of it.
-    extra_ = std::move(extra);
     return *this;
 }
 
@@ -112,7 +124,7 @@ PhValue& PhValue::operator=(const PhString& text)
 
 void PhValue::setValue(int number)
 {
-    integer_ = number;
+    numeric().integer = number;
     become(Integer);
 }
 
@@ -120,13 +132,13 @@ void PhValue::setValue(unsigned number) { setValue(static_cast<std::int32_t>(num
 
 void PhValue::setValue(double number)
 {
-    number_ = number;
+    numeric().real = number;
     become(Double);
 }
 
 void PhValue::setValue(const PhString& text)
 {
-    extra().text = text;
+    contentApart().text = text;
     become(Text);
 }
 
@@ -135,7 +147,7 @@ void PhValue::setValue(PhList* list)
     // The list is the value's from here on, even if there is no memory to hold it.
     std::unique_ptr<PhList> held(list != this->list() ? list : nullptr);
     if (list != this->list())
-        extra().list.swap(held);
+        contentApart().list.swap(held);
     become(List);
 }
 
@@ -164,32 +176,37 @@ bool PhValue::setNumber(const char* text)
 
 int PhValue::intValue() const
 {
-    return isInteger() ? integer_ : isDouble() ? truncated<std::int32_t>(number_) : 0;
+    return isInteger()  ? numeric().integer
+           : isDouble() ? truncated<std::int32_t>(numeric().real)
+                        : 0;
 }
 
 unsigned PhValue::unsignedValue() const
 {
-    return isInteger()  ? static_cast<std::uint32_t>(integer_)
-           : isDouble() ? truncated<std::uint32_t>(number_)
+    return isInteger()  ? static_cast<std::uint32_t>(numeric().integer)
+           : isDouble() ? truncated<std::uint32_t>(numeric().real)
                         : 0;
 }
 
-double PhValue::doubleValue() const { return isDouble() ? number_ : isInteger() ? integer_ : 0.0; }
+double PhValue::doubleValue() const
+{
+    return isDouble() ? numeric().real : isInteger() ? numeric().integer : 0.0;
+}
 
 bool PhValue::isZero() const
 {
-    return (isInteger() && integer_ == 0) || (isDouble() && number_ == 0.0);
+    return (isInteger() && numeric().integer == 0) || (isDouble() && numeric().real == 0.0);
 }
 
 bool PhValue::isOne() const
 {
-    return (isInteger() && integer_ == 1) || (isDouble() && number_ == 1.0);
+    return (isInteger() && numeric().integer == 1) || (isDouble() && numeric().real == 1.0);
 }
 
 template <class Operation> PhValue& PhValue::combine(const PhValue& operand, Operation operation)
 {
     if (isInteger() && operand.isInteger())
-        integer_ = wrapping(operation, integer_, operand.integer_);
+        numeric().integer = wrapping(operation, numeric().integer, operand.numeric().integer);
     else
         setValue(operation(doubleValue(), operand.doubleValue()));
     return *this;
@@ -215,9 +232,9 @@ PhValue& PhValue::operator/=(const PhValue& divisor)
 template <class Operation> PhValue& PhValue::combineInPlace(int operand, Operation operation)
 {
     if (isInteger())
-        integer_ = wrapping(operation, integer_, operand);
+        numeric().integer = wrapping(operation, numeric().integer, operand);
     if (isDouble())
-        number_ = operation(number_, operand);
+        numeric().real = operation(numeric().real, operand);
     return *this;
 }
 
@@ -234,9 +251,9 @@ PhValue& PhValue::subtract(int subtrahend) { return combineInPlace(subtrahend, s
 PhValue& PhValue::negate()
 {
     if (isInteger())
-        integer_ = wrapping(std::minus<>(), 0, integer_);
+        numeric().integer = wrapping(std::minus<>(), 0, numeric().integer);
     if (isDouble())
-        number_ = -number_;
+        numeric().real = -numeric().real;
     return *this;
 }
 
@@ -250,9 +267,9 @@ PhValue& PhValue::divide(int divisor)
         return *this;
     }
     if (isInteger())
-        integer_ /= divisor;
+        numeric().integer /= divisor;
     if (isDouble())
-        number_ /= divisor;
+        numeric().real /= divisor;
     return *this;
 }
 

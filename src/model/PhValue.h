@@ -131,27 +131,36 @@ private:
     template <class Operation> PhValue& combine(const PhValue& operand, Operation operation);
     template <class Operation> PhValue& combineInPlace(int operand, Operation operation);
 
-    /// Content that few values have.
-    struct Extra : Pooled
+    /// What the flags say: a value is never an integer and a double at once.
+    union Number
     {
+        std::int32_t integer; ///< Of an unsigned number, its bits.
+        double real = 0.0;
+    };
+
+    /// All content of a value that has other content than a number, as few values do.
+    struct Content : Pooled
+    {
+        Number number;
         PhString text;
         std::unique_ptr<PhList> list;
         std::vector<std::byte> blob;
     };
 
-    const Extra& content() const { return extra_ ? *extra_ : noExtra; }
-    Extra& extra();
+    Number& numeric() { return isContentApart_ ? content_->number : number_; }
+    const Number& numeric() const { return isContentApart_ ? content_->number : number_; }
+    const Content& content() const { return isContentApart_ ? *content_ : noContent; }
+    Content& contentApart();
 
-    static const Extra noExtra;
+    static const Content noContent;
 
     std::uint32_t flags_ = 0;
-    /// What the flags say: a value is never an integer and a double at once.
+    bool isContentApart_ = false;
     union
     {
-        std::int32_t integer_; ///< Of an unsigned number, its bits.
-        double number_ = 0.0;
+        Number number_ = {};
+        Content* content_; ///< Owned.
     };
-    std::unique_ptr<Extra> extra_; ///< Null until there is some.
 };
 
 } // namespace tavo
