@@ -44,13 +44,19 @@ enum PhClassId : std::int32_t
     PhClassScheduleTableEntry = 30,
 };
 
+/// The texts that no file gives an object.
+struct PhObjectRareTexts : Pooled
+{
+    PhString externalId;
+    PhString description;
+};
+
 /// The texts of an object. They stand apart, because most objects are values and have none.
 struct PhObjectTexts : Pooled
 {
-    PhString externalId;
     PhString name;
     PhString longName;
-    PhString description;
+    std::unique_ptr<PhObjectRareTexts> rare; ///< Null until one of them is set.
 };
 
 /// Base of every model object: a class number, a creation number, four texts, marker flags and a
@@ -83,16 +89,16 @@ public:
     /// the `name` and the long identifier the `longName`; the other two stay null.
     const PhString& name() const { return texts().name; }
     const PhString& longName() const { return texts().longName; }
-    const PhString& description() const { return texts().description; }
-    const PhString& externalId() const { return texts().externalId; }
+    const PhString& description() const { return rareTexts().description; }
+    const PhString& externalId() const { return rareTexts().externalId; }
     void setName(const PhString& name)
     {
         indexedNameChanges_ += isNameIndexed_;
         setText(&PhObjectTexts::name, name);
     }
     void setLongName(const PhString& longName) { setText(&PhObjectTexts::longName, longName); }
-    void setDescription(const PhString& text) { setText(&PhObjectTexts::description, text); }
-    void setExternalId(const PhString& text) { setText(&PhObjectTexts::externalId, text); }
+    void setDescription(const PhString& text) { setText(&PhObjectRareTexts::description, text); }
+    void setExternalId(const PhString& text) { setText(&PhObjectRareTexts::externalId, text); }
 
     int refCount() const { return count_; }
     void incRef() { ++count_; }
@@ -141,9 +147,15 @@ private:
     };
 
     const PhObjectTexts& texts() const { return texts_ ? *texts_ : noTexts; }
+    const PhObjectRareTexts& rareTexts() const
+    {
+        return texts_ && texts_->rare ? *texts_->rare : noRareTexts;
+    }
     void setText(PhString PhObjectTexts::*slot, const PhString& text);
+    void setText(PhString PhObjectRareTexts::*slot, const PhString& text);
 
     static const PhObjectTexts noTexts;
+    static const PhObjectRareTexts noRareTexts;
     static std::uint64_t indexedNameChanges_;
 
     std::uint32_t flags_ = 0;
