@@ -16,7 +16,7 @@ namespace tavo {
 namespace {
 
 constexpr std::size_t step = 8; ///< Sizes are multiples of this.
-constexpr std::size_t largest = 128;
+constexpr std::size_t largest = 256;
 constexpr std::size_t smallestChunk = std::size_t{1} << 16;
 constexpr std::size_t largestChunk = std::size_t{1} << 21; ///< A large page of the usual machines.
 
@@ -57,11 +57,11 @@ void makePresent([[maybe_unused]] Chunk* chunk, [[maybe_unused]] std::size_t siz
 #endif
 }
 
-/// Begins a new chunk, an eighth of all that there are. What is left of the last one is lost.
+/// Begins a new chunk, a sixteenth of all that there are. What is left of the last one is lost.
 void addChunk()
 {
     std::size_t size = smallestChunk;
-    while (size < largestChunk && size < chunksSize / 8)
+    while (size < largestChunk && size < chunksSize / 16)
         size *= 2;
     auto* chunk = static_cast<Chunk*>(::operator new(size, alignmentOf(size)));
     makePresent(chunk, size);

@@ -106,7 +106,7 @@ TEST(Memory, thatRunsOutAtAnyPointIsReleasedAndLeavesTheOutputAloneUntilTheModel
     }
     // A conversion that allocates nothing would prove nothing. Where the model's blocks come from a
     // pool, they are seen one by one in the build with the sanitizers, which has none.
-    EXPECT_GT(failures, TAVO_POOLED ? 10 : 200);
+    EXPECT_GT(failures, TAVO_POOLED ? 5 : 200);
     EXPECT_NE(readFile("d.ini"), "old");
 }
 
