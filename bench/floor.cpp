@@ -1,6 +1,9 @@
 #include "floor.h"
 
 #include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -83,4 +86,21 @@ void FloorLoop::feed(const unsigned char* bytes, std::size_t size)
     }
     state_ = state;
     tokens_ = tokens;
+}
+
+std::size_t FloorLoop::tokensOf(const char* path)
+{
+    constexpr std::size_t blockSize = 65536;
+    const std::unique_ptr<unsigned char[]> block(new unsigned char[blockSize]);
+    std::FILE* file = std::fopen(path, "rb");
+    if (!file) {
+        std::perror(path);
+        std::exit(1);
+    }
+    std::setvbuf(file, nullptr, _IONBF, 0);
+    FloorLoop loop;
+    while (const std::size_t size = std::fread(block.get(), 1, blockSize, file))
+        loop.feed(block.get(), size);
+    std::fclose(file);
+    return loop.tokens();
 }

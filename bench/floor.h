@@ -12,6 +12,10 @@ public:
     void feed(const unsigned char* bytes, std::size_t size);
     std::size_t tokens() const { return tokens_; }
 
+    /// Goes over a whole file, in blocks as a reader takes them, and gives its tokens. Ends the
+    /// program if the file can't be opened.
+    static std::size_t tokensOf(const char* path);
+
 private:
     enum State : unsigned char
     {
