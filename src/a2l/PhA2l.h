@@ -222,7 +222,8 @@ private:
     SourceStream file_;       ///< Open during `readFile` only.
     std::string_view token_;  ///< The text of the token read last.
     std::string tokenBuffer_; ///< Holds that text if it differs from what stands in the file.
-    PhString lookedUp_;       ///< The name that was looked up last.
+    /// Names that were looked up lately, by their hash: placeholders of one name share its text.
+    PhString lookedUp_[1024];
     /// Default of the types and comm params made from here on: the last BYTE_ORDER of a MOD_COMMON.
     PhEndian byteOrder_ = PhEndian::Undefined;
 };

@@ -7,6 +7,9 @@
 #include "model/decimal.h"
 #include "topology/PhGroup.h"
 
+#include <functional>
+#include <iterator>
+
 namespace tavo {
 
 namespace {
@@ -245,11 +248,13 @@ int PhA2l::parseByteOrder(PhTokenValue& value, PhEndian& byteOrder)
 /// stands in no list and is the caller's to store.
 PhConversion* PhA2l::conversionByName(PhGroup* group, std::string_view name)
 {
-    lookedUp_.set(name);
-    if (PhConversion* conversion = group->resolveConversion(lookedUp_))
+    PhString& wanted = lookedUp_[std::hash<std::string_view>()(name) % std::size(lookedUp_)];
+    if (wanted.isNull() || wanted.view() != name)
+        wanted.set(name);
+    if (PhConversion* conversion = group->resolveConversion(wanted))
         return conversion;
     auto placeholder = std::make_unique<PhConversion>();
-    placeholder->setName(lookedUp_);
+    placeholder->setName(wanted);
     placeholder->setUnresolved();
     return placeholder.release();
 }

@@ -18,6 +18,7 @@ namespace {
 constexpr std::size_t step = 8; ///< Sizes are multiples of this.
 constexpr std::size_t largest = 256;
 constexpr std::size_t smallestChunk = std::size_t{1} << 16;
+constexpr std::size_t mediumChunk = std::size_t{1} << 18;
 constexpr std::size_t largestChunk = std::size_t{1} << 21; ///< A large page of the usual machines.
 
 struct FreeBlock
@@ -57,12 +58,18 @@ void makePresent([[maybe_unused]] Chunk* chunk, [[maybe_unused]] std::size_t siz
 #endif
 }
 
-/// Begins a new chunk, a sixteenth of all that there are. What is left of the last one is lost.
+/// The size of the next chunk: so that a sixteenth of all that there is may stay unused.
+std::size_t nextChunkSize()
+{
+    if (chunksSize / 16 >= largestChunk)
+        return largestChunk;
+    return chunksSize / 16 >= mediumChunk ? mediumChunk : smallestChunk;
+}
+
+/// Begins a new chunk. What is left of the last one is lost.
 void addChunk()
 {
-    std::size_t size = smallestChunk;
-    while (size < largestChunk && size < chunksSize / 16)
-        size *= 2;
+    const std::size_t size = nextChunkSize();
     auto* chunk = static_cast<Chunk*>(::operator new(size, alignmentOf(size)));
     makePresent(chunk, size);
     *chunk = {chunks, size};
