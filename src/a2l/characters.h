@@ -45,7 +45,7 @@ constexpr std::array<unsigned char, 256> makeCharacterClasses()
     // Beyond the standard's names: index and path characters, and the German letters of Latin-1.
     for (const char c : {'.', '-', '[', ']', '|'})
         classes[static_cast<unsigned char>(c)] |= InName;
-    for (const unsigned c : {0xC4, 0xD6, 0xDC, 0xDF, 0xE4, 0xF6, 0xFC})
+    for (const unsigned c : {0xC4U, 0xD6U, 0xDCU, 0xDFU, 0xE4U, 0xF6U, 0xFCU})
         classes[c] |= InName;
     return classes;
 }

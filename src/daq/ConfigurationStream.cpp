@@ -13,7 +13,11 @@ ConfigurationStream::ConfigurationStream() : buffer_(new char[capacity]) {}
 bool ConfigurationStream::open(const char* path)
 {
     close();
-    file_ = path ? std::fopen(path, "w+") : nullptr;
+    if (path) {
+        do
+            file_ = std::fopen(path, "w+");
+        while (!file_ && errno == EINTR); // a signal, while it waits for a slow device
+    }
     owned_ = true;
 #if !defined(_WIN32) // where a text stream without a buffer writes character by character
     if (file_)

@@ -187,15 +187,17 @@ int PhA2l::parseCcpEventGroup(PhCommParam* commParam, PhTokenValue& value)
 /// SEED_KEY [ "cal" [ "daq" [ "pgm" ] ] ] /end SEED_KEY
 int PhA2l::parseCcpSeedKey(PhCommParam* commParam, PhTokenValue& value)
 {
-    int code = nextToken(value);
+    int code = T_EOF;
     for (const char* property :
          {"seed_key_dll_name_cal", "seed_key_dll_name_daq", "seed_key_dll_name_pgm"}) {
+        code = nextToken(value);
         if (code == T_END)
             break;
         commParam->setProperty(property, PhString(token_));
-        code = nextToken(value);
     }
     progress("  Parse IF_DATA ASAP1B_CCP/SEED_KEY\n");
+    if (code != T_END)
+        code = nextToken(value);
     return code == T_END ? expectEnd(value, ccp::T_SEED_KEY) : unexpectedToken(value, code);
 }
 
