@@ -104,8 +104,9 @@ bool roundShort(double magnitude, std::uint64_t& millionths)
     const double product = magnitude * 1e6;
     if (!(product < largest))
         return false;
-    millionths = static_cast<std::uint64_t>(product + 0.5);
-    const double fraction = product - std::floor(product);
+    const double whole = std::floor(product);
+    const double fraction = product - whole;
+    millionths = static_cast<std::uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
     return std::fabs(fraction - 0.5) > margin;
 }
 

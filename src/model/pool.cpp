@@ -49,11 +49,9 @@ std::align_val_t alignmentOf(std::size_t chunkSize)
 void makePresent([[maybe_unused]] Chunk* chunk, [[maybe_unused]] std::size_t size)
 {
 #if defined(__linux__) && defined(MADV_POPULATE_WRITE)
-    constexpr std::uintptr_t page = 4096;
-    const auto address = reinterpret_cast<std::uintptr_t>(chunk);
-    const std::uintptr_t first = (address + page - 1) / page * page;
-    const std::uintptr_t last = (address + size) / page * page;
-    madvise(reinterpret_cast<void*>(first), last - first,
+    constexpr std::size_t page = 4096;
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(chunk) % page;
+    madvise(reinterpret_cast<char*>(chunk) + before, (size - before) / page * page,
             size == largestChunk ? MADV_HUGEPAGE : MADV_POPULATE_WRITE);
 #endif
 }

@@ -101,11 +101,10 @@ PhString* PhEntity::extraText() const { return d->extras ? d->extras->extraText.
 
 void PhEntity::setExtraText(PhString* extraText)
 {
-    std::unique_ptr<PhString> text(extraText);
     if (extraText == this->extraText())
-        text.release();
-    else
-        d->madeExtras().extraText = std::move(text);
+        return;
+    std::unique_ptr<PhString> text(extraText);
+    d->madeExtras().extraText = std::move(text);
 }
 
 } // namespace tavo
