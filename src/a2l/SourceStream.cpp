@@ -53,6 +53,15 @@ void SourceStream::close()
     capacity_ = 0;
 }
 
+std::size_t SourceStream::size()
+{
+    if (std::fseek(file_, 0, SEEK_END) != 0)
+        return 0;
+    const long end = std::ftell(file_);
+    std::rewind(file_);
+    return end > 0 ? static_cast<std::size_t>(end) : 0;
+}
+
 /// Makes sure that the block takes another read behind `kept` characters, which go to its head.
 void SourceStream::makeRoom(std::size_t kept)
 {

@@ -32,6 +32,9 @@ public:
     /// False if the file can't be opened for reading.
     bool open(const char* path);
     void close();
+    /// Bytes of the open file, or 0 if they can't be told, as those of a pipe. No character has
+    /// been read yet.
+    std::size_t size();
     void setWatch(Watch watch) { watch_ = std::move(watch); }
 
     /// The character in hand as an unsigned byte, or the end mark.

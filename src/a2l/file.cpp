@@ -3,6 +3,7 @@
 #include "a2l/PhA2l.h"
 
 #include "model/ownership.h"
+#include "model/pool.h"
 #include "topology/PhGroup.h"
 #include "topology/PhRoot.h"
 
@@ -23,6 +24,7 @@ int PhA2l::readFile(PhRoot* root)
     byteOrder_ = PhEndian::Undefined;
     if (const int status = openFile())
         return status;
+    expectBlocks(file_.size() / 2); // of a description whose half is dropped
     PhTokenValue value = {};
     int code = nextToken(value);
     do

@@ -38,6 +38,7 @@ char* unused = nullptr; ///< What is left of the newest chunk.
 std::size_t unusedSize = 0;
 std::size_t chunksSize = 0;
 std::size_t blocksInUse = 0;
+std::size_t expectedSize = 0; ///< What the blocks are expected to need at least.
 
 std::align_val_t alignmentOf(std::size_t chunkSize)
 {
@@ -51,15 +52,19 @@ void makePresent([[maybe_unused]] Chunk* chunk, [[maybe_unused]] std::size_t siz
 #if defined(__linux__) && defined(MADV_POPULATE_WRITE)
     constexpr std::size_t page = 4096;
     const std::size_t before = -reinterpret_cast<std::uintptr_t>(chunk) % page;
-    madvise(reinterpret_cast<char*>(chunk) + before, (size - before) / page * page,
-            size == largestChunk ? MADV_HUGEPAGE : MADV_POPULATE_WRITE);
+    char* const first = reinterpret_cast<char*>(chunk) + before;
+    const std::size_t whole = (size - before) / page * page;
+    if (size == largestChunk)
+        madvise(first, whole, MADV_HUGEPAGE);
+    madvise(first, whole, MADV_POPULATE_WRITE);
 #endif
 }
 
-/// The size of the next chunk: so that a sixteenth of all that there is may stay unused.
+/// The size of the next chunk: so that a sixteenth of all that there is may stay unused, but large
+/// at once if it is expected to be filled.
 std::size_t nextChunkSize()
 {
-    if (chunksSize / 16 >= largestChunk)
+    if (chunksSize / 16 >= largestChunk || chunksSize + largestChunk <= expectedSize)
         return largestChunk;
     return chunksSize / 16 >= mediumChunk ? mediumChunk : smallestChunk;
 }
@@ -87,9 +92,12 @@ void freeAll() noexcept
     unused = nullptr;
     unusedSize = 0;
     chunksSize = 0;
+    expectedSize = 0;
 }
 
 } // namespace
+
+void expectBlocks(std::size_t size) { expectedSize = size; }
 
 void* allocateBlock(std::size_t size)
 {
@@ -126,6 +134,8 @@ void releaseBlock(void* block, std::size_t size) noexcept
 }
 
 #else
+
+void expectBlocks(std::size_t) {}
 
 void* allocateBlock(std::size_t size) { return ::operator new(size); }
 
