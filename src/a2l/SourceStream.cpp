@@ -30,9 +30,10 @@ bool SourceStream::open(const char* path)
     close();
     makeRoom(0);
     // The line ends are folded here and not by the C library, which does it on some platforms only.
-    do
+    do {
+        errno = 0;
         file_ = std::fopen(path, "rb");
-    while (!file_ && errno == EINTR); // a signal, while it waits for the writer of a pipe
+    } while (!file_ && errno == EINTR); // a signal, while it waits for the writer of a pipe
     if (!file_)
         return false;
     std::setvbuf(file_, nullptr, _IONBF, 0);

@@ -14,9 +14,10 @@ bool ConfigurationStream::open(const char* path)
 {
     close();
     if (path) {
-        do
+        do {
+            errno = 0;
             file_ = std::fopen(path, "w+");
-        while (!file_ && errno == EINTR); // a signal, while it waits for a slow device
+        } while (!file_ && errno == EINTR); // a signal, while it waits for a slow device
     }
     owned_ = true;
 #if !defined(_WIN32) // where a text stream without a buffer writes character by character

@@ -20,11 +20,6 @@ namespace {
 
 using PrintValue = void (*)(ConfigurationStream&, const PhValue&);
 
-std::int32_t countOf(const PhList* list)
-{
-    return list ? static_cast<std::int32_t>(list->count()) : 0;
-}
-
 /// A line key=number.
 void putNumberLine(ConfigurationStream& stream, std::string_view key, std::int32_t number)
 {
@@ -232,7 +227,8 @@ void writeMeasurements(ConfigurationStream& stream, const PhList* commParams)
         putValueLine(stream, "SlaveId=", commParam->slaveId(), printHexValue);
         putValueLine(stream, "StationAddress=", commParam->stationAddress(), printValue);
         // The rasters and the one source of all quantities.
-        putNumberLine(stream, "NumSources=", countOf(commParam->rasters()) + 1);
+        const auto rasterCount = static_cast<std::int32_t>(countOf(commParam->rasters()));
+        putNumberLine(stream, "NumSources=", rasterCount + 1);
         stream.put("\n");
         writeSources(stream, commParam->rasters());
     }
@@ -261,7 +257,7 @@ void writeUnassignedSource(ConfigurationStream& stream, const PhList* entities)
     stream.put("[DAQ_Source_0_");
     stream.putDecimal(daqSourceIndex);
     stream.put("]\nName=\"Unassigned\"\nEnabled=1\nUnassigned=1\n");
-    putNumberLine(stream, "NumProcessFactors=", countOf(entities));
+    putNumberLine(stream, "NumProcessFactors=", static_cast<std::int32_t>(countOf(entities)));
     stream.put("\n");
     std::int32_t index = 0;
     for (const PhEntity* entity : each<PhEntity>(entities))

@@ -108,8 +108,6 @@ void PhConversion::appendDenominator(const PhValue& coefficient)
 
 namespace {
 
-std::uint32_t countOf(const PhList* list) { return list ? list->count() : 0; }
-
 double numberOf(const PhObject* coefficient)
 {
     return static_cast<const PhValue*>(coefficient)->doubleValue();

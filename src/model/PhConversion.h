@@ -62,9 +62,8 @@ public:
 
     /// Evaluates the function for `x` into `y`, which keeps its name, by the arithmetic of
     /// `PhValue`. A denominator without coefficients, or with none that is a number other than
-    /// zero, counts as
-    /// 1. One that merely comes to zero for this `x` gives the infinite or NaN double of IEEE 754.
-    /// With no numerator, or one of integer zeros, `y` may end up without content.
+    /// zero, counts as one. One that merely comes to zero for this `x` gives the infinite or NaN
+    /// double of IEEE 754. With no numerator, or one of zeros, `y` may end up without content.
     void convert(const PhValue& x, PhValue& y) const;
 
     /// Replaces a placeholder in `conversion` by the conversion of that name in `group` or above,

@@ -32,7 +32,8 @@ private:
 /// null until the first element arrives, so no list and an empty list are both normal.
 ///
 /// Nothing refuses a name or an object twice. Searches give null where nothing matches, else the
-/// first match in list order; only with an index is it the object that was added last.
+/// first match in list order. Between `buildHash` and `clearHash`, `findByName` gives the object
+/// that was added last.
 class PhList : public Pooled
 {
 public:
@@ -57,8 +58,9 @@ public:
     PhObject* at(int i) const;
     PhListNode* entryAt(int i) const;
 
-    /// Two null names match; a null name matches nothing else. `findByName` makes an index of its
-    /// own for a list that is long enough.
+    /// Two null names match; a null name matches nothing else. `findByName` alone uses an index:
+    /// the one that `buildHash` makes, as long as there is one, else one of its own if the list is
+    /// long, which finds what a walk from the head would find.
     PhObject* findByName(const PhString& name) const;
     PhObject* findByExternalId(const PhString& externalId) const;
     PhObject* findById(std::uint32_t id) const;
@@ -85,7 +87,7 @@ public:
     /// list must not change until `clearHash`.
     void buildHash();
     void clearHash();
-    /// Add to or take from the index, if there is one.
+    /// Add to or take from that index, if there is one.
     void addToHash(PhObject* object);
     void removeFromHash(PhObject* object);
 
@@ -102,8 +104,8 @@ private:
     PhListNode* tail_ = nullptr;
     std::uint32_t count_ = 0;
     std::unique_ptr<PhHashTable> index_; ///< Only between `buildHash` and `clearHash`.
-    mutable std::unique_ptr<PhNameIndex>
-        nameIndex_; ///< Of a long list in which names are looked up.
+    /// Of a long list in which names are looked up; dropped by what doesn't add at the tail.
+    mutable std::unique_ptr<PhNameIndex> nameIndex_;
 };
 
 /// Walks a list. It lives on the stack, owns nothing, and takes a null list too. While it walks,
@@ -159,6 +161,9 @@ public:
 private:
     const PhList* list_;
 };
+
+/// The number of objects in a list, which may be null.
+inline std::uint32_t countOf(const PhList* list) { return list ? list->count() : 0; }
 
 template <class Object> PhListRange<Object> each(const PhList* list)
 {

@@ -13,12 +13,12 @@ std::size_t hashOf(const PhString& name) { return std::hash<std::string_view>()(
 
 } // namespace
 
+PhNameIndex::PhNameIndex() : nameChanges_(PhObject::indexedNameChanges()) {}
+
 bool PhNameIndex::isStale() const { return nameChanges_ != PhObject::indexedNameChanges(); }
 
 void PhNameIndex::append(PhObject* object)
 {
-    if (slots_.empty() && ordered_.empty())
-        nameChanges_ = PhObject::indexedNameChanges();
     // One without a name counts too: it may get one.
     object->setNameIndexed();
     if (object->name().isNull())

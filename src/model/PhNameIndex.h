@@ -21,6 +21,8 @@ class PhObject;
 class PhNameIndex
 {
 public:
+    PhNameIndex();
+
     /// True if an object that some index relies upon has changed its name since this one was made.
     bool isStale() const;
     /// Enters the object at the list's tail. One of the same name that is there already stays.
@@ -50,7 +52,7 @@ private:
 
     std::vector<Slot> slots_; ///< A power of two, at most half of them taken.
     std::size_t count_ = 0;
-    std::uint64_t nameChanges_ = 0;
+    std::uint64_t nameChanges_; ///< When this index was made.
     /// Takes the place of the slots when many names share a place, as names made for that purpose
     /// do: else each look-up would walk over all of them.
     std::set<PhObject*, ByName> ordered_;

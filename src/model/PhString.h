@@ -14,8 +14,8 @@ struct PhStringBody
     static constexpr std::uint32_t huge = std::numeric_limits<std::uint32_t>::max();
 
     std::uint32_t count; ///< Handles that share this body.
-    std::uint32_t
-        capacity;         ///< Characters that fit, without the terminator; `huge` for that or more.
+    /// Characters that fit, without the terminator; `huge` for that or more.
+    std::uint32_t capacity;
     std::uint32_t length; ///< Characters of the text; `huge` for that or more.
 
     char* buffer() { return reinterpret_cast<char*>(this + 1); }

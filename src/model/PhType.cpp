@@ -12,7 +12,6 @@ struct PhTypePrivate : Pooled
     PhBaseType baseType = PhBaseType::BtUndefined;
     PhEndian endian = PhEndian::BigEndian;
     int bitCount = 0; ///< Width of the stored value.
-    int auxValue = 0; ///< A further number without a user.
     PhValue* bitMask = nullptr;
     PhUnit* unit = nullptr;
     PhConversion* conversion = nullptr;

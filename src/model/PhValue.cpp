@@ -35,13 +35,13 @@ const PhValue::Content PhValue::noContent = {};
 
 PhValue::PhValue() : PhObject(PhClassValue) {}
 
-PhValue::PhValue(int number) : PhObject(PhClassValue), flags_(Integer), number_{.integer = number}
+PhValue::PhValue(int number) : PhObject(PhClassValue), kinds_(Integer), number_{.integer = number}
 {
 }
 
 PhValue::PhValue(unsigned number) : PhValue(static_cast<std::int32_t>(number)) {}
 
-PhValue::PhValue(double number) : PhObject(PhClassValue), flags_(Double), number_{.real = number} {}
+PhValue::PhValue(double number) : PhObject(PhClassValue), kinds_(Double), number_{.real = number} {}
 
 PhValue::PhValue(const PhString& text) : PhObject(PhClassValue) { setValue(text); }
 
@@ -51,7 +51,7 @@ PhValue::PhValue(const void* data, int size) : PhObject(PhClassValue)
     if (blob.empty())
         return;
     contentApart().blob = std::move(blob);
-    flags_ = Blob;
+    kinds_ = Blob;
 }
 
 PhValue::PhValue(PhList* list) : PhObject(PhClassValue) { setValue(list); }
@@ -88,7 +88,7 @@ PhValue& PhValue::operator=(const PhValue& other)
             new Content{{}, other.numeric(), other.text(), std::move(list), other.content_->blob});
     }
     const std::unique_ptr<Content> old(isContentApart_ ? content_ : nullptr);
-    flags_ = other.flags_;
+    kinds_ = other.kinds_;
     isContentApart_ = content != nullptr;
     if (content)
         content_ = content.release();
@@ -100,8 +100,8 @@ PhValue& PhValue::operator=(const PhValue& other)
 /// Makes `kind` the value's kind in place of the numeric one that it had.
 void PhValue::become(Flag kind)
 {
-    flags_ &= ~std::uint32_t{Integer | Double | PositiveInfinity | NegativeInfinity};
-    flags_ |= kind;
+    kinds_ &= ~std::uint32_t{Integer | Double | PositiveInfinity | NegativeInfinity};
+    kinds_ |= kind;
 }
 
 PhValue& PhValue::operator=(int number)
@@ -153,11 +153,11 @@ void PhValue::setValue(PhList* list)
 
 PhValue& PhValue::operator=(PhInfinity infinity)
 {
-    flags_ = 0;
+    kinds_ = 0;
     if (infinity == PhInfinity::Positive)
-        flags_ = PositiveInfinity;
+        kinds_ = PositiveInfinity;
     else if (infinity == PhInfinity::Negative)
-        flags_ = NegativeInfinity;
+        kinds_ = NegativeInfinity;
     return *this;
 }
 

@@ -65,7 +65,7 @@ public:
     bool setNumber(const char* text);
 
     /// True if there is content of any kind, or the marker.
-    bool isValid() const { return flags_ != 0; }
+    bool isValid() const { return kinds_ != 0; }
     bool isInteger() const { return has(Integer); }
     bool isDouble() const { return has(Double); }
     bool isText() const { return has(Text); }
@@ -76,8 +76,8 @@ public:
 
     /// A marker for free use.
     bool isMarked() const { return has(Marked); }
-    void setMarked() { flags_ |= Marked; }
-    void clearMarked() { flags_ &= ~std::uint32_t{Marked}; }
+    void setMarked() { kinds_ |= Marked; }
+    void clearMarked() { kinds_ &= ~std::uint32_t{Marked}; }
 
     /// The number, a double truncated toward zero; 0 for what is no number. A double outside the
     /// range of the result gives the nearer limit, NaN gives 0.
@@ -126,12 +126,12 @@ private:
         Marked = 1U << 20,
     };
 
-    bool has(Flag flag) const { return (flags_ & flag) != 0; }
+    bool has(Flag flag) const { return (kinds_ & flag) != 0; }
     void become(Flag kind);
     template <class Operation> PhValue& combine(const PhValue& operand, Operation operation);
     template <class Operation> PhValue& combineInPlace(int operand, Operation operation);
 
-    /// What the flags say: a value is never an integer and a double at once.
+    /// What the kinds say: a value is never an integer and a double at once.
     union Number
     {
         std::int32_t integer; ///< Of an unsigned number, its bits.
@@ -154,7 +154,7 @@ private:
 
     static const Content noContent;
 
-    std::uint32_t flags_ = 0;
+    std::uint32_t kinds_ = 0;
     bool isContentApart_ = false;
     union
     {

@@ -40,7 +40,8 @@ public:
     /// Replaces the placeholders that entities reach by the objects of their names. A name that
     /// isn't found goes as a warning to the logger, if there is one, and its placeholder stays.
     void resolve();
-    /// State of one run of `resolve`, empty outside of it.
+    /// The conversions that a run of `resolve` has come by. It is empty ahead of a run and behind
+    /// it; who has a group or less resolved by itself clears it.
     PhConversionWalks& conversionWalks();
 
     /// Sink of `log` and of the warnings of `resolve`, not owned; null until set.

@@ -23,9 +23,6 @@ void PhScheduleTable::appendScheduleTableEntry(PhScheduleTableEntry* scheduleTab
     appendTo(d->scheduleTableEntries, scheduleTableEntry);
 }
 
-std::uint32_t PhScheduleTable::size() const
-{
-    return d->scheduleTableEntries ? d->scheduleTableEntries->count() : 0;
-}
+std::uint32_t PhScheduleTable::size() const { return countOf(d->scheduleTableEntries); }
 
 } // namespace tavo

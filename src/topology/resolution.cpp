@@ -16,7 +16,8 @@ namespace {
 
 /// What a reference leads to once it is resolved. `find` looks a name up and gives null for what
 /// may not stand in the reference; `store` puts an object in the placeholder's place and so
-/// destroys the placeholder. Null if there is nothing to go on with.
+/// destroys the placeholder. Null if there is nothing to go on with. A placeholder that is found by
+/// its own name is reported and gone on from.
 template <class Object, class Find, class Store>
 Object* resolved(Object* held, PhRoot* root, const char* warning, Find find, Store store)
 {
@@ -30,7 +31,7 @@ Object* resolved(Object* held, PhRoot* root, const char* warning, Find find, Sto
     held->setReported();
     if (root->logger())
         root->logger()->warning(warning, held->name().isNull() ? "" : held->name().cStr());
-    return nullptr;
+    return found;
 }
 
 constexpr const char* conversionUnresolved = "Conversion '%s' unresolved.\n";
