@@ -38,8 +38,9 @@ class PhValue;
 ///   reading; nothing but an IF_DATA of an unknown name is skipped.
 /// - All parsers share one `PhTokenValue`, and names are keywords by the table that is active when
 ///   they are read. `coreKeywords` is active between blocks.
-/// - An object is attached to its owner as soon as it exists and then filled, so a malformed block
-///   leaves a partly filled object.
+/// - An object is attached to its owner behind its first fields, at the latest ahead of its
+/// options,
+///   so a malformed block leaves a partly filled object.
 ///
 /// A reader serves one `readFile`.
 class PhA2l : public PhReader
@@ -128,11 +129,15 @@ private:
     void dropFields(int count);
     int afterRun(PhTokenValue& value, int code);
     int parseNameList(PhTokenValue& value, int keyword, const char* format = endExpected);
-    int parseOpenRun(PhTokenValue& value, int code, int keyword, const char* format = endExpected);
+    int parseOpenRun(PhTokenValue& value, int runCode, int keyword,
+                     const char* format = endExpected);
     int expectEnd(PhTokenValue& value, int keyword, const char* format = endExpected);
     int expectClosed(PhTokenValue& value, int code, int keyword);
     template <class Option> int parseOptionsUpToEnd(PhTokenValue& value, Option option);
     template <class Option> int parseOptions(PhTokenValue& value, int keyword, Option option);
+    template <class Option>
+    int parseSection(PhTokenValue& value, const PhKeywordTable& keywords, const char* name,
+                     Option option);
     template <class Enumeration>
     Enumeration readWord(PhTokenValue& value, Enumeration (*meaning)(int code));
     PhValue* createValue(int code, const PhTokenValue& value);
@@ -218,7 +223,7 @@ private:
 
     const PhKeywordTable* keywords_ =
         &coreKeywords;        ///< The vocabulary that names are looked up in.
-    std::uint32_t line_ = 1;  ///< Line of the last character read.
+    std::uint32_t line_ = 1;  ///< Line of the last character read; may wrap in a huge file.
     SourceStream file_;       ///< Open during `readFile` only.
     std::string_view token_;  ///< The text of the token read last.
     std::string tokenBuffer_; ///< Holds that text if it differs from what stands in the file.
@@ -230,7 +235,9 @@ private:
 
 /// The options of a block up to its `/end`. `option` gets the code of the current token and gives
 /// the code of the token behind the option, which is the current token then, or T_ERROR. The result
-/// is T_END or T_ERROR.
+/// is T_END or T_ERROR. A failure of the lexer ends the block in silence behind an option, but is
+/// an unexpected token where the first option would stand: there it goes to `option` like any
+/// other.
 template <class Option> int PhA2l::parseOptionsUpToEnd(PhTokenValue& value, Option option)
 {
     int code = nextToken(value);
@@ -247,6 +254,20 @@ template <class Option> int PhA2l::parseOptions(PhTokenValue& value, int keyword
 {
     const int code = parseOptionsUpToEnd(value, option);
     return code == T_END ? expectEnd(value, keyword) : code;
+}
+
+/// The same for an IF_DATA section with a vocabulary of its own. Its `/end` belongs to that
+/// vocabulary, and the word behind it to the core again.
+template <class Option>
+int PhA2l::parseSection(PhTokenValue& value, const PhKeywordTable& keywords, const char* name,
+                        Option option)
+{
+    const auto code = [&] {
+        const VocabularyScope words(*this, keywords);
+        progress("  Parse IF_DATA %s\n", name);
+        return parseOptionsUpToEnd(value, option);
+    }();
+    return code == T_END ? expectEnd(value, T_IF_DATA) : code;
 }
 
 /// Reads an enumerated field, to which `meaning` gives a value. A word without a meaning leaves the

@@ -64,7 +64,7 @@ template <std::size_t Size> constexpr bool codesDiffer(const PhKeywordEntry (&en
 template <std::size_t Size> constexpr bool wordsFit(const PhKeywordEntry (&entries)[Size])
 {
     return std::all_of(entries, entries + Size - 1, [](const PhKeywordEntry& entry) {
-        return std::string_view(entry.text).size() <= 63;
+        return std::string_view(entry.text).size() <= PhKeywordTable::longest;
     });
 }
 

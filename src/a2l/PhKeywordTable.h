@@ -38,6 +38,9 @@ std::uint32_t keywordHash(std::string_view text);
 class PhKeywordTable
 {
 public:
+    /// No keyword is longer than this.
+    static constexpr std::size_t longest = 63;
+
     /// `entries` stays the caller's and outlives the table. The hash gets `size` + 1 slots, which
     /// must be more than there are rows; without memory for it, look-ups walk the rows.
     PhKeywordTable(const PhKeywordEntry* entries, std::int32_t size);
@@ -50,9 +53,6 @@ public:
     void rebuild();
 
 private:
-    /// No keyword is longer than this.
-    static constexpr std::size_t longest = 63;
-
     bool mayHold(std::string_view text) const;
 
     const PhKeywordEntry* entries_;

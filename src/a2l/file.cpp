@@ -24,7 +24,8 @@ int PhA2l::readFile(PhRoot* root)
     byteOrder_ = PhEndian::Undefined;
     if (const int status = openFile())
         return status;
-    expectBlocks(file_.size() / 2); // of a description whose half is dropped
+    // The model of a usual description takes more than half the size of the file.
+    expectBlocks(file_.size() / 2);
     PhTokenValue value = {};
     int code = nextToken(value);
     do

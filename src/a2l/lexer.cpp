@@ -109,7 +109,7 @@ int PhA2l::skipBlanks()
 /// Called behind the opening of a comment. False, with an error, if it has no end.
 bool PhA2l::skipComment()
 {
-    const auto startLine = static_cast<int>(line_);
+    const int startLine = line();
     for (;;) {
         file_.skipRun(InComment);
         const int character = file_.take();
@@ -257,15 +257,15 @@ int PhA2l::scanHexadecimal()
     file_.advance();
     file_.beginText();
     const bool name = is(file_.skipRun(HexDigit), Letter);
-    finishText(T_IDENTIFIER, name ? InName : 0);
+    if (name)
+        file_.skipRun(InName);
+    token_ = file_.text();
     if (negative) {
         tokenBuffer_ = '-';
         tokenBuffer_ += token_;
         token_ = tokenBuffer_;
     }
-    if (name)
-        return T_IDENTIFIER;
-    return ScannedHexadecimal;
+    return name ? int{T_IDENTIFIER} : int{ScannedHexadecimal};
 }
 
 /// A number came to nothing at the character in hand.

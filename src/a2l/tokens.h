@@ -26,7 +26,6 @@ enum CoreToken : int
 };
 
 #define TAVO_KEYWORD(enumerator, word) enumerator,
-#define TAVO_KEYWORD_WITH_CODE(enumerator, word, code) enumerator = code,
 
 namespace enumWord {
 enum : int
@@ -57,6 +56,7 @@ enum : int
 } // namespace xcp
 
 #define TAVO_KEYWORD(enumerator, word) enumerator,
+#define TAVO_KEYWORD_WITH_CODE(enumerator, word, code) enumerator = code,
 
 namespace kwp {
 enum : int

@@ -69,7 +69,7 @@ void tellToken(const PhKeywordTable& keywords, const PhTokenValue& value, int co
     if (const char* keyword = keywords.keywordName(code))
         put(words.keyword, keyword);
     else if (code == T_EOF)
-        put(words.end, "");
+        put(words.end, ""); // a format without a place for it
     else if (code == T_STRING)
         put(words.string, ShownText(value.text).get());
     else if (code == T_IDENTIFIER)

@@ -55,6 +55,7 @@ int PhA2l::parseCompuMethod(PhGroup* group, PhTokenValue& value)
             return nextToken(value);
         case T_COMPU_TAB_REF: {
             PhConversion* table = conversionByName(group, readText(value));
+            // Itself would be a circle. It stands in the group's list, so nothing is lost here.
             if (table != conversion.get())
                 conversion->setConversion(table);
             return nextToken(value);

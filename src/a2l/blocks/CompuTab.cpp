@@ -99,10 +99,18 @@ bool PhA2l::readRow(PhRange* row, int keyword)
     PhValue lower;
     PhValue upper;
     PhValue result;
-    const bool complete = keyword == T_COMPU_TAB ? readDouble(lower) && readDouble(result)
-                          : keyword == T_COMPU_VTAB
-                              ? readRounded(lower) && readString(result)
-                              : readDouble(lower) && readDouble(upper) && readString(result);
+    bool complete = false;
+    switch (keyword) {
+    case T_COMPU_TAB:
+        complete = readDouble(lower) && readDouble(result);
+        break;
+    case T_COMPU_VTAB:
+        complete = readRounded(lower) && readString(result);
+        break;
+    default:
+        complete = readDouble(lower) && readDouble(upper) && readString(result);
+        break;
+    }
     if (!complete)
         return false;
     row->setLowerLimitFlag(1);

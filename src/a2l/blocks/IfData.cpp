@@ -30,7 +30,7 @@ int PhA2l::parseIfData(PhObject* owner, PhTokenValue& value)
 
 /// The comm param of this name in the group `owner`, made if there is none yet. Another owner has
 /// no place for one: it gives a new one that stands nowhere, so that what is read into it is
-/// dropped.
+/// dropped. Nobody holds that one yet, so the caller does.
 PhCommParam* PhA2l::commParamOf(PhObject* owner, const PhString& name, PhProtocol protocol)
 {
     PhGroup* group =

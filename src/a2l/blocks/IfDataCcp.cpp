@@ -46,28 +46,22 @@ void appendInteger(PhList* list, const char* name, std::int32_t number)
 /// /begin block } /end IF_DATA
 int PhA2l::parseIfDataCcp(PhObject* owner, PhTokenValue& value)
 {
-    int code = T_ERROR;
-    {
-        const VocabularyScope words(*this, ccpKeywords);
-        progress("  Parse IF_DATA ASAP1B_CCP\n");
-        code = parseOptionsUpToEnd(value, [&](int option) {
-            switch (option) {
-            case ccp::T_ADDRESS_MAPPING:
-            case ccp::T_DP_BLOB:
-                return afterFields(value, 3);
-            case ccp::T_KP_BLOB:
-                option = afterFields(value, 3);
-                while (option == ccp::T_RASTER)
-                    option = afterFields(value, 1);
-                return option;
-            case T_BEGIN:
-                return parseCcpBlock(owner, value);
-            default:
-                return unexpectedToken(value, option);
-            }
-        });
-    }
-    return code == T_END ? expectEnd(value, T_IF_DATA) : code;
+    return parseSection(value, ccpKeywords, "ASAP1B_CCP", [&](int code) {
+        switch (code) {
+        case ccp::T_ADDRESS_MAPPING:
+        case ccp::T_DP_BLOB:
+            return afterFields(value, 3);
+        case ccp::T_KP_BLOB:
+            code = afterFields(value, 3);
+            while (code == ccp::T_RASTER)
+                code = afterFields(value, 1);
+            return code;
+        case T_BEGIN:
+            return parseCcpBlock(owner, value);
+        default:
+            return unexpectedToken(value, code);
+        }
+    });
 }
 
 /// The block behind a /begin in an IF_DATA ASAP1B_CCP. It makes the comm param, whatever it is.
@@ -125,7 +119,7 @@ int PhA2l::parseCcpQpBlob(bool begun, PhTokenValue& value)
     dropFields(1);
     progress("  Parse IF_DATA ASAP1B_CCP/SOURCE/QP_BLOB\n");
     int code = nextToken(value);
-    while (code != T_END && code != T_ERROR) {
+    while (code != T_END && code != T_ERROR) { // a failure of the lexer ends it in silence
         switch (code) {
         case ccp::T_LENGTH:
         case ccp::T_CAN_ID_FIXED:
@@ -155,7 +149,7 @@ int PhA2l::parseCcpRaster(PhCommParam* commParam, PhTokenValue& value)
     raster->setChannel(new PhValue(readInteger(value)));
     const std::int32_t scalingUnit = readInteger(value);
     // The codes begin at a microsecond.
-    setRate(raster.get(), scalingUnit, PhTimeUnit::Microseconds, readInteger(value));
+    setCodedRate(raster.get(), scalingUnit, PhTimeUnit::Microseconds, readInteger(value));
     progress("  Parse IF_DATA ASAP1B_CCP/RASTER\n");
     return parseOptions(value, ccp::T_RASTER, [&](int code) {
         return code == ccp::T_EXCLUSIVE ? afterFields(value, 1) : unexpectedToken(value, code);
@@ -187,7 +181,7 @@ int PhA2l::parseCcpEventGroup(PhCommParam* commParam, PhTokenValue& value)
 /// SEED_KEY [ "cal" [ "daq" [ "pgm" ] ] ] /end SEED_KEY
 int PhA2l::parseCcpSeedKey(PhCommParam* commParam, PhTokenValue& value)
 {
-    int code = T_EOF;
+    int code = T_NONE;
     for (const char* property :
          {"seed_key_dll_name_cal", "seed_key_dll_name_daq", "seed_key_dll_name_pgm"}) {
         code = nextToken(value);

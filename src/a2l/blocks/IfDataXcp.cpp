@@ -13,15 +13,9 @@ namespace tavo {
 /// IF_DATA XCP { /begin block } /end IF_DATA
 int PhA2l::parseIfDataXcp(PhObject* owner, PhTokenValue& value)
 {
-    int code = T_ERROR;
-    {
-        const VocabularyScope words(*this, xcpKeywords);
-        progress("  Parse IF_DATA XCP\n");
-        code = parseOptionsUpToEnd(value, [&](int option) {
-            return option == T_BEGIN ? parseXcpBlock(owner, value) : unexpectedToken(value, option);
-        });
-    }
-    return code == T_END ? expectEnd(value, T_IF_DATA) : code;
+    return parseSection(value, xcpKeywords, "XCP", [&](int code) {
+        return code == T_BEGIN ? parseXcpBlock(owner, value) : unexpectedToken(value, code);
+    });
 }
 
 /// The block behind a /begin in an IF_DATA XCP. It makes the comm param, whatever it is.
@@ -180,7 +174,7 @@ int PhA2l::parseXcpEvent(PhCommParam* commParam, PhTokenValue& value)
     dropFields(2); // direction and number of DAQ lists
     const std::int32_t cycle = readInteger(value);
     // The codes begin at a nanosecond.
-    setRate(raster.get(), readInteger(value), PhTimeUnit::Nanoseconds, cycle);
+    setCodedRate(raster.get(), readInteger(value), PhTimeUnit::Nanoseconds, cycle);
     const int code = afterFields(value, 1); // behind the priority
     return code == T_END ? expectEnd(value, xcp::T_EVENT) : code;
 }

@@ -102,6 +102,7 @@ int PhA2l::parseMeasurementOption(PhEntity* entity, PhTokenValue& value, int cod
 {
     switch (code) {
     case T_ECU_ADDRESS:
+        // One that is no address leaves the one that was given before.
         if (PhValue* address = readAddress(value))
             entity->setAddress(address);
         return nextToken(value);

@@ -4,7 +4,7 @@
 
 namespace tavo {
 
-void setRate(PhRaster* raster, std::int32_t code, PhTimeUnit shortest, std::int32_t rate)
+void setCodedRate(PhRaster* raster, std::int32_t code, PhTimeUnit shortest, std::int32_t rate)
 {
     // The units are numbered from the second down, so each step of three powers is one less.
     const auto steps =
