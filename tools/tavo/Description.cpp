@@ -13,6 +13,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 namespace tavo {
@@ -36,16 +37,33 @@ void warnOfConversions(const PhGroup& module, const std::string& file, Diagnosti
     }
 }
 
+/// The system's error number of reading the file on from here; 0 if there's none. For a reader, a
+/// file that can't be read on has ended.
+int readErrorAt(const std::string& file, std::uint64_t offset)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(file, ignored))
+        return 0; // What is gone from a pipe doesn't come a second time.
+    std::ifstream stream(file, std::ios::binary);
+    stream.seekg(static_cast<std::streamoff>(offset));
+    errno = 0;
+    stream.get();
+    return stream.bad() ? errno : 0;
+}
+
 } // namespace
 
 ExitCode Description::read(Diagnostics& diagnostics)
 {
     Progress progress(diagnostics.console(), file_);
-    const int status = runReader(file_, diagnostics, [&](PhA2l& reader) {
-        if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
-            reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
-        return reader.readFile(&root_);
-    });
+    const bool showsProgress =
+        diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal;
+    const int status = runReader(
+        file_, diagnostics, [&](PhA2l& reader) { return reader.readFile(&root_); },
+        [&](std::uint64_t bytesRead) {
+            if (showsProgress)
+                progress.advance(bytesRead);
+        });
     if (status != 0)
         return ExitCode::DescriptionFailed;
     root_.resolve();
@@ -70,7 +88,8 @@ void Description::warnOfModel(Diagnostics& diagnostics) const
 }
 
 int runReader(const std::string& file, Diagnostics& diagnostics,
-              const std::function<int(PhA2l&)>& operation)
+              const std::function<int(PhA2l&)>& operation,
+              const std::function<void(std::uint64_t)>& watch)
 {
     std::error_code ignored;
     // A folder can be opened, and ends at once.
@@ -79,10 +98,17 @@ int runReader(const std::string& file, Diagnostics& diagnostics,
     PhA2l reader(file.c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
+    std::uint64_t bytesRead = 0;
+    reader.setWatch([&](std::uint64_t bytes) {
+        bytesRead = bytes;
+        watch(bytes);
+    });
     errno = 0;
     const int status = operation(reader);
     if (status == -2)
         throw systemFailure(file, errno);
+    if (const int error = readErrorAt(file, bytesRead))
+        throw systemFailure(file, error);
     return status;
 }
 

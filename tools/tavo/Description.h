@@ -3,6 +3,7 @@
 #include "Failure.h"
 #include "topology/PhRoot.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -19,7 +20,7 @@ public:
     explicit Description(const std::string& file) : file_(file) {}
 
     /// Reads the file and resolves its names. `AllWell` or `DescriptionFailed`, and what was wrong
-    /// has gone to `diagnostics`. Throws a `Failure` for a file that can't be opened.
+    /// has gone to `diagnostics`. Throws a `Failure` for a file that can't be opened or read.
     ExitCode read(Diagnostics& diagnostics);
 
     PhRoot& root() { return root_; }
@@ -35,8 +36,10 @@ private:
 };
 
 /// Runs an operation of a reader on the file, with the diagnostics as its logger, and gives the
-/// status of the operation. Throws a `Failure` for a file that can't be opened.
+/// status of the operation. `watch` is told how many bytes were read, after each block. Throws a
+/// `Failure` for a file that can't be opened or not be read to its end.
 int runReader(const std::string& file, Diagnostics& diagnostics,
-              const std::function<int(PhA2l&)>& operation);
+              const std::function<int(PhA2l&)>& operation,
+              const std::function<void(std::uint64_t)>& watch);
 
 } // namespace tavo

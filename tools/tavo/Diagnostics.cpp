@@ -66,10 +66,7 @@ void Diagnostics::report(const Severity& severity, const char* format, std::va_l
     const std::string file = va_arg(arguments, const char*);
     const int line = va_arg(arguments, int);
     const char* text = va_arg(arguments, const char*);
-    std::string source = printable(sources_.line(file, line));
-    if (!source.empty())
-        source = "    " + source + "\n";
-    put(severity, file + ":" + std::to_string(line), text, source);
+    put(severity, file + ":" + std::to_string(line), text, printable(sources_.line(file, line)));
 }
 
 void Diagnostics::warnAbout(const std::string& file, const std::string& text)
@@ -82,20 +79,23 @@ void Diagnostics::warnOfProgram(const std::string& text) { put(warningSeverity, 
 void Diagnostics::failProgram(const std::string& text) { put(errorSeverity, "tavo", text); }
 
 void Diagnostics::put(const Severity& severity, const std::string& place, const std::string& text,
-                      const std::string& source)
+                      const std::string& sourceLine)
 {
     const bool isError = &severity == &errorSeverity;
     ++(isError ? errorCount_ : warningCount_);
     if (!isError && volume_ == Volume::Quiet)
         return;
+    const bool colored = console_.hasColors();
     std::string lines;
-    const auto add = [&](const char* color, const std::string& part) {
-        lines += console_.hasColors() ? color + part + plain : part;
+    const auto add = [&](const char* color, std::string_view part) {
+        lines.append(colored ? color : "").append(part).append(":");
+        lines.append(colored ? plain : "").append(" ");
     };
-    add(bold, printable(place) + ":");
-    lines += " ";
-    add(severity.color, std::string(severity.word) + ":");
-    lines += " " + printable(text) + "\n" + source;
+    add(bold, printable(place));
+    add(severity.color, severity.word);
+    lines.append(printable(text)).append("\n");
+    if (!sourceLine.empty())
+        lines.append("    ").append(sourceLine).append("\n");
     console_.write(lines);
 }
 

@@ -50,9 +50,9 @@ private:
     static const Severity errorSeverity;
 
     void report(const Severity& severity, const char* format, std::va_list arguments);
-    /// One diagnostic with, in `source`, the lines to put below it.
+    /// One diagnostic, with the line of the description below it unless it is "".
     void put(const Severity& severity, const std::string& place, const std::string& text,
-             const std::string& source = {});
+             const std::string& sourceLine = {});
 
     Console& console_;
     Volume volume_;
