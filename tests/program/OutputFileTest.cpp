@@ -1,12 +1,9 @@
 #include "OutputFile.h"
 
 #include "Failure.h"
-#include "support/files.h"
-
-#include <gtest/gtest.h>
+#include "Program.h"
 
 #include <csignal>
-#include <filesystem>
 #include <sys/stat.h>
 
 using namespace tavo;
@@ -15,73 +12,65 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::size_t fileCount(const std::string& folder)
+class OutputFileTest : public ProgramTest
 {
-    return static_cast<std::size_t>(
-        std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-}
-
-TEST(OutputFileTest, LeavesTheOldFileUntilTheNewOneIsComplete)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("a.ini");
-    writeFile(path, "old");
+protected:
+    /// Writes a file, and gives the bits of its mode.
+    unsigned written(const std::string& name) const
     {
-        OutputFile given_up(path);
-        given_up.stream().put("new");
-    }
-    EXPECT_EQ(readFile(path), "old");
-    EXPECT_EQ(fileCount(folder.path("")), 1U);
-    {
-        OutputFile file(path);
+        OutputFile file(path(name));
         file.stream().put("new");
-        EXPECT_EQ(readFile(path), "old");
         file.commit();
+        EXPECT_EQ(content(name), "new");
+        return static_cast<unsigned>(fs::status(path(name)).permissions());
     }
-    EXPECT_EQ(readFile(path), "new");
-    EXPECT_EQ(fileCount(folder.path("")), 1U);
+};
+
+TEST_F(OutputFileTest, StandsThereOnceItIsComplete)
+{
+    write("a.ini", "old");
+    {
+        OutputFile givenUp(path("a.ini"));
+        givenUp.stream().put("new");
+    }
+    EXPECT_EQ(content("a.ini"), "old");
+    EXPECT_EQ(names(), "a.ini ");
+    written("a.ini");
+    EXPECT_EQ(names(), "a.ini ");
 }
 
-TEST(OutputFileTest, GivesTheModeThatTheUserExpects)
+TEST_F(OutputFileTest, HasTheModeThatTheUserExpects)
 {
-    const TemporaryFolder folder;
     const mode_t former = umask(027);
-    const auto modeBehindWriting = [&](const std::string& path) {
-        OutputFile file(path);
-        file.commit();
-        return static_cast<unsigned>(fs::status(path).permissions());
-    };
-    EXPECT_EQ(modeBehindWriting(folder.path("fresh.ini")), 0640U);
+    EXPECT_EQ(written("fresh.ini"), 0640U);
     umask(former);
-    writeFile(folder.path("old.ini"), "");
-    fs::permissions(folder.path("old.ini"), fs::perms(0604));
-    EXPECT_EQ(modeBehindWriting(folder.path("old.ini")), 0604U);
+    write("old.ini", "");
+    fs::permissions(path("old.ini"), fs::perms(0604));
+    EXPECT_EQ(written("old.ini"), 0604U);
 }
 
-TEST(OutputFileTest, ReplacesWhatALinkLeadsTo)
+TEST_F(OutputFileTest, ReplacesWhatALinkLeadsTo)
 {
-    const TemporaryFolder folder;
-    fs::create_directory(folder.path("elsewhere"));
-    writeFile(folder.path("elsewhere/real.ini"), "old");
-    fs::create_symlink("elsewhere/real.ini", folder.path("link.ini"));
-    OutputFile file(folder.path("link.ini"));
-    file.stream().put("new");
-    file.commit();
-    EXPECT_TRUE(fs::is_symlink(folder.path("link.ini")));
-    EXPECT_EQ(readFile(folder.path("elsewhere/real.ini")), "new");
+    fs::create_directory(path("elsewhere"));
+    write("elsewhere/real.ini", "old");
+    fs::create_symlink("elsewhere/real.ini", path("link.ini"));
+    written("link.ini");
+    EXPECT_TRUE(fs::is_symlink(path("link.ini")));
+    EXPECT_EQ(content("elsewhere/real.ini"), "new");
 }
 
-TEST(OutputFileDeathTest, ASignalTakesTheTemporaryFileAlong)
+using OutputFileDeathTest = OutputFileTest;
+
+TEST_F(OutputFileDeathTest, ASignalTakesTheTemporaryFileAlong)
 {
-    const TemporaryFolder folder;
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         const auto dieWhileWriting = [&] {
-            OutputFile file(folder.path("a.ini"));
-            if (fileCount(folder.path("")) == 1)
+            OutputFile file(path("a.ini"));
+            if (names().starts_with(".tavo-"))
                 std::raise(signal);
         };
         EXPECT_EXIT(dieWhileWriting(), testing::KilledBySignal(signal), "");
-        EXPECT_EQ(fileCount(folder.path("")), 0U);
+        EXPECT_EQ(names(), "");
     }
 }
 

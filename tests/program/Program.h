@@ -1,19 +1,13 @@
 #pragma once
 
-#include <filesystem>
+#include "support/files.h"
+
+#include <functional>
+#include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 #include <sys/types.h>
 #include <vector>
-
-/// How the program is run. By default it writes to pipes.
-struct Setting
-{
-    std::filesystem::path folder;         ///< The current one; "" keeps that of the test.
-    std::vector<std::string> environment; ///< Added variables, as NAME=VALUE.
-    std::string standardOutput;           ///< A file to write to instead.
-    bool onTerminal = false;              ///< The standard error is a terminal.
-    long fileSizeLimit = 0;               ///< A write beyond it fails; 0 for none.
-};
 
 /// What the program gave.
 struct ProgramRun
@@ -23,23 +17,31 @@ struct ProgramRun
     std::string err;
 };
 
-/// The program while it runs.
-class RunningProgram
+/// Runs the program in a folder of its own.
+class ProgramTest : public testing::Test
 {
-public:
-    explicit RunningProgram(const std::vector<std::string>& arguments, const Setting& setting = {});
-    ~RunningProgram();
-    RunningProgram(const RunningProgram&) = delete;
-    RunningProgram& operator=(const RunningProgram&) = delete;
+protected:
+    std::string path(const std::string& name) const { return folder_.path(name); }
+    std::string content(const std::string& name) const { return readFile(path(name)); }
+    void write(const std::string& name, std::string_view bytes) const
+    {
+        writeFile(path(name), bytes);
+    }
+    /// The names of what stands in a folder of this folder, sorted, each with a blank behind it.
+    std::string names(const std::string& folder = "") const;
 
-    void sendSignal(int number) const;
-    /// Waits until the program and all processes that it has started are over.
-    ProgramRun finish();
+    /// Runs `tavo` with these words, between which blanks stand, and waits until it and all
+    /// processes that it has started are over. `meanwhile` gets the number of the process.
+    ProgramRun tavo(const std::string& words,
+                    const std::function<void(pid_t)>& meanwhile = {}) const;
+
+    std::vector<std::string> environment_; ///< Added variables, as NAME=VALUE.
+    std::string standardOutput_;           ///< A file to write to, instead of `ProgramRun::out`.
+    bool onTerminal_ = false;              ///< The standard error is a terminal, else a pipe.
+    unsigned long fileSizeLimit_ = 0;      ///< A write beyond it fails; 0 for none.
 
 private:
-    pid_t process_ = 0;
-    int out_ = -1;
-    int err_ = -1;
-};
+    [[noreturn]] void becomeProgram(const std::string& words) const;
 
-ProgramRun run(const std::vector<std::string>& arguments, const Setting& setting = {});
+    TemporaryFolder folder_;
+};

@@ -1,141 +1,100 @@
 #include "Program.h"
 #include "support/conversion.h"
-#include "support/files.h"
-
-#include <gtest/gtest.h>
-
-#include <filesystem>
 
 namespace {
 
-/// A folder with a good, a doubtful and a faulty description.
-class CommandLineTest : public testing::Test
+/// With a good, a doubtful and a faulty description, and one whose faults the reading gets over.
+class CommandLineTest : public ProgramTest
 {
 protected:
     CommandLineTest()
     {
-        writeFile(folder_.path("good.a2l"), inModule(""));
-        writeFile(folder_.path("warned.a2l"), inModule("/include x"));
-        // The string ends at the byte FF, and the reading goes on behind it.
-        writeFile(folder_.path("odd.a2l"), inModule("/begin A2ML \"\xFF /end A2ML"));
-        writeFile(folder_.path("bad.a2l"), inModule("x"));
-        setting_.folder = folder_.path("");
+        write("good.a2l", withMeasurement(""));
+        write("warned.a2l", inModule("/include x"));
+        // The text ends at the byte FF, and the reading goes on behind it.
+        write("odd.a2l", inModule("/begin A2ML \"\xFF /end A2ML"));
+        write("bad.a2l", inModule("x"));
     }
-
-    TemporaryFolder folder_;
-    Setting setting_;
 };
 
-TEST_F(CommandLineTest, GivesTheDocumentedExitCodes)
+TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
 {
+    const std::string conversion = "good.a2l: warning: Conversion 'c' of measurement 'n'";
     struct
     {
-        std::vector<std::string> arguments;
+        const char* words;
         int exitCode;
+        std::string said; ///< How the standard error begins; "" for nothing at all.
     } cases[] = {
-        {{"--help"}, 0},
-        {{"--version"}, 0},
-        {{"convert", "--help"}, 0},
-        {{"convert", "good.a2l"}, 0},
-        {{"convert", "warned.a2l"}, 0},
-        {{"convert", "odd.a2l"}, 0},
-        {{"check", "good.a2l", "warned.a2l"}, 0},
-        {{"list", "good.a2l"}, 0},
-        {{"list", "good.a2l", "--match", "nothing"}, 0},
-        {{"tokens", "bad.a2l"}, 0},
-        {{"convert", "bad.a2l"}, 1},
-        {{"check", "good.a2l", "bad.a2l"}, 1},
-        {{"check", "bad.a2l", "good.a2l"}, 1},
-        {{"check", "odd.a2l"}, 1},
-        {{"list", "bad.a2l"}, 1},
-        {{"tokens", "odd.a2l"}, 1},
-        {{}, 2},
-        {{"unknown"}, 2},
-        {{"--unknown"}, 2},
-        {{"convert"}, 2},
-        {{"convert", "good.a2l", "--unknown"}, 2},
-        {{"convert", "good.a2l", "--output-dir"}, 2},
-        {{"convert", "good.a2l", "--jobs", "0"}, 2},
-        {{"convert", "good.a2l", "--jobs", "many"}, 2},
-        {{"check"}, 2},
-        {{"check", "-q", "-v", "good.a2l"}, 2},
-        {{"list"}, 2},
-        {{"list", "good.a2l", "good.a2l"}, 2},
-        {{"list", "good.a2l", "--format", "xml"}, 2},
-        {{"tokens"}, 2},
-        {{"convert", "nowhere.a2l"}, 3},
-        {{"convert", "."}, 3},
-        {{"check", "nowhere.a2l", "bad.a2l"}, 3},
-        {{"list", "nowhere.a2l"}, 3},
-        {{"tokens", "nowhere.a2l"}, 3},
-        {{"tokens", "."}, 3},
+        {"--help", 0, ""},
+        {"--version", 0, ""},
+        {"convert good.a2l", 0, conversion},
+        {"convert -q warned.a2l", 0, ""},
+        {"convert odd.a2l", 0, "odd.a2l:3: error: Unexpected EOF in string"},
+        {"check good.a2l warned.a2l", 0, conversion},
+        {"list good.a2l", 0, conversion},
+        {"tokens bad.a2l", 0, ""},
+        {"convert bad.a2l", 1, "bad.a2l:3: error: "},
+        {"check -q good.a2l bad.a2l", 1, "bad.a2l:3: error: "},
+        {"check bad.a2l good.a2l", 1, "bad.a2l:3: error: "},
+        {"check odd.a2l", 1, "odd.a2l:3: error: "},
+        {"list bad.a2l", 1, "bad.a2l:3: error: "},
+        {"tokens odd.a2l", 1, "odd.a2l:3: error: "},
+        {"", 2, "tavo: error: A command is required (see 'tavo --help')\n"},
+        {"unknown", 2, "tavo: error: There is no command 'unknown' (see 'tavo --help')\n"},
+        {"convert", 2, "tavo: error: INPUT is required (see 'tavo convert --help')\n"},
+        {"convert good.a2l --unknown", 2, "tavo: error: "},
+        {"convert good.a2l --jobs 0", 2, "tavo: error: --jobs: "},
+        {"convert good.a2l --jobs many", 2, "tavo: error: "},
+        {"check", 2, "tavo: error: FILE is required"},
+        {"check -q -v good.a2l", 2, "tavo: error: "},
+        {"list good.a2l good.a2l", 2, "tavo: error: "},
+        {"list good.a2l --format xml", 2,
+         "tavo: error: --format: 'xml' is none of table, csv and json (see 'tavo list --help')\n"},
+        {"convert nowhere.a2l", 3, "tavo: error: nowhere.a2l: No such file or directory\n"},
+        {"convert .", 3, "tavo: error: .: Is a directory\n"},
+        {"check nowhere.a2l bad.a2l", 3, "tavo: error: nowhere.a2l: No such file"},
+        {"tokens .", 3, "tavo: error: .: Is a directory\n"},
+        // Nothing stands at the address 0, where the reading of this file begins.
+        {"tokens /proc/self/mem", 3, "tavo: error: /proc/self/mem: Input/output error\n"},
     };
     for (const auto& c : cases) {
-        const ProgramRun result = run(c.arguments, setting_);
-        std::string words;
-        for (const std::string& argument : c.arguments)
-            words += " " + argument;
-        EXPECT_EQ(result.exitCode, c.exitCode) << words << "\n" << result.err;
-        // The program's own complaints say so, and name a reason.
-        if (c.exitCode >= 2) {
-            EXPECT_EQ(result.err.rfind("tavo: error: ", 0), 0U) << words << "\n" << result.err;
-        }
+        const ProgramRun run = tavo(c.words);
+        EXPECT_EQ(run.exitCode, c.exitCode) << c.words << "\n" << run.err;
+        EXPECT_EQ(run.err.substr(0, c.said.empty() ? 1 : c.said.size()), c.said) << c.words;
     }
-}
-
-TEST_F(CommandLineTest, NamesTheReasonOfItsFailure)
-{
-    EXPECT_EQ(run({"tokens", "nowhere.a2l"}, setting_).err,
-              "tavo: error: nowhere.a2l: No such file or directory\n");
-    EXPECT_EQ(run({"list", "."}, setting_).err, "tavo: error: .: Is a directory\n");
-    EXPECT_EQ(run({"unknown"}, setting_).err,
-              "tavo: error: There is no command 'unknown' (see 'tavo --help')\n");
-    EXPECT_EQ(run({"list", "good.a2l", "--format", "xml"}, setting_).err,
-              "tavo: error: --format: 'xml' is none of table, csv and json "
-              "(see 'tavo list --help')\n");
 }
 
 TEST_F(CommandLineTest, AFullStandardOutputIsAnError)
 {
-    setting_.standardOutput = "/dev/full";
-    const std::vector<std::vector<std::string>> cases = {{"--help"},
-                                                         {"--version"},
-                                                         {"convert", "warned.a2l", "-"},
-                                                         {"check", "good.a2l"},
-                                                         {"list", "full.a2l"},
-                                                         {"tokens", "good.a2l"}};
-    writeFile(folder_.path("full.a2l"), withMeasurement(""));
-    writeFile(folder_.path("warned.a2l"), withMeasurement(""));
-    for (const std::vector<std::string>& arguments : cases) {
-        const ProgramRun result = run(arguments, setting_);
-        EXPECT_EQ(result.exitCode, 3) << arguments[0];
-        EXPECT_NE(result.err.find("tavo: error: standard output: No space left on device\n"),
-                  std::string::npos)
-            << arguments[0] << "\n"
-            << result.err;
+    standardOutput_ = "/dev/full";
+    for (const char* words : {"--help", "--version", "convert -q good.a2l -", "check -v bad.a2l",
+                              "list -q good.a2l", "tokens good.a2l"}) {
+        const ProgramRun run = tavo(words);
+        EXPECT_EQ(run.exitCode, 3) << words;
+        EXPECT_TRUE(run.err.ends_with("tavo: error: standard output: No space left on device\n"))
+            << words << "\n"
+            << run.err;
     }
 }
 
 TEST_F(CommandLineTest, CheckCountsWhatItFinds)
 {
-    const std::string example = std::string(TAVO_EXAMPLES_FOLDER) + "/engine.a2l";
-    EXPECT_EQ(run({"check", "good.a2l", "warned.a2l", "odd.a2l", "bad.a2l"}, setting_).out,
-              "good.a2l: 0 interfaces, 0 sources, 0 measurements; 0 errors, 0 warnings\n"
+    std::filesystem::copy(TAVO_EXAMPLES_FOLDER, path(""));
+    EXPECT_EQ(tavo("check engine.a2l good.a2l warned.a2l odd.a2l bad.a2l").out,
+              "engine.a2l: 2 interfaces, 13 sources, 177 measurements; 0 errors, 0 warnings\n"
+              "good.a2l: 0 interfaces, 0 sources, 1 measurement; 0 errors, 1 warning\n"
               "warned.a2l: 0 interfaces, 0 sources, 0 measurements; 0 errors, 1 warning\n"
               "odd.a2l: 0 interfaces, 0 sources, 0 measurements; 1 error, 0 warnings\n"
               "bad.a2l: 1 error, 0 warnings\n");
-    EXPECT_EQ(run({"check", example}).out,
-              example + ": 2 interfaces, 13 sources, 177 measurements; 0 errors, 0 warnings\n");
-    EXPECT_EQ(run({"check", "-q", "good.a2l", "bad.a2l"}, setting_).out, "");
+    EXPECT_EQ(tavo("check -q good.a2l bad.a2l").out, "");
 }
 
 TEST_F(CommandLineTest, TokensComeAsTheReaderLogsThem)
 {
-    writeFile(folder_.path("t.a2l"), "/begin a \"b\xFC\" 7 0.5 $ /* c */ VERSION");
-    const ProgramRun result = run({"tokens", "t.a2l"}, setting_);
-    EXPECT_EQ(result.out, "print_tokens ()\n[/begin]\n'a'\n\"b\xFC\"\n7\n0.500000\nt=36\n"
-                          "[VERSION]\nEOF\n");
-    EXPECT_EQ(result.err, "");
+    write("t.a2l", "/begin a \"b\xFC\" 7 0.5 $ /* c */ VERSION");
+    EXPECT_EQ(tavo("tokens t.a2l").out,
+              "print_tokens ()\n[/begin]\n'a'\n\"b\xFC\"\n7\n0.500000\nt=36\n[VERSION]\nEOF\n");
 }
 
 } // namespace

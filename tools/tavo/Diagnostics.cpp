@@ -22,6 +22,9 @@ namespace {
 /// How a reader reports. Its arguments are the file, the line and the text.
 constexpr std::string_view readerFormat = "File '%s', Line %d: %s\n";
 
+/// Some texts of a reader begin so, and shall not say it twice.
+constexpr std::string_view repeatedWord = "Error: ";
+
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
 
@@ -65,8 +68,11 @@ void Diagnostics::report(const Severity& severity, const char* format, std::va_l
     }
     const std::string file = va_arg(arguments, const char*);
     const int line = va_arg(arguments, int);
-    const char* text = va_arg(arguments, const char*);
-    put(severity, file + ":" + std::to_string(line), text, printable(sources_.line(file, line)));
+    std::string_view text = va_arg(arguments, const char*);
+    if (text.starts_with(repeatedWord))
+        text.remove_prefix(repeatedWord.size());
+    put(severity, file + ":" + std::to_string(line), std::string(text),
+        printable(sources_.line(file, line)));
 }
 
 void Diagnostics::warnAbout(const std::string& file, const std::string& text)
