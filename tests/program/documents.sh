@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# The man page and the completions know each option that the program shows in its help.
+# The man page and the completions know the options that the program shows in its help, and no other.
 #
 # usage: documents.sh PROGRAM FOLDER      FOLDER holds tavo.1 and completion/
 set -euo pipefail
+export LC_ALL=C
 
 program=$1
 page=$2/tavo.1
@@ -12,17 +13,8 @@ fail() {
     failures=$((failures + 1))
 }
 
-plain_page=$(sed 's/\\-/-/g' "$page")
-for command in '' convert check list tokens; do
-    # shellcheck disable=SC2086 # No command is no word.
-    options=$("$program" $command --help | sed -n '/^Options:/,/^$/p' | grep -o -- '--[a-z-]*')
-    [ -n "$options" ] || fail "tavo $command shows no option"
-    for option in $options; do
-        grep -q -- "$option" <<<"$plain_page" || fail "the man page lacks $option"
-        grep -q -- "$option" "$2/completion/_tavo" || fail "the completion for zsh lacks $option"
-        grep -q -- "$option" "$2/completion/tavo.bash" || fail "the one for bash lacks $option"
-    done
-done
+# The options in a text, one a line.
+options_in() { grep -oE -- '--[a-z][a-z-]*' <<<"$1" | sort -u; }
 
 if command -v groff >/dev/null; then
     warnings=$(groff -man -ww -Tutf8 "$page" 2>&1 >/dev/null)
@@ -45,6 +37,28 @@ expect() {
     proposed=$(printf '%s\n' "${COMPREPLY[@]}" | sort | paste -sd ' ')
     [ "$proposed" = "$expected" ] || fail "completion of '$*': '$proposed'"
 }
+
+plain_page=$(sed 's/\\-/-/g; s/ ", " /,/' "$page")
+zsh=$(cat "$2/completion/_tavo")
+all=
+for command in '' convert check list tokens; do
+    # shellcheck disable=SC2086 # No command is no word.
+    shown=$("$program" $command --help | sed -n '/^Options:/,/^$/p')
+    all+=$shown
+    # shellcheck disable=SC2046,SC2086
+    [ -z "$command" ] || expect "$(echo $(options_in "$shown"))" tavo $command --
+    # With the short form, where there is one.
+    for option in $(grep -oE -- '(-[a-zA-Z],)?--[a-z-]+' <<<"$shown"); do
+        grep -q -- "$option" <<<"$plain_page" || fail "the man page lacks $option"
+        grep -q -- "$option" <<<"$zsh" || fail "the completion for zsh lacks $option"
+    done
+done
+for text in "$plain_page" "$zsh"; do
+    unknown=$(comm -13 <(options_in "$all") <(options_in "$text"))
+    [ -z "$unknown" ] || fail "no option of the program: $unknown"
+done
+expect "--help --version check convert list tokens" tavo ""
+
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 touch "$folder/a.a2l" "$folder/b.A2L" "$folder/c.ini"
