@@ -38,9 +38,9 @@ if(TAVO_PROGRAM)
   install(FILES tools/tavo/completion/_tavo
     DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions)
 endif()
-install(FILES
-  README.md CHANGELOG.md docs/embedding.md docs/output-format.md docs/dialect.md
-  DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/embedding.md docs/output-format.md docs/dialect.md
+  DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # One package with all of it; script/package makes it.

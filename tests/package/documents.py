@@ -5,8 +5,8 @@ usage: documents.py examples|commands|failures|words SOURCES CONVERTER
 
 examples  Each `a2l` block converts to the `ini` block that follows it, and each description in
           examples/ to the configuration beside it.
-commands  Each `sh` block marked `run` runs in a copy of the sources; every other line of an `sh` block
-          is a command of .ci/run.
+commands  Each `sh` block marked `run` runs in a folder with the examples, the build, and a home of its
+          own; every other line of an `sh` block is a command of .ci/run.
 failures  Each row of the table "What fails" in docs/dialect.md gives the message that it tells.
 words     Each keyword that a parser knows stands in docs/dialect.md.
 
@@ -92,7 +92,10 @@ def check_commands(sources, folder):
                 count += 1
                 copy = folder / f"{document.stem}{count}"
                 shutil.copytree(sources / "examples", copy / "examples")
+                (copy / "build").mkdir()
+                (copy / "build/release").symlink_to(Path(CONVERTER).parent.parent)
                 run = subprocess.run(["bash", "-euxo", "pipefail", "-c", text], cwd=copy, text=True,
+                                     env={**os.environ, "HOME": str(copy)},
                                      stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
                 if run.returncode != 0:
                     fail(f"{document.name}: {run.stdout}")
