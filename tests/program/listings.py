@@ -82,6 +82,7 @@ def check(program, path):
     table = list(csv.DictReader(io.StringIO(listed("csv"), newline="")))
     assert len(table) == len(rows), path
     for row, cells in zip(rows, table):
+        assert list(row)[0] == "name", (path, row)
         for name, cell in cells.items():
             assert name == "kind" or is_same(cell, row.get(name, "")), (path, name, cell)
 
