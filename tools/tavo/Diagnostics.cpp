@@ -22,11 +22,15 @@ namespace {
 /// How a reader reports. Its arguments are the file, the line and the text.
 constexpr std::string_view readerFormat = "File '%s', Line %d: %s\n";
 
-/// Some texts of a reader begin so, and shall not say it twice.
-constexpr std::string_view repeatedWord = "Error: ";
-
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
+
+/// Some texts of a reader begin with the word that stands ahead of all of them here.
+std::string withoutWord(const std::string& text)
+{
+    const std::string word = "Error: ";
+    return text.substr(text.starts_with(word) ? word.size() : 0);
+}
 
 } // namespace
 
@@ -68,10 +72,8 @@ void Diagnostics::report(const Severity& severity, const char* format, std::va_l
     }
     const std::string file = va_arg(arguments, const char*);
     const int line = va_arg(arguments, int);
-    std::string_view text = va_arg(arguments, const char*);
-    if (text.starts_with(repeatedWord))
-        text.remove_prefix(repeatedWord.size());
-    put(severity, file + ":" + std::to_string(line), std::string(text),
+    const char* text = va_arg(arguments, const char*);
+    put(severity, file + ":" + std::to_string(line), withoutWord(text),
         printable(sources_.line(file, line)));
 }
 
