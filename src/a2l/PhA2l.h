@@ -65,6 +65,10 @@ public:
     /// Logs the file's tokens, one a line, and builds nothing. Results as of `readFile`.
     int print_tokens();
 
+    /// The system's number of the error at which the file could be read no further, or 0. The
+    /// reading has gone on as at the end of the file.
+    int readError() const { return file_.readError(); }
+
     /// Installs what is told how far the reading has come. It may be empty.
     void setWatch(SourceStream::Watch watch) { file_.setWatch(std::move(watch)); }
 

@@ -38,6 +38,7 @@ bool SourceStream::open(const char* path)
         return false;
     std::setvbuf(file_, nullptr, _IONBF, 0);
     bytesRead_ = 0;
+    readError_ = 0;
     heldBackCr_ = false;
     begin_ = nullptr;
     next_ = end_ = block_.get();
@@ -105,10 +106,13 @@ std::size_t SourceStream::read(unsigned char* target)
             target[size++] = '\r';
         const std::size_t count = std::fread(target + size, 1, readSize, file_);
         if (count == 0) {
-            if (std::ferror(file_) && errno == EINTR) {
-                std::clearerr(file_);
-                size = 0;
-                continue;
+            if (std::ferror(file_)) {
+                if (errno == EINTR) {
+                    std::clearerr(file_);
+                    size = 0;
+                    continue;
+                }
+                readError_ = errno;
             }
             heldBackCr_ = false;
             return size;

@@ -35,6 +35,9 @@ public:
     /// Bytes of the open file, or 0 if they can't be told, as those of a pipe. No character has
     /// been read yet.
     std::size_t size();
+    /// The system's number of the error that ended the last file ahead of its end, or 0. To the
+    /// lexer such a file has ended like any other.
+    int readError() const { return readError_; }
     void setWatch(Watch watch) { watch_ = std::move(watch); }
 
     /// The character in hand as an unsigned byte, or the end mark.
@@ -82,6 +85,7 @@ private:
     std::FILE* file_ = nullptr;
     Watch watch_;
     std::uint64_t bytesRead_ = 0;
+    int readError_ = 0;
     std::unique_ptr<unsigned char[]> block_;
     std::size_t capacity_ = 0;             ///< Of the block, without the end mark.
     const unsigned char* next_ = nullptr;  ///< The character in hand.

@@ -13,7 +13,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 #include <system_error>
 
 namespace tavo {
@@ -35,20 +34,6 @@ void warnOfConversions(const PhGroup& module, const std::string& file, Diagnosti
                                         " of measurement " + quoted(entity->name()) +
                                         " is not defined");
     }
-}
-
-/// The system's error number of reading the file on from here; 0 if there's none. For a reader, a
-/// file that can't be read on has ended.
-int readErrorAt(const std::string& file, std::uint64_t offset)
-{
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(file, ignored))
-        return 0; // What is gone from a pipe doesn't come a second time.
-    std::ifstream stream(file, std::ios::binary);
-    stream.seekg(static_cast<std::streamoff>(offset));
-    errno = 0;
-    stream.get();
-    return stream.bad() ? errno : 0;
 }
 
 } // namespace
@@ -92,23 +77,19 @@ int runReader(const std::string& file, Diagnostics& diagnostics,
               const std::function<void(std::uint64_t)>& watch)
 {
     std::error_code ignored;
-    // A folder can be opened, and ends at once.
+    // A folder can be opened, but not read; say so ahead of what the reader makes of it.
     if (std::filesystem::is_directory(file, ignored))
         throw systemFailure(file, EISDIR);
     PhA2l reader(file.c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
-    std::uint64_t bytesRead = 0;
-    reader.setWatch([&](std::uint64_t bytes) {
-        bytesRead = bytes;
-        watch(bytes);
-    });
+    reader.setWatch(watch);
     errno = 0;
     const int status = operation(reader);
     if (status == -2)
         throw systemFailure(file, errno);
-    if (const int error = readErrorAt(file, bytesRead))
-        throw systemFailure(file, error);
+    if (reader.readError() != 0)
+        throw systemFailure(file, reader.readError());
     return status;
 }
 
