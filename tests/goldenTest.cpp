@@ -133,7 +133,8 @@ TEST_P(Series, givesTheExpectedResults)
     const std::map<std::string, std::string (*)(const std::string&)> kinds = {
         {".messages", messagesOf},
         {".tokens", [](const std::string& text) { return tokensOf(text) + "\n"; }},
-        {".model", [](const std::string& text) { return modelOf(text); }},
+        {".model", [](const std::string& text) { return modelOf(text, Names::AsRead); }},
+        {".resolved", [](const std::string& text) { return modelOf(text, Names::Resolved); }},
         {".log", [](const std::string& text) { return logOf(text); }}};
     const std::string results = resultsOf(readFile(path), kinds.at(fs::path(path).extension()));
     if (std::getenv("TAVO_REWRITE_GOLDEN"))
@@ -143,7 +144,7 @@ TEST_P(Series, givesTheExpectedResults)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, Series,
-                         testing::ValuesIn(goldenFiles({".messages", ".tokens", ".model", ".log"})),
+                         testing::ValuesIn(goldenFiles({".messages", ".tokens", ".model", ".resolved", ".log"})),
                          testName);
 
 TEST(Example, convertsToTheConfigurationBesideIt)

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <memory>
 #include <string>
 
 using namespace tavo;
@@ -34,9 +34,8 @@ std::string namesOf(const PhList& list)
 
 int byName(const void* left, const void* right)
 {
-    return (*static_cast<PhObject* const*>(left))
-        ->name()
-        .compare((*static_cast<PhObject* const*>(right))->name());
+    const auto* a = *static_cast<PhObject* const*>(left);
+    return a->name().compare((*static_cast<PhObject* const*>(right))->name());
 }
 
 } // namespace
@@ -46,208 +45,121 @@ TEST(PhListTest, AppendsAtTheTailAndPrependsAtTheHead)
     PhList list;
     list.append(nullptr);
     list.prepend(nullptr);
-    EXPECT_EQ(nullptr, list.first());
-    EXPECT_EQ(nullptr, list.last());
-    EXPECT_EQ(nullptr, list.at(0));
+    EXPECT_EQ(list.first(), nullptr);
+    EXPECT_EQ(list.last(), nullptr);
     list.prepend(new Probe("b"));
     list.append(new Probe("c"));
     list.prepend(new Probe("a"));
-    EXPECT_EQ("abc", namesOf(list));
-    EXPECT_STREQ("a", list.first()->name());
-    EXPECT_STREQ("c", list.last()->name());
+    EXPECT_EQ(namesOf(list), "abc");
     EXPECT_EQ(list.last(), list.at(2));
-    EXPECT_EQ(nullptr, list.at(3));
-    EXPECT_EQ(nullptr, list.at(-1));
+    EXPECT_EQ(list.at(3), nullptr);
+    EXPECT_EQ(list.at(-1), nullptr);
+    list.clear();
+    fill(list, "d");
+    EXPECT_EQ(namesOf(list), "d");
+    EXPECT_EQ(Probe::alive, 1);
 }
 
 TEST(PhListTest, AnObjectLivesAsLongAsAListHoldsIt)
 {
     {
-        PhList one;
-        PhList other;
-        fill(one, "x");
-        other.append(one.first());
-        EXPECT_EQ(2, other.first()->refCount());
-        one.clear();
-        EXPECT_EQ(1, other.first()->refCount());
-        fill(one, "ab");
-        EXPECT_EQ("ab", namesOf(one));
-        other.removeObject(other.first());
-        EXPECT_EQ(2, Probe::alive);
+        PhList list;
+        fill(list, "cab");
+        const std::unique_ptr<PhList> copy(list.duplicate());
+        PhObject* object = copy->first();
+        EXPECT_EQ(object->refCount(), 2);
+        list.append(object);
+        list.removeObject(object);
+        EXPECT_EQ(namesOf(list), "abc");
+        EXPECT_EQ(object->refCount(), 2);
+        list.clear();
+        EXPECT_EQ(namesOf(*copy), "cab");
+        EXPECT_EQ(object->refCount(), 1);
+        copy->removeObject(object);
+        EXPECT_EQ(Probe::alive, 2);
     }
-    EXPECT_EQ(0, Probe::alive);
+    EXPECT_EQ(Probe::alive, 0);
 }
 
 TEST(PhListTest, RemovesFromAnyPlace)
 {
-    struct
-    {
-        const char* name;
-        const char* left;
-    } const cases[] = {{"a", "bcd"}, {"b", "acd"}, {"d", "abc"}, {"none", "abcd"}};
+    const std::pair<const char*, std::string> cases[] = {
+        {"a", "bcd"}, {"b", "acd"}, {"d", "abc"}, {"none", "abcd"}};
     for (const auto& [name, left] : cases) {
         PhList list;
         fill(list, "abcd");
         list.removeByName(name);
-        EXPECT_EQ(left, namesOf(list));
-        EXPECT_EQ(static_cast<int>(std::strlen(left)), Probe::alive);
-        list.append(new Probe("e"));
-        EXPECT_EQ(std::string(left) + "e", namesOf(list));
+        EXPECT_EQ(namesOf(list), left);
+        fill(list, "e");
+        EXPECT_EQ(namesOf(list), left + "e");
     }
     PhList list;
     list.remove(nullptr);
     fill(list, "a");
     list.removeById(list.first()->id() + 1);
-    EXPECT_EQ("a", namesOf(list));
+    EXPECT_EQ(namesOf(list), "a");
     list.removeById(list.first()->id());
-    EXPECT_EQ("", namesOf(list));
-    EXPECT_EQ(nullptr, list.last());
-}
-
-TEST(PhListTest, TakesAnObjectTwice)
-{
-    PhList list;
-    fill(list, "ab");
-    PhObject* object = list.first();
-    list.append(object);
-    EXPECT_EQ("aba", namesOf(list));
-    EXPECT_EQ(2, object->refCount());
-    list.removeObject(object);
-    EXPECT_EQ("ba", namesOf(list));
-    EXPECT_EQ(1, object->refCount());
+    EXPECT_EQ(namesOf(list), "");
+    EXPECT_EQ(list.last(), nullptr);
 }
 
 TEST(PhListTest, FindsTheFirstMatchAndTellsNullFromEmpty)
 {
     PhList list;
-    fill(list, "aba");
-    list.append(new Probe(""));
-    list.append(new Probe);
-    list.append(new Probe);
-    EXPECT_EQ(list.at(0), list.findByName("a"));
-    EXPECT_EQ(list.at(3), list.findByName(""));
-    EXPECT_EQ(list.at(4), list.findByName(PhString()));
-    EXPECT_EQ(nullptr, list.findByName("A"));
-    EXPECT_EQ(list.at(1), list.findById(list.at(1)->id()));
-    list.at(1)->setExternalId("x");
-    list.at(2)->setExternalId("x");
-    EXPECT_EQ(list.at(1), list.findByExternalId("x"));
-    EXPECT_EQ(list.at(0), list.findByExternalId(PhString()));
-    EXPECT_EQ(nullptr, list.findByExternalId("a"));
+    const char* const names[] = {"a", "b", "a", "", nullptr, nullptr};
+    for (const char* name : names) {
+        list.append(new Probe(name));
+        list.last()->setExternalId(name);
+    }
+    for (const int i : {0, 1, 3, 4}) {
+        EXPECT_EQ(list.findByName(names[i]), list.at(i));
+        EXPECT_EQ(list.findByExternalId(names[i]), list.at(i));
+        EXPECT_EQ(list.findById(list.at(i)->id()), list.at(i));
+    }
+    EXPECT_EQ(list.findByName("A"), nullptr);
+    EXPECT_EQ(list.findByExternalId("A"), nullptr);
 }
 
-TEST(PhListTest, WithAnIndexFindsWhatWasAddedLast)
+TEST(PhListTest, WithAnIndexOfItsUserFindsWhatWasAddedLast)
 {
     PhList list;
-    fill(list, "aba");
-    list.buildHash();
-    EXPECT_EQ(list.at(2), list.findByName("a"));
-    list.prepend(new Probe("a"));
-    EXPECT_EQ(list.at(0), list.findByName("a"));
-    EXPECT_EQ(list.at(1), list.findNodeByName("a")->next()->object());
-    list.remove(list.entryAt(0));
-    EXPECT_EQ(list.at(2), list.findByName("a"));
-    list.removeByName("b");
-    EXPECT_EQ(nullptr, list.findByName("b"));
-    list.append(new Probe("c"));
-    EXPECT_EQ(list.last(), list.findByName("c"));
-    list.removeFromHash(list.last());
-    EXPECT_EQ(nullptr, list.findByName("c"));
-    list.addToHash(list.last());
-    EXPECT_EQ(list.last(), list.findByName("c"));
-    list.clearHash();
-    EXPECT_EQ(list.at(0), list.findByName("a"));
-    list.addToHash(list.last());
-    list.buildHash();
-    list.clear();
-    EXPECT_EQ(nullptr, list.findByName("a"));
-    EXPECT_EQ(0, Probe::alive);
-}
-
-TEST(PhListTest, DuplicateSharesTheObjects)
-{
-    PhList list;
-    fill(list, "cab");
-    list.buildHash();
-    const std::unique_ptr<PhList> copy(list.duplicate());
-    EXPECT_EQ(3, Probe::alive);
-    list.clear();
-    EXPECT_EQ("cab", namesOf(*copy));
-    copy->append(new Probe("c"));
-    EXPECT_EQ(copy->at(0), copy->findByName("c"));
-}
-
-TEST(PhListTest, SortMovesTheObjectsAndRenewsTheIndex)
-{
-    PhList list;
-    list.sort(byName);
     fill(list, "dbacab");
     list.buildHash();
+    EXPECT_EQ(list.findByName("a"), list.at(4));
+    list.prepend(new Probe("a"));
+    EXPECT_EQ(list.findByName("a"), list.at(0));
+    list.remove(list.entryAt(0));
+    list.removeFromHash(list.at(4));
+    EXPECT_EQ(list.findByName("a"), list.at(2));
+    list.removeByName("c");
+    EXPECT_EQ(list.findByName("c"), nullptr);
     list.sort(byName);
-    EXPECT_EQ("aabbcd", namesOf(list));
-    EXPECT_EQ(list.at(1), list.findByName("a"));
-    EXPECT_EQ(1, list.at(0)->refCount());
+    EXPECT_EQ(namesOf(list), "aabbd");
+    EXPECT_EQ(list.at(0)->refCount(), 1);
+    EXPECT_EQ(list.findByName("a"), list.at(1));
     list.clearHash();
-    list.sort(byName);
-    EXPECT_EQ(list.at(0), list.findByName("a"));
+    EXPECT_EQ(list.findByName("a"), list.at(0));
+    list.buildHash();
+    list.clear();
+    EXPECT_EQ(list.findByName("a"), nullptr);
 }
 
-TEST(PhListTest, EachWalksAListThatMayBeMissing)
+TEST(PhListCursorTest, WalksBothWaysAndGoesOnBehindARemoval)
 {
     PhList list;
-    std::string names;
-    for (Probe* probe : each<Probe>(nullptr))
-        names += probe->name();
-    for (Probe* probe : each<Probe>(&list))
-        names += probe->name();
-    EXPECT_EQ("", names);
-    fill(list, "abc");
-    for (Probe* probe : each<Probe>(&list))
-        names += probe->name();
-    EXPECT_EQ("abc", names);
-}
-
-TEST(PhListCursorTest, WalksBothWays)
-{
-    PhList list;
-    fill(list, "abc");
-    PhListCursor cursor(&list);
-    EXPECT_EQ(nullptr, cursor.current());
-    EXPECT_EQ(nullptr, cursor.next());
-    EXPECT_EQ(nullptr, cursor.prev());
-    EXPECT_EQ(list.at(0), cursor.first());
-    EXPECT_EQ(list.at(1), cursor.next());
-    EXPECT_EQ(list.at(2), cursor.next());
-    EXPECT_EQ(nullptr, cursor.next());
-    EXPECT_EQ(nullptr, cursor.prev());
-    EXPECT_EQ(list.at(2), cursor.last());
-    EXPECT_EQ(list.at(1), cursor.prev());
-    EXPECT_EQ(list.at(1), cursor.current());
-}
-
-TEST(PhListCursorTest, TakesNoListAndAnEmptyOne)
-{
-    PhList empty;
-    for (PhList* list : {static_cast<PhList*>(nullptr), &empty}) {
-        PhListCursor cursor(list);
-        EXPECT_EQ(nullptr, cursor.first());
-        EXPECT_EQ(nullptr, cursor.last());
-        EXPECT_EQ(nullptr, cursor.remove());
-    }
-}
-
-TEST(PhListCursorTest, RemoveGoesOnToTheNextObject)
-{
-    PhList list;
+    EXPECT_EQ(PhListCursor(nullptr).first(), nullptr);
+    EXPECT_EQ(PhListCursor(&list).remove(), nullptr);
     fill(list, "abcd");
     PhListCursor cursor(&list);
-    cursor.first();
+    EXPECT_EQ(cursor.next(), nullptr);
+    EXPECT_EQ(cursor.last(), list.at(3));
+    EXPECT_EQ(cursor.next(), nullptr);
+    EXPECT_EQ(cursor.first(), list.at(0));
+    EXPECT_EQ(cursor.next(), list.at(1));
+    EXPECT_EQ(cursor.prev(), list.at(0));
     cursor.next();
-    EXPECT_STREQ("c", cursor.remove()->name());
-    EXPECT_STREQ("d", cursor.remove()->name());
-    EXPECT_EQ("ad", namesOf(list));
-    EXPECT_EQ(nullptr, cursor.remove());
-    EXPECT_EQ(nullptr, cursor.remove());
-    EXPECT_EQ("a", namesOf(list));
-    EXPECT_EQ(1, Probe::alive);
+    EXPECT_STREQ(cursor.remove()->name(), "c");
+    EXPECT_STREQ(cursor.remove()->name(), "d");
+    EXPECT_EQ(cursor.remove(), nullptr);
+    EXPECT_EQ(namesOf(list), "a");
 }

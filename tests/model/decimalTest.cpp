@@ -21,27 +21,16 @@ double doubleOf(const std::string& text)
     return parseDouble(text.data(), text.data() + text.size());
 }
 
-std::int32_t int32Of(const std::string& text)
-{
-    return parseInt32(text.data(), text.data() + text.size());
-}
-
 std::string zeros(std::size_t count) { return std::string(count, '0'); }
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-struct Case
-{
-    std::string text;
-    double number;
-};
-
 /// Compares bit by bit, so that the sign of a zero counts.
-void expectDoubles(const std::vector<Case>& cases)
+void expectDoubles(const std::vector<std::pair<std::string, double>>& cases)
 {
     for (const auto& [text, number] : cases)
-        EXPECT_EQ(std::bit_cast<std::uint64_t>(number),
-                  std::bit_cast<std::uint64_t>(doubleOf(text)))
+        EXPECT_EQ(std::bit_cast<std::uint64_t>(doubleOf(text)),
+                  std::bit_cast<std::uint64_t>(number))
             << text.substr(0, 40) << " (" << text.size() << " characters)";
 }
 
@@ -50,47 +39,30 @@ void expectDoubles(const std::vector<Case>& cases)
 TEST(DecimalTest, ReadsTheLongestLeadingNumeral)
 {
     expectDoubles({
-        {"1.5", 1.5},     {"-1.5", -1.5},   {"+1.5", 1.5},      {".5", 0.5},    {"-.5", -0.5},
-        {"5.", 5.0},      {"007", 7.0},     {"1.2.3", 1.2},     {"1,5", 1.0},   {"2e3", 2000.0},
-        {"2E+3", 2000.0}, {"2e-3", 0.002},  {"5.e1", 50.0},     {".5e1", 5.0},  {"1e", 1.0},
-        {"1e+", 1.0},     {"1e-x", 1.0},    {"1e2.5", 100.0},   {"1 2", 1.0},   {"0x10", 0.0},
-        {"1p3", 1.0},     {"12abc", 12.0},  {"0.1", 0.1},       {"1e23", 1e23}, {"-0", -0.0},
-        {"0.0", 0.0},     {"-0.0e5", -0.0}, {"1e0000003", 1e3}, {"1e-0", 1.0},
+        {"-1.5", -1.5}, {"+1.5", 1.5}, {".5", 0.5},      {"5.", 5.0},     {"1.2.3", 1.2},
+        {"1,5", 1.0},   {"2E+3", 2e3}, {"2e-3", 0.002},  {".5e1", 5.0},   {"1e", 1.0},
+        {"1e+", 1.0},   {"1 2", 1.0},  {"0x10", 0.0},    {"12abc", 12.0}, {"1e23", 1e23},
+        {"-0", -0.0},   {"0.1", 0.1},  {"-0.0e5", -0.0}, {"1e-0", 1.0},
     });
-}
-
-TEST(DecimalTest, WithoutANumeralGivesZero)
-{
-    for (const char* text : {"", "-", "+", ".", "-.", "-.e5", "e5", " 1", "x1", "+-1", "-+1", "--1",
-                             "inf", "-inf", "nan", "infinity", "-nan(1)"})
+    for (const char* text : {"", "-", ".", "-.e5", "e5", " 1", "+-1", "inf", "nan", "-nan(1)"})
         expectDoubles({{text, 0.0}});
-}
-
-TEST(DecimalTest, ReadsNoFurtherThanTheEnd)
-{
     const char text[] = "1234e5";
-    EXPECT_EQ(12.0, parseDouble(text, text + 2));
-    EXPECT_EQ(1234.0, parseDouble(text, text + 5));
-    EXPECT_EQ(0.0, parseDouble(text, text));
-    EXPECT_EQ(12, parseInt32(text, text + 2));
-    EXPECT_EQ(0, parseInt32(text, text));
-    EXPECT_EQ(0.0, parseDouble(nullptr, nullptr));
+    EXPECT_EQ(parseDouble(text, text + 2), 12.0);
+    EXPECT_EQ(parseDouble(text, text + 5), 1234.0);
+    EXPECT_EQ(parseInt32(text, text + 2), 12);
+    EXPECT_EQ(parseDouble(nullptr, nullptr), 0.0);
 }
 
 TEST(DecimalTest, WhatIsTooLargeOrTooSmallKeepsItsSign)
 {
     expectDoubles({
         {"1e999", infinity},
-        {"-1e999", -infinity},
-        {"1e-999", 0.0},
         {"-1e-999", -0.0},
         {"1e99999999999999999999", infinity},
         {"-1e-99999999999999999999", -0.0},
         {"0e99999999999999999999", 0.0},
-        {"-0.000e999", -0.0},
         {"1" + zeros(400), infinity},
         {"-" + zeros(400) + "1" + zeros(400), -infinity},
-        {"." + zeros(400) + "1", 0.0},
         {"-0." + zeros(400) + "1", -0.0},
         {"1.7976931348623157e308", std::numeric_limits<double>::max()},
         {"1.7976931348623158e308", std::numeric_limits<double>::max()},
@@ -133,41 +105,31 @@ TEST(DecimalTest, ADigitFarBehindThePointDecidesTheRounding)
 
 TEST(DecimalTest, IntegersSaturate)
 {
-    struct
-    {
-        const char* text;
-        std::int32_t number;
-    } const cases[] = {
-        {"0", 0},
+    const std::pair<std::string, std::int32_t> cases[] = {
         {"+17", 17},
         {"12x", 12},
-        {"", 0},
         {"-", 0},
-        {"+-5", 0},
         {" 5", 0},
         {"2147483647", 2147483647},
         {"2147483648", 2147483647},
-        {"4294901760", 2147483647},
         {"-2147483648", std::numeric_limits<std::int32_t>::min()},
         {"-2147483649", std::numeric_limits<std::int32_t>::min()},
         {"99999999999999999999999999", 2147483647},
+        {zeros(5000) + "5", 5},
     };
     for (const auto& [text, number] : cases)
-        EXPECT_EQ(number, int32Of(text)) << text;
-    EXPECT_EQ(5, int32Of(zeros(5000) + "5"));
+        EXPECT_EQ(parseInt32(text.data(), text.data() + text.size()), number) << text;
 }
 
 TEST(DecimalTest, FixedTextHasSixDecimalsForAnyNumber)
 {
     constexpr double largest = std::numeric_limits<double>::max();
-    for (const double number :
-         {0.0, -0.0, 1.0, -1.5, 0.1, 0.0000005, 0.0000015, 1e-300, 123456.7890625, 1e22, 1e23,
-          largest, -largest, infinity, -infinity}) {
+    for (const double number : {0.0, -0.0, 0.0000005, 1e-300, 1e22, largest, -largest, -infinity}) {
         char expected[400];
         const int length = std::snprintf(expected, sizeof expected, "%f", number);
         const FixedText fixed(number);
-        EXPECT_STREQ(expected, fixed.text());
-        EXPECT_EQ(static_cast<std::size_t>(length), fixed.length());
+        EXPECT_STREQ(fixed.text(), expected);
+        EXPECT_EQ(fixed.length(), static_cast<std::size_t>(length));
     }
     // Numbers of all sizes, and numbers beside the middle between two texts.
     std::mt19937_64 random(1);

@@ -158,7 +158,8 @@ private:
     void putReference(const PhConversion* conversion)
     {
         if (conversion)
-            out << " -> " << conversion->name().view() << (conversion->isUnresolved() ? "?" : "");
+            out << " -> " << conversion->name().view() << (conversion->isUnresolved() ? "?" : "")
+                << (conversion->isReported() ? "!" : "");
     }
 
     /// 5, 0.500000, 'text' or [...], with "name=" ahead of it if the value has one.
@@ -212,11 +213,16 @@ std::string tokensOf(std::string_view text, int vocabulary)
     return tokens.substr(0, tokens.find_last_not_of(' ') + 1);
 }
 
-std::string modelOf(std::string_view description)
+std::string modelOf(std::string_view description, Names names)
 {
     Reading reading(description);
     PhRoot root;
     const int status = reading.reader.readFile(&root);
+    if (names == Names::Resolved) {
+        root.setLogger(&reading.logger);
+        root.resolve();
+        root.resolve(); // once more: all has been done and told
+    }
     ModelText model;
     model.out << reading.log() << "status " << status << "\n";
     model.putGroups(root.groups());

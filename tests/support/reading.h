@@ -9,8 +9,14 @@
 std::string tokensOf(std::string_view text, int vocabulary = 0);
 
 /// What the reading of a description tells, its status, and what it leaves in the model: a line for
-/// each object, with the objects of a group indented.
-std::string modelOf(std::string_view description);
+/// each object, with the objects of a group indented. A "?" behind the name of a conversion says that
+/// it is a placeholder, a "!" that this was reported.
+enum class Names
+{
+    AsRead,
+    Resolved
+};
+std::string modelOf(std::string_view description, Names names);
 
 /// What a verbose reader that is being debugged tells of a description.
 std::string logOf(std::string_view description);

@@ -1,0 +1,301 @@
+// How groups, interfaces and networks find and remove what they hold.
+
+#include "model/PhConversion.h"
+#include "model/PhSignal.h"
+#include "model/PhStructure.h"
+#include "model/PhType.h"
+#include "model/PhUnit.h"
+#include "model/PhValue.h"
+#include "model/Probe.h"
+#include "model/ownership.h"
+#include "topology/PhChannel.h"
+#include "topology/PhCommParam.h"
+#include "topology/PhConnector.h"
+#include "topology/PhConnectorMapping.h"
+#include "topology/PhController.h"
+#include "topology/PhEcu.h"
+#include "topology/PhEntity.h"
+#include "topology/PhFrame.h"
+#include "topology/PhFrameMapping.h"
+#include "topology/PhFunction.h"
+#include "topology/PhGroup.h"
+#include "topology/PhRaster.h"
+#include "topology/PhRoot.h"
+#include "topology/PhService.h"
+#include "topology/PhSignalMapping.h"
+
+#include <gtest/gtest.h>
+
+using namespace tavo;
+
+namespace {
+
+/// A fresh object of this name and external id; a value where any object will do.
+template <class Object> Object* made(const PhString& name, const PhString& externalId)
+{
+    using Made = std::conditional_t<std::is_same_v<Object, PhObject>, PhValue, Object>;
+    auto* object = new Made;
+    object->setName(name);
+    object->setExternalId(externalId);
+    return object;
+}
+
+PhGroup* group(const char* name)
+{
+    return made<PhGroup>(name, name ? PhString("id of ") + PhString(name) : PhString());
+}
+
+enum class By
+{
+    Name,
+    ExternalId
+};
+
+/// A look-up searches from its group upward, and compares one text alone.
+template <class Element>
+void expectLookUp(void (PhGroup::*append)(Element*),
+                  Element* (PhGroup::*lookUp)(const PhString&) const, By by)
+{
+    const auto labelled = [by](const char* label) {
+        return by == By::Name ? made<Element>(label, "other") : made<Element>("other", label);
+    };
+    PhGroup project;
+    PhGroup* module = group("module");
+    PhGroup* sibling = group("sibling");
+    project.appendGroup(module);
+    project.appendGroup(sibling);
+    EXPECT_EQ((module->*lookUp)("shared"), nullptr);
+    Element* outer = labelled("shared");
+    (project.*append)(outer);
+    EXPECT_EQ((module->*lookUp)("shared"), outer);
+    Element* inner = labelled("shared");
+    (module->*append)(inner);
+    (module->*append)(labelled("shared"));
+    (sibling->*append)(labelled("sibling's"));
+    EXPECT_EQ((module->*lookUp)("shared"), inner);
+    EXPECT_EQ((project.*lookUp)("shared"), outer);
+    for (const char* label : {"Shared", "sibling's", "other"})
+        EXPECT_EQ((module->*lookUp)(label), nullptr) << label;
+}
+
+/// A removal takes the element with that id from its own list, and nothing else.
+template <class Element>
+void expectRemoval(void (PhGroup::*append)(Element*), void (PhGroup::*remove)(std::uint32_t),
+                   PhList* (PhGroup::*list)() const)
+{
+    PhGroup owner;
+    (owner.*remove)(0);
+    EXPECT_EQ((owner.*list)(), nullptr);
+    const PhHold<Element> kept(made<Element>(nullptr, nullptr));
+    const PhHold<Element> removed(made<Element>(nullptr, nullptr));
+    (owner.*append)(kept.get());
+    (owner.*append)(removed.get());
+    (owner.*remove)(owner.id());
+    EXPECT_EQ((owner.*list)()->count(), 2U);
+    (owner.*remove)(removed->id());
+    EXPECT_EQ(removed->refCount(), 1);
+    EXPECT_EQ((owner.*list)()->count(), 1U);
+    EXPECT_EQ((owner.*list)()->first(), kept.get());
+}
+
+} // namespace
+
+TEST(PhGroupTest, LookUpsSearchFromTheInnermostGroupUpward)
+{
+    using Group = PhGroup;
+    expectLookUp(&Group::appendUnit, &Group::resolveUnitByName, By::Name);
+    expectLookUp(&Group::appendType, &Group::resolveTypeByName, By::Name);
+    expectLookUp(&Group::appendStructure, &Group::resolveStructureByName, By::Name);
+    expectLookUp(&Group::appendService, &Group::resolveService, By::Name);
+    expectLookUp(&Group::appendConversion, &Group::resolveConversion, By::Name);
+    expectLookUp(&Group::appendUnit, &Group::resolveUnit, By::ExternalId);
+    expectLookUp(&Group::appendType, &Group::resolveType, By::ExternalId);
+    expectLookUp(&Group::appendSignal, &Group::resolveSignal, By::ExternalId);
+    expectLookUp(&Group::appendStructure, &Group::resolveStructure, By::ExternalId);
+    expectLookUp(&Group::appendFrame, &Group::resolveFrame, By::ExternalId);
+    expectLookUp(&Group::appendRequest, &Group::resolveRequest, By::ExternalId);
+    expectLookUp(&Group::appendResponse, &Group::resolveResponse, By::ExternalId);
+    expectLookUp(&Group::appendFunction, &Group::resolveFunction, By::ExternalId);
+    expectLookUp(&Group::appendEcu, &Group::resolveEcu, By::ExternalId);
+    expectLookUp(&Group::appendChannel, &Group::resolveChannel, By::ExternalId);
+}
+
+TEST(PhGroupTest, EachRemovalTakesTheElementOfThatIdFromItsOwnList)
+{
+    using Group = PhGroup;
+    expectRemoval(&Group::appendUnit, &Group::removeUnit, &Group::units);
+    expectRemoval(&Group::appendType, &Group::removeType, &Group::types);
+    expectRemoval(&Group::appendSignal, &Group::removeSignal, &Group::signals);
+    expectRemoval(&Group::appendStructure, &Group::removeStructure, &Group::structures);
+    expectRemoval(&Group::appendService, &Group::removeService, &Group::services);
+    expectRemoval(&Group::appendFrame, &Group::removeFrame, &Group::frames);
+    expectRemoval(&Group::appendConversion, &Group::removeConversion, &Group::conversions);
+    expectRemoval(&Group::appendEntity, &Group::removeEntity, &Group::entities);
+    expectRemoval(&Group::appendRequest, &Group::removeRequest, &Group::requests);
+    expectRemoval(&Group::appendResponse, &Group::removeResponse, &Group::responses);
+    expectRemoval(&Group::appendGroup, &Group::removeGroup, &Group::groups);
+}
+
+TEST(PhGroupTest, IsTheParentOfItsChildrenUntilTheyLeave)
+{
+    PhGroup* parent = group("parent");
+    const PhHold<PhGroup> removed(group("removed"));
+    const PhHold<PhGroup> survivor(group("survivor"));
+    const PhHold<PhGroup> adopted(group("adopted"));
+    PhGroup other;
+    for (PhGroup* child : {removed.get(), survivor.get(), adopted.get()}) {
+        EXPECT_EQ(child->parent(), nullptr);
+        parent->appendGroup(child);
+        EXPECT_EQ(child->parent(), parent);
+    }
+    parent->removeGroup(removed->id());
+    EXPECT_EQ(removed->parent(), nullptr);
+    other.appendGroup(adopted.get());
+    parent->removeGroup(adopted->id());
+    EXPECT_EQ(adopted->parent(), &other);
+    delete parent;
+    EXPECT_EQ(survivor->parent(), nullptr);
+    EXPECT_EQ(survivor->refCount(), 1);
+}
+
+TEST(PhRootTest, SearchesDepthFirstAndEachGroupBeforeItsChildren)
+{
+    // first: a (twin, one without a name), twin
+    // second: b
+    PhRoot root;
+    EXPECT_EQ(root.findGroupByName("first"), nullptr);
+    PhGroup* first = group("first");
+    PhGroup* second = group("second");
+    PhGroup* a = group("a");
+    PhGroup* b = group("b");
+    PhGroup* deepTwin = group("twin");
+    PhGroup* nameless = group(nullptr);
+    root.appendGroup(first);
+    root.appendGroup(second);
+    first->appendGroup(a);
+    first->appendGroup(group("twin"));
+    second->appendGroup(b);
+    a->appendGroup(deepTwin);
+    a->appendGroup(nameless);
+
+    const std::tuple<const char*, PhGroup*, PhGroup*> cases[] = {
+        {"first", first, nullptr},     {"a", a, a},
+        {"twin", deepTwin, deepTwin},  {"b", b, nullptr},
+        {"A", nullptr, nullptr},       {"", nullptr, nullptr},
+        {nullptr, nameless, nameless},
+    };
+    for (const auto& [name, inRoot, belowFirst] : cases) {
+        SCOPED_TRACE(name ? name : "null");
+        EXPECT_EQ(root.findGroupByName(name), inRoot);
+        EXPECT_EQ(first->findGroupByName(name), belowFirst);
+    }
+    EXPECT_EQ(root.findGroupByExternalId("id of b"), b);
+    EXPECT_EQ(root.findGroupByExternalId("b"), nullptr);
+    EXPECT_EQ(first->findGroupByExternalId("id of twin"), deepTwin);
+    EXPECT_EQ(first->findGroupByExternalId("id of b"), nullptr);
+
+    EXPECT_EQ(first->parent(), nullptr);
+    root.removeGroup(root.id());
+    root.removeGroup(first->id());
+    EXPECT_EQ(root.groups()->first(), second);
+}
+
+TEST(PhCommParamTest, StoresAPropertyAgainInItsPlace)
+{
+    PhCommParam commParam;
+    PhValue* first = commParam.setProperty("first", 1);
+    PhValue* second = commParam.setProperty("second", PhString("two"));
+    EXPECT_STREQ(second->text().cStr(), "two");
+    EXPECT_EQ(commParam.setProperty("first", 2.5), first);
+    EXPECT_EQ(first->doubleValue(), 2.5);
+    EXPECT_EQ(commParam.properties()->count(), 2U);
+    EXPECT_EQ(commParam.property("second"), second);
+    EXPECT_EQ(commParam.property("First"), nullptr);
+    for (int i = 0; i < 2; ++i) {
+        auto* list = new PhList;
+        list->append(new Probe);
+        EXPECT_EQ(commParam.setProperty("second", list), second);
+        EXPECT_EQ(second->list(), list);
+        EXPECT_EQ(Probe::alive, 1);
+    }
+}
+
+TEST(PhCommParamTest, IsFoundInItsOwnGroupAloneAndFindsTheFirstRasterOfAName)
+{
+    PhGroup project;
+    project.appendGroup(group("module"));
+    auto* commParam = made<PhCommParam>("CCP", nullptr);
+    project.appendCommParam(commParam);
+    EXPECT_EQ(project.findCommParam("CCP"), commParam);
+    EXPECT_EQ(project.findCommParam("XCP"), nullptr);
+    EXPECT_EQ(project.findGroupByName("module")->findCommParam("CCP"), nullptr);
+    for (const char* name : {"1ms", "10ms", "10ms"})
+        commParam->appendRaster(made<PhRaster>(name, nullptr));
+    EXPECT_EQ(commParam->findRaster("10ms"), commParam->rasters()->at(1));
+    EXPECT_EQ(commParam->findRaster("100ms"), nullptr);
+}
+
+TEST(PhEcuTest, FindsConnectorsAndControllersByExternalId)
+{
+    PhEcu ecu;
+    EXPECT_EQ(ecu.resolveController("b"), nullptr);
+    for (const char* id : {"a", "b"})
+        ecu.appendController(made<PhController>(nullptr, id));
+    EXPECT_EQ(ecu.resolveController("b"), ecu.controllers()->last());
+
+    const PhHold<PhChannel> wanted(made<PhChannel>(nullptr, "can0"));
+    EXPECT_EQ(ecu.findConnector(wanted.get()), nullptr);
+    ecu.appendConnector(new PhConnector);
+    const char* const ids[] = {"", nullptr, "can0", "can0"};
+    for (const char* id : ids) {
+        auto* connector = new PhConnector;
+        connector->setChannel(made<PhChannel>(nullptr, id));
+        ecu.appendConnector(connector);
+    }
+    for (int i = 0; i < 3; ++i) {
+        wanted->setExternalId(ids[i]);
+        EXPECT_EQ(ecu.findConnector(wanted.get()), ecu.connectors()->at(i + 1));
+    }
+    EXPECT_EQ(ecu.findConnector(nullptr), nullptr);
+}
+
+namespace {
+
+/// The operation of each level of mappings finds the mapping of two ends by their external ids, or
+/// makes it. A missing end is equal to nothing.
+template <class Owner, class Mapping>
+void expectOneMappingForEachPair(Mapping* (Owner::*findOrCreate)(PhObject*, PhObject*),
+                                 PhList* (Owner::*list)() const)
+{
+    const PhHold<PhObject> a(made<PhObject>(nullptr, "a"));
+    const PhHold<PhObject> b(made<PhObject>(nullptr, "b"));
+    const PhHold<PhObject> otherA(made<PhObject>(nullptr, "a"));
+    const PhHold<PhObject> blank(made<PhObject>(nullptr, ""));
+    const PhHold<PhObject> null(made<PhObject>(nullptr, nullptr));
+    const std::tuple<PhObject*, PhObject*, int> cases[] = {
+        {a.get(), b.get(), 0},        {otherA.get(), b.get(), 0},  {b.get(), a.get(), 1},
+        {b.get(), otherA.get(), 1},   {null.get(), null.get(), 2}, {null.get(), null.get(), 2},
+        {blank.get(), null.get(), 3}, {a.get(), nullptr, 4},       {a.get(), nullptr, 5},
+        {nullptr, nullptr, 6},        {nullptr, nullptr, 7},
+    };
+    Owner owner;
+    for (const auto& [source, target, place] : cases) {
+        const Mapping* mapping = (owner.*findOrCreate)(source, target);
+        EXPECT_EQ(mapping, (owner.*list)()->at(place)) << place;
+    }
+    EXPECT_EQ((owner.*list)()->count(), 8U);
+    EXPECT_EQ(static_cast<Mapping*>((owner.*list)()->first())->source(), a.get());
+    EXPECT_EQ(static_cast<Mapping*>((owner.*list)()->first())->target(), b.get());
+    EXPECT_EQ(otherA->refCount(), 1);
+}
+
+} // namespace
+
+TEST(MappingTest, OnePairOfExternalIdsHasOneMapping)
+{
+    expectOneMappingForEachPair(&PhEcu::findOrCreateConnectorMapping, &PhEcu::connectorMappings);
+    expectOneMappingForEachPair(&PhConnectorMapping::findOrCreateFrameMapping,
+                                &PhConnectorMapping::frameMappings);
+    expectOneMappingForEachPair(&PhFrameMapping::findOrCreateSignalMapping,
+                                &PhFrameMapping::signalMappings);
+}
