@@ -10,6 +10,8 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -24,7 +26,25 @@ void setLimit(int resource, rlim_t value)
     setrlimit(static_cast<__rlimit_resource>(resource), &limit);
 }
 
+/// Opens a named pipe for writing once the host reads it; -1 if the host ends before.
+int openPipe(const std::string& path, Host& host)
+{
+    int pipe = -1;
+    while ((pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)) < 0 && errno == ENXIO &&
+           !host.hasEnded())
+        usleep(1000);
+    if (pipe >= 0)
+        fcntl(pipe, F_SETFL, 0);
+    return pipe;
+}
+
 } // namespace
+
+bool isFull()
+{
+    const char* full = std::getenv("TAVO_HOSTILE_FULL");
+    return full && std::strcmp(full, "1") == 0;
+}
 
 void Host::start(const std::string& input, const std::string& output)
 {
@@ -32,6 +52,7 @@ void Host::start(const std::string& input, const std::string& output)
     ASSERT_GE(process_, 0);
     if (process_ > 0)
         return;
+    std::signal(SIGPIPE, SIG_DFL);
     setLimit(RLIMIT_STACK, stackBytes);
     setLimit(RLIMIT_CPU, processorSeconds);
     setLimit(RLIMIT_CORE, 0);
@@ -75,27 +96,13 @@ Ending Host::runPiped(const std::string& input, const std::string& output,
     EXPECT_EQ(mkfifo(input.c_str(), 0600), 0);
     std::signal(SIGPIPE, SIG_IGN); // the host may end before all is written
     start(input, output);
-    const int pipe = openPipe(input, [&] { return hasEnded(); });
+    const int pipe = openPipe(input, *this);
     if (pipe >= 0) {
         std::FILE* file = fdopen(pipe, "wb");
         write(file);
         std::fclose(file);
     }
     return wait();
-}
-
-int openPipe(const std::string& path, const std::function<bool()>& isLost)
-{
-    for (;;) {
-        const int pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-        if (pipe >= 0) {
-            fcntl(pipe, F_SETFL, 0);
-            return pipe;
-        }
-        if (errno != ENXIO || isLost())
-            return -1;
-        usleep(1000);
-    }
 }
 
 void redirect(int descriptor, const char* path, int flags)

@@ -4,6 +4,11 @@
 #include <functional>
 #include <string>
 
+/// True if the environment asks for the full sizes of all that is made large, with
+/// TAVO_HOSTILE_FULL=1. Without it they are such that a test takes a few seconds at most, under the
+/// sanitizers too.
+bool isFull();
+
 /// How a host program ended.
 struct Ending
 {
@@ -36,10 +41,6 @@ public:
 private:
     int process_ = 0;
 };
-
-/// Opens a named pipe for writing, once `hasReader` lets it. -1 if `isLost` says that none will
-/// come.
-int openPipe(const std::string& path, const std::function<bool()>& isLost);
 
 /// For use in `prepare`: makes `path` the file of a descriptor.
 void redirect(int descriptor, const char* path, int flags);
