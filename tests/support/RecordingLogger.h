@@ -13,7 +13,7 @@ public:
     std::string text;
 
     void reserved() override { text += "reserved\n"; }
-    void message(const char* message) override { text += std::string("message: ") + message; }
+    void message(const char* message) override { text.append("message: ").append(message); }
     void warning(const char* format, ...) override
     {
         std::va_list arguments;
@@ -34,7 +34,6 @@ private:
     {
         char buffer[2000];
         std::vsnprintf(buffer, sizeof buffer, format, arguments);
-        text += kind;
-        text += buffer;
+        text.append(kind).append(buffer);
     }
 };

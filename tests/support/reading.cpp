@@ -52,144 +52,106 @@ struct Reading
     PhA2l reader;
 };
 
-/// Writes the model as text. What a configuration shows anyway is left out.
-class ModelText
+// The parts of a model as text. What a configuration shows anyway is left out.
+
+template <class Enumeration>
+const char* word(const char* (*name)(std::int32_t), Enumeration enumerator)
 {
-public:
-    void putGroups(const PhList* groups, const std::string& indent = {})
-    {
-        for (const PhGroup* group : each<PhGroup>(groups)) {
-            putTitle(indent, groupTypeName(static_cast<int>(group->groupType())), group) << "\n";
-            const std::string inner = indent + "  ";
-            for (const PhMemoryPage* page : each<PhMemoryPage>(group->memoryPages()))
-                put(inner, *page);
-            for (const PhCommParam* commParam : each<PhCommParam>(group->commParams()))
-                put(inner, *commParam);
-            for (const PhEntity* entity : each<PhEntity>(group->entities()))
-                put(inner, *entity);
-            for (const PhConversion* conversion : each<PhConversion>(group->conversions()))
-                put(inner, *conversion);
-            for (const PhList* dropped : {group->functions(), group->frames(), group->units()})
-                EXPECT_EQ(dropped, nullptr);
-            EXPECT_EQ(group->parent() == nullptr, indent.empty());
-            putGroups(group->groups(), inner);
-        }
-    }
+    return name(static_cast<std::int32_t>(enumerator));
+}
 
+/// The name of an object and, behind a comma, its long name.
+std::string title(const PhObject& object)
+{
+    std::string text(object.name().view());
+    if (object.longName().length() > 0)
+        text.append(", ").append(object.longName().view());
+    return text;
+}
+
+std::string shown(const PhList* values);
+
+/// 5, 0.500000, 'text' or [...], with "name=" ahead of it if the value has one.
+std::string shown(const PhValue* value)
+{
     std::ostringstream out;
+    if (!value->name().isNull())
+        out << value->name().view() << "=";
+    if (value->isInteger())
+        out << value->intValue();
+    if (value->isDouble())
+        out << std::to_string(value->doubleValue());
+    if (value->isText())
+        out << "'" << value->text().view() << "'";
+    if (value->isList())
+        out << "[" << shown(value->list()) << "]";
+    return out.str();
+}
 
-private:
-    /// What the object is, its name and, behind a comma, its long name.
-    std::ostream& putTitle(const std::string& indent, const char* kind, const PhObject* object)
-    {
-        out << indent << kind << " " << object->name().view();
-        if (object->longName().length() > 0)
-            out << ", " << object->longName().view();
-        return out;
-    }
+std::string shown(const PhList* values)
+{
+    std::string text;
+    for (const PhValue* value : each<PhValue>(values))
+        text.append(text.empty() ? "" : " ").append(shown(value));
+    return text;
+}
 
-    void put(const std::string& indent, const PhMemoryPage& page)
-    {
-        putTitle(indent, "page", &page)
-            << ": " << pageTypeName(static_cast<int>(page.pageType())) << " "
-            << memoryTypeName(static_cast<int>(page.memoryType())) << " "
-            << locationName(static_cast<int>(page.location())) << " ";
-        put(page.address());
-        out << " ";
-        put(page.size());
-        out << "\n";
-    }
+std::string reference(const PhConversion* conversion)
+{
+    return !conversion ? ""
+                       : std::string(" -> ")
+                             .append(conversion->name().view())
+                             .append(conversion->isUnresolved() ? "?" : "")
+                             .append(conversion->isReported() ? "!" : "");
+}
 
-    void put(const std::string& indent, const PhCommParam& commParam)
-    {
-        out << indent << protocolName(static_cast<int>(commParam.protocol())) << " "
-            << transportName(static_cast<int>(commParam.transport())) << " "
-            << endianName(static_cast<int>(commParam.endian())) << " [";
-        putAll(commParam.properties());
-        out << "]\n";
-        const char* const units[] = {"", "s", "ms", "us", "ns"};
-        for (const PhRaster* raster : each<PhRaster>(commParam.rasters())) {
-            putTitle(indent, "  raster", raster) << ": ";
-            put(raster->channel());
-            out << " ";
-            put(raster->rate());
-            out << units[static_cast<int>(raster->timeUnit())] << "\n";
-        }
-    }
+void put(std::ostream& out, const std::string& indent, const PhCommParam& commParam)
+{
+    out << indent << word(protocolName, commParam.protocol()) << " "
+        << word(transportName, commParam.transport()) << " " << word(endianName, commParam.endian())
+        << " [" << shown(commParam.properties()) << "]\n";
+    const char* const units[] = {"", "s", "ms", "us", "ns"};
+    for (const PhRaster* raster : each<PhRaster>(commParam.rasters()))
+        out << indent << "  raster " << title(*raster) << ": " << shown(raster->channel()) << " "
+            << shown(raster->rate()) << units[static_cast<int>(raster->timeUnit())] << "\n";
+}
 
-    void put(const std::string& indent, const PhEntity& entity)
-    {
-        const PhType& type = *entity.type();
-        putTitle(indent, "entity", &entity)
-            << ": " << baseTypeName(static_cast<int>(type.baseType())) << " " << type.bitCount()
-            << " " << endianName(static_cast<int>(type.endian()));
-        putReference(type.conversion());
-        out << "\n";
-    }
+void put(std::ostream& out, const std::string& indent, const PhConversion& conversion)
+{
+    out << indent << word(conversionTypeName, conversion.conversionType()) << " "
+        << title(conversion);
+    if (conversion.unit())
+        out << " in '" << conversion.unit()->label().view() << "'";
+    if (conversion.numerator())
+        out << ": (" << shown(conversion.numerator()) << ") / (" << shown(conversion.denominator())
+            << ")";
+    out << reference(conversion.conversion()) << "\n";
+    for (const PhRange* row : each<PhRange>(conversion.ranges()))
+        out << indent << "  " << shown(&row->lowerLimit()) << " to " << shown(&row->upperLimit())
+            << ": " << shown(&row->result()) << "\n";
+}
 
-    void put(const std::string& indent, const PhConversion& conversion)
-    {
-        putTitle(indent, conversionTypeName(static_cast<int>(conversion.conversionType())),
-                 &conversion);
-        if (conversion.unit())
-            out << " in '" << conversion.unit()->label().view() << "'";
-        if (conversion.numerator()) {
-            out << ": (";
-            putAll(conversion.numerator());
-            out << ") / (";
-            putAll(conversion.denominator());
-            out << ")";
-        }
-        putReference(conversion.conversion());
-        out << "\n";
-        for (const PhRange* row : each<PhRange>(conversion.ranges())) {
-            EXPECT_EQ(row->lowerLimitFlag() + row->upperLimitFlag(), 2);
-            EXPECT_FALSE(row->inverseValue().isValid());
-            out << indent << "  ";
-            put(&row->lowerLimit());
-            out << " to ";
-            put(&row->upperLimit());
-            out << ": ";
-            put(&row->result());
-            out << "\n";
-        }
-    }
-
-    void putReference(const PhConversion* conversion)
-    {
-        if (conversion)
-            out << " -> " << conversion->name().view() << (conversion->isUnresolved() ? "?" : "")
-                << (conversion->isReported() ? "!" : "");
-    }
-
-    /// 5, 0.500000, 'text' or [...], with "name=" ahead of it if the value has one.
-    void put(const PhValue* value)
-    {
-        if (!value->name().isNull())
-            out << value->name().view() << "=";
-        if (value->isInteger())
-            out << value->intValue();
-        if (value->isDouble())
-            out << std::to_string(value->doubleValue());
-        if (value->isText())
-            out << "'" << value->text().view() << "'";
-        if (value->isList()) {
-            out << "[";
-            putAll(value->list());
-            out << "]";
-        }
-    }
-
-    void putAll(const PhList* values)
-    {
-        const char* separator = "";
-        for (const PhValue* value : each<PhValue>(values)) {
-            out << separator;
-            put(value);
-            separator = " ";
-        }
-    }
-};
+void put(std::ostream& out, const std::string& indent, const PhGroup& group)
+{
+    out << indent << word(groupTypeName, group.groupType()) << " " << title(group) << "\n";
+    const std::string inner = indent + "  ";
+    for (const PhMemoryPage* page : each<PhMemoryPage>(group.memoryPages()))
+        out << inner << "page " << title(*page) << ": " << word(pageTypeName, page->pageType())
+            << " " << word(memoryTypeName, page->memoryType()) << " "
+            << word(locationName, page->location()) << " " << shown(page->address()) << " "
+            << shown(page->size()) << "\n";
+    for (const PhCommParam* commParam : each<PhCommParam>(group.commParams()))
+        put(out, inner, *commParam);
+    for (const PhEntity* entity : each<PhEntity>(group.entities()))
+        out << inner << "entity " << title(*entity) << ": "
+            << word(baseTypeName, entity->type()->baseType()) << " " << entity->type()->bitCount()
+            << " " << word(endianName, entity->type()->endian())
+            << reference(entity->type()->conversion()) << "\n";
+    for (const PhConversion* conversion : each<PhConversion>(group.conversions()))
+        put(out, inner, *conversion);
+    for (const PhGroup* child : each<PhGroup>(group.groups()))
+        put(out, inner, *child);
+}
 
 } // namespace
 
@@ -223,10 +185,11 @@ std::string modelOf(std::string_view description, Names names)
         root.resolve();
         root.resolve(); // once more: all has been done and told
     }
-    ModelText model;
-    model.out << reading.log() << "status " << status << "\n";
-    model.putGroups(root.groups());
-    return model.out.str();
+    std::ostringstream out;
+    out << reading.log() << "status " << status << "\n";
+    for (const PhGroup* group : each<PhGroup>(root.groups()))
+        put(out, "", *group);
+    return out.str();
 }
 
 std::string logOf(std::string_view description)

@@ -9,8 +9,8 @@
 std::string tokensOf(std::string_view text, int vocabulary = 0);
 
 /// What the reading of a description tells, its status, and what it leaves in the model: a line for
-/// each object, with the objects of a group indented. A "?" behind the name of a conversion says that
-/// it is a placeholder, a "!" that this was reported.
+/// each object, with the objects of a group indented. A "?" behind the name of a conversion says
+/// that it is a placeholder, a "!" that this was reported.
 enum class Names
 {
     AsRead,
