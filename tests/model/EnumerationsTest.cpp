@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
 #include <tuple>
 
 using namespace tavo;
@@ -24,8 +25,7 @@ TEST(EnumerationsTest, EachRunsFromZeroToItsLastValue)
     };
     for (const auto& [name, last, text] : lastTexts) {
         EXPECT_STREQ(name(last), text);
-        EXPECT_STREQ(name(0) + (name == baseTypeName || name == conversionTypeName ? 2 : 0),
-                     "Undefined");
+        EXPECT_TRUE(std::string_view(name(0)).ends_with("Undefined"));
         EXPECT_STREQ(name(last + 1), "*Undefined*");
         EXPECT_STREQ(name(-1), "*Undefined*");
     }

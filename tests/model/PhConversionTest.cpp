@@ -14,94 +14,75 @@ using namespace tavo;
 
 namespace {
 
-/// The coefficients of a polynomial, highest power first.
-using Coefficients = std::vector<PhValue>;
+using Integers = std::vector<int>; // the coefficients of a polynomial, highest power first
 
-/// Appends copies, which outlive the coefficients.
-void fill(PhConversion& conversion, Coefficients numerator, Coefficients denominator)
+void fill(PhConversion& conversion, const Integers& numerator, const Integers& denominator)
 {
-    for (const PhValue& coefficient : numerator)
-        conversion.appendNumerator(coefficient);
-    for (const PhValue& coefficient : denominator)
-        conversion.appendDenominator(coefficient);
+    for (const int coefficient : numerator)
+        conversion.appendNumerator(PhValue(coefficient));
+    for (const int coefficient : denominator)
+        conversion.appendDenominator(PhValue(coefficient));
 }
-
-PhValue I(int number) { return PhValue(number); }
-PhValue D(double number) { return PhValue(number); }
-PhValue T() { return PhValue(PhString("2")); }
 
 } // namespace
 
 TEST(PhConversionTest, FactorAndOffsetOfWhatIsLinear)
 {
-    struct
-    {
-        Coefficients numerator;
-        Coefficients denominator;
-        bool linear;
-        double factor;
-        double offset;
-    } const cases[] = {
+    const std::tuple<Integers, Integers, bool, double, double> cases[] = {
         {{}, {}, true, 1.0, 0.0},
-        {{I(7)}, {I(2)}, true, 0.5, 3.5},
-        {{I(2), I(3)}, {}, true, 2.0, 3.0},
-        {{I(2), D(3.0)}, {I(4)}, true, 0.5, 0.75},
-        {{I(2), I(3)}, {D(-0.0)}, true, 2.0, 3.0},
-        {{I(2), I(3)}, {T()}, true, 2.0, 3.0},
-        {{I(1), D(-0.0)}, {I(5)}, true, 0.2, -0.0},
-        {{I(0), I(2), I(3)}, {I(1)}, false, -1.0, -2.0},
-        {{I(2), I(3)}, {I(1), I(2)}, false, -1.0, -2.0},
-        {{}, {I(0), I(1)}, false, -1.0, -2.0},
+        {{7}, {2}, true, 0.5, 3.5},
+        {{2, 3}, {}, true, 2.0, 3.0},
+        {{2, 3}, {4}, true, 0.5, 0.75},
+        {{2, 3}, {0}, true, 2.0, 3.0},
+        {{0, 2, 3}, {1}, false, -1.0, -2.0},
+        {{2, 3}, {1, 2}, false, -1.0, -2.0},
+        {{}, {0, 1}, false, -1.0, -2.0},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(&row - cases);
+    for (const auto& [numerator, denominator, linear, expectedFactor, expectedOffset] : cases) {
         PhConversion conversion;
         conversion.createNumerator(); // an empty list counts as a missing one
-        fill(conversion, row.numerator, row.denominator);
+        fill(conversion, numerator, denominator);
         double factor = -1.0;
         double offset = -2.0;
-        EXPECT_EQ(conversion.getLinearFactors(&factor, &offset), row.linear);
-        EXPECT_EQ(factor, row.factor);
-        EXPECT_EQ(offset, row.offset);
-        EXPECT_EQ(std::signbit(offset), std::signbit(row.offset));
+        EXPECT_EQ(conversion.getLinearFactors(&factor, &offset), linear);
+        EXPECT_EQ(factor, expectedFactor);
+        EXPECT_EQ(offset, expectedOffset);
     }
+    PhConversion textBelow;
+    fill(textBelow, {2}, {});
+    textBelow.appendDenominator(PhValue(PhString("2")));
+    textBelow.appendNumerator(PhValue(-0.0));
+    double factor = 0.0;
+    double offset = 0.0;
+    EXPECT_TRUE(textBelow.getLinearFactors(&factor, &offset));
+    EXPECT_EQ(factor, 2.0);
+    EXPECT_TRUE(std::signbit(offset));
 }
 
 TEST(PhConversionTest, ConvertEvaluatesTheQuotient)
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    struct
-    {
-        Coefficients numerator;
-        Coefficients denominator;
-        PhValue x;
-        double y;
-    } const cases[] = {
-        {{I(2), I(3)}, {I(4)}, I(5), 3.25},
-        {{I(1), I(2), I(3)}, {I(2), I(1)}, I(10), 123.0 / 21.0},
-        {{I(1)}, {I(1), I(0), I(0)}, I(4), 1.0 / 16.0},
-        {{I(1), I(0)}, {}, I(4), 4.0},
-        {{}, {I(2)}, I(5), 0.0},
+    const std::tuple<Integers, Integers, int, double> cases[] = {
+        {{2, 3}, {4}, 5, 3.25},
+        {{1, 2, 3}, {2, 1}, 10, 123.0 / 21.0},
+        {{1, 0}, {}, 4, 4.0},
+        {{}, {2}, 5, 0.0},
         // A denominator that holds no divisor counts as 1; one that comes to zero doesn't.
-        {{I(2), I(3)}, {I(0), D(0.0), T()}, I(5), 13.0},
-        {{I(1)}, {I(1), I(0)}, I(0), infinity},
+        {{2, 3}, {0, 0}, 5, 13.0},
+        {{1}, {1, 0}, 0, infinity},
         // Powers of an integer wrap: 65536 squared is 0.
-        {{I(1), I(0), I(7)}, {I(1)}, I(65536), 7.0},
+        {{1, 0, 7}, {1}, 65536, 7.0},
     };
-    for (const auto& row : cases) {
-        SCOPED_TRACE(&row - cases);
+    for (const auto& [numerator, denominator, x, expected] : cases) {
         PhConversion conversion;
-        fill(conversion, row.numerator, row.denominator);
-        PhValue y(PhString("before"));
-        conversion.convert(row.x, y);
-        EXPECT_TRUE(y.isDouble() && !y.isText());
-        EXPECT_EQ(y.doubleValue(), row.y);
-        PhValue x(row.x);
-        conversion.convert(x, x);
-        EXPECT_EQ(x.doubleValue(), row.y);
+        fill(conversion, numerator, denominator);
+        PhValue y(x);
+        conversion.convert(y, y);
+        EXPECT_TRUE(y.isDouble());
+        EXPECT_EQ(y.doubleValue(), expected) << x;
     }
     PhValue y(1);
-    PhConversion().convert(I(5), y);
+    PhConversion().convert(PhValue(5), y);
     EXPECT_FALSE(y.isValid());
 }
 

@@ -33,12 +33,11 @@ TEST(PhObjectTest, DiesWithTheLastCountAndIsNeverDestroyedByDecRef)
     EXPECT_EQ(Probe::alive, 0);
 }
 
-TEST(PhObjectTest, TextsAreSeparateAndOutliveIt)
+TEST(PhObjectTest, TextsAreSeparateAndOutliveItAndFlagsAreBits)
 {
     PhString name;
     {
         PhObject object(1);
-        EXPECT_TRUE(object.name().isNull());
         object.setName("n");
         object.setLongName("l");
         object.setDescription("d");
@@ -47,18 +46,13 @@ TEST(PhObjectTest, TextsAreSeparateAndOutliveIt)
         EXPECT_STREQ(object.longName(), "l");
         EXPECT_STREQ(object.description(), "d");
         EXPECT_STREQ(object.externalId(), "e");
+        object.setUnresolved();
+        object.setFlag(0x30);
+        object.clearFlag(0x10);
+        EXPECT_TRUE(object.isFlag(0xA0) && !object.isFlag(0x10));
+        EXPECT_TRUE(object.isUnresolved() && !object.isReported());
     }
     EXPECT_STREQ(name, "n");
-}
-
-TEST(PhObjectTest, AnyOneBitOfAMaskMatches)
-{
-    PhObject object(1);
-    object.setUnresolved();
-    object.setFlag(0x30);
-    object.clearFlag(0x10);
-    EXPECT_TRUE(object.isFlag(0xA0) && !object.isFlag(0x10));
-    EXPECT_TRUE(object.isUnresolved() && !object.isReported());
 }
 
 TEST(OwnershipTest, AFieldOwnsOneCountOfWhatItHolds)

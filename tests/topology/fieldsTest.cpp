@@ -34,20 +34,15 @@ using namespace tavo;
 
 namespace {
 
-int alive = 0;
-
 template <class Base> class Counted : public Base
 {
 public:
-    Counted() { ++alive; }
-    ~Counted() override { --alive; }
-};
+    explicit Counted(int& alive) : alive_(alive) { ++alive_; }
+    ~Counted() override { --alive_; }
 
-template <class Field> Field* counted()
-{
-    using Made = std::conditional_t<std::is_same_v<Field, PhObject>, PhValue, Field>;
-    return new Counted<Made>;
-}
+private:
+    int& alive_;
+};
 
 /// An object whose fields are filled one by one until it dies.
 template <class Object> class Fields
@@ -56,36 +51,31 @@ public:
     explicit Fields(PhClassId classId) { EXPECT_EQ(object_->classId(), classId); }
     ~Fields()
     {
-        EXPECT_EQ(alive, count_);
+        EXPECT_EQ(alive_, count_);
         object_.reset();
-        EXPECT_EQ(alive, 0);
+        EXPECT_EQ(alive_, 0);
     }
 
-    template <class Field> Fields& field(void (Object::*set)(Field*), Field* (Object::*get)() const)
+    /// `Got` is `Field` itself, or the list in which it stands.
+    template <class Field, class Got>
+    Fields& have(void (Object::*store)(Field*), Got* (Object::*get)() const)
     {
-        EXPECT_EQ(((*object_).*get)(), nullptr) << count_;
-        ((*object_).*set)(counted<Field>());
-        Field* kept = counted<Field>();
-        ((*object_).*set)(kept);
-        EXPECT_EQ(((*object_).*get)(), kept) << count_;
-        ++count_;
-        return *this;
-    }
-
-    template <class Element>
-    Fields& list(void (Object::*append)(Element*), PhList* (Object::*get)() const)
-    {
-        EXPECT_EQ(((*object_).*get)(), nullptr) << count_;
-        Element* element = counted<Element>();
-        ((*object_).*append)(element);
-        EXPECT_EQ(((*object_).*get)()->last(), element) << count_;
-        ++count_;
+        using Made = std::conditional_t<std::is_same_v<Field, PhObject>, PhValue, Field>;
+        SCOPED_TRACE(++count_);
+        EXPECT_EQ(((*object_).*get)(), nullptr);
+        Field* field = new Counted<Made>(alive_);
+        ((*object_).*store)(field);
+        if constexpr (std::is_same_v<Got, PhList>)
+            EXPECT_EQ(((*object_).*get)()->last(), field);
+        else
+            EXPECT_EQ(((*object_).*get)(), field);
         return *this;
     }
 
 private:
-    std::unique_ptr<Object> object_ = std::make_unique<Object>();
+    int alive_ = 0;
     int count_ = 0;
+    std::unique_ptr<Object> object_ = std::make_unique<Object>();
 };
 
 } // namespace
@@ -93,82 +83,81 @@ private:
 TEST(FieldsTest, KeepWhatTheyAreGivenAsLongAsTheirObjectLives)
 {
     Fields<PhSignal>(PhClassSignal)
-        .field(&PhSignal::setType, &PhSignal::type)
-        .field(&PhSignal::setAuxRef1, &PhSignal::auxRef1)
-        .field(&PhSignal::setAuxRef2, &PhSignal::auxRef2)
-        .field(&PhSignal::setAuxRef3, &PhSignal::auxRef3);
+        .have(&PhSignal::setType, &PhSignal::type)
+        .have(&PhSignal::setAuxRef1, &PhSignal::auxRef1)
+        .have(&PhSignal::setAuxRef2, &PhSignal::auxRef2)
+        .have(&PhSignal::setAuxRef3, &PhSignal::auxRef3);
     Fields<PhParameter>(PhClassParameter)
-        .field(&PhParameter::setAuxRef1, &PhParameter::auxRef1)
-        .field(&PhParameter::setType, &PhParameter::type)
-        .field(&PhParameter::setAuxRef2, &PhParameter::auxRef2)
-        .field(&PhParameter::setAuxRef3, &PhParameter::auxRef3)
-        .field(&PhParameter::setAuxRef4, &PhParameter::auxRef4)
-        .field(&PhParameter::setAuxRef5, &PhParameter::auxRef5)
-        .field(&PhParameter::setAuxRef6, &PhParameter::auxRef6)
-        .field(&PhParameter::setAuxRef7, &PhParameter::auxRef7);
+        .have(&PhParameter::setAuxRef1, &PhParameter::auxRef1)
+        .have(&PhParameter::setType, &PhParameter::type)
+        .have(&PhParameter::setAuxRef2, &PhParameter::auxRef2)
+        .have(&PhParameter::setAuxRef3, &PhParameter::auxRef3)
+        .have(&PhParameter::setAuxRef4, &PhParameter::auxRef4)
+        .have(&PhParameter::setAuxRef5, &PhParameter::auxRef5)
+        .have(&PhParameter::setAuxRef6, &PhParameter::auxRef6)
+        .have(&PhParameter::setAuxRef7, &PhParameter::auxRef7);
     Fields<PhStructure>(PhClassStructure)
-        .field(&PhStructure::setAuxRef1, &PhStructure::auxRef1)
-        .field(&PhStructure::setAuxRef2, &PhStructure::auxRef2)
-        .list(&PhStructure::appendRange, &PhStructure::ranges)
-        .list(&PhStructure::appendParameter, &PhStructure::parameters)
-        .field(&PhStructure::setAuxRef3, &PhStructure::auxRef3);
+        .have(&PhStructure::setAuxRef1, &PhStructure::auxRef1)
+        .have(&PhStructure::setAuxRef2, &PhStructure::auxRef2)
+        .have(&PhStructure::appendRange, &PhStructure::ranges)
+        .have(&PhStructure::appendParameter, &PhStructure::parameters)
+        .have(&PhStructure::setAuxRef3, &PhStructure::auxRef3);
     Fields<PhEntityRef>(PhClassEntityRef)
-        .field(&PhEntityRef::setSecondaryRef, &PhEntityRef::secondaryRef)
-        .field(&PhEntityRef::setPrimaryRef, &PhEntityRef::primaryRef)
-        .field(&PhEntityRef::setLocalRef, &PhEntityRef::localRef);
+        .have(&PhEntityRef::setSecondaryRef, &PhEntityRef::secondaryRef)
+        .have(&PhEntityRef::setPrimaryRef, &PhEntityRef::primaryRef)
+        .have(&PhEntityRef::setLocalRef, &PhEntityRef::localRef);
     Fields<PhFunction>(PhClassFunction)
-        .list(&PhFunction::appendInputSignal, &PhFunction::inputSignals)
-        .list(&PhFunction::appendOutputSignal, &PhFunction::outputSignals);
+        .have(&PhFunction::appendInputSignal, &PhFunction::inputSignals)
+        .have(&PhFunction::appendOutputSignal, &PhFunction::outputSignals);
     Fields<PhService>(PhClassService)
-        .field(&PhService::setRequest, &PhService::request)
-        .list(&PhService::appendResponse, &PhService::responses);
-    Fields<PhFrame>(PhClassFrame).field(&PhFrame::setStructure, &PhFrame::structure);
+        .have(&PhService::setRequest, &PhService::request)
+        .have(&PhService::appendResponse, &PhService::responses);
+    Fields<PhFrame>(PhClassFrame).have(&PhFrame::setStructure, &PhFrame::structure);
     Fields<PhFrameTriggering>(PhClassFrameTriggering)
-        .field(&PhFrameTriggering::setFrame, &PhFrameTriggering::frame)
-        .field(&PhFrameTriggering::setIdentifier, &PhFrameTriggering::identifier)
-        .field(&PhFrameTriggering::setAuxRef1, &PhFrameTriggering::auxRef1)
-        .field(&PhFrameTriggering::setTiming, &PhFrameTriggering::timing)
-        .field(&PhFrameTriggering::setAuxRef2, &PhFrameTriggering::auxRef2)
-        .field(&PhFrameTriggering::setAuxRef3, &PhFrameTriggering::auxRef3);
+        .have(&PhFrameTriggering::setFrame, &PhFrameTriggering::frame)
+        .have(&PhFrameTriggering::setIdentifier, &PhFrameTriggering::identifier)
+        .have(&PhFrameTriggering::setAuxRef1, &PhFrameTriggering::auxRef1)
+        .have(&PhFrameTriggering::setTiming, &PhFrameTriggering::timing)
+        .have(&PhFrameTriggering::setAuxRef2, &PhFrameTriggering::auxRef2)
+        .have(&PhFrameTriggering::setAuxRef3, &PhFrameTriggering::auxRef3);
     Fields<PhTiming>(PhClassTiming)
-        .field(&PhTiming::setDelay, &PhTiming::delay)
-        .field(&PhTiming::setCycle, &PhTiming::cycle);
+        .have(&PhTiming::setDelay, &PhTiming::delay)
+        .have(&PhTiming::setCycle, &PhTiming::cycle);
     Fields<PhCluster>(PhClassCluster)
-        .list(&PhCluster::appendChannel, &PhCluster::channels)
-        .field(&PhCluster::setAuxRef1, &PhCluster::auxRef1)
-        .field(&PhCluster::setAuxRef2, &PhCluster::auxRef2);
+        .have(&PhCluster::appendChannel, &PhCluster::channels)
+        .have(&PhCluster::setAuxRef1, &PhCluster::auxRef1)
+        .have(&PhCluster::setAuxRef2, &PhCluster::auxRef2);
     Fields<PhChannel>(PhClassChannel)
-        .field(&PhChannel::setCluster, &PhChannel::cluster)
-        .field(&PhChannel::setScheduleTable, &PhChannel::scheduleTable)
-        .list(&PhChannel::appendFrameTriggering, &PhChannel::frameTriggerings);
+        .have(&PhChannel::setCluster, &PhChannel::cluster)
+        .have(&PhChannel::setScheduleTable, &PhChannel::scheduleTable)
+        .have(&PhChannel::appendFrameTriggering, &PhChannel::frameTriggerings);
     Fields<PhConnector>(PhClassConnector)
-        .field(&PhConnector::setController, &PhConnector::controller)
-        .field(&PhConnector::setChannel, &PhConnector::channel)
-        .list(&PhConnector::appendFrameTriggering, &PhConnector::frameTriggerings)
-        .list(&PhConnector::appendInputSignal, &PhConnector::inputSignals)
-        .list(&PhConnector::appendInputFrame, &PhConnector::inputFrames);
-    Fields<PhController>(PhClassController)
-        .field(&PhController::setChannel, &PhController::channel);
+        .have(&PhConnector::setController, &PhConnector::controller)
+        .have(&PhConnector::setChannel, &PhConnector::channel)
+        .have(&PhConnector::appendFrameTriggering, &PhConnector::frameTriggerings)
+        .have(&PhConnector::appendInputSignal, &PhConnector::inputSignals)
+        .have(&PhConnector::appendInputFrame, &PhConnector::inputFrames);
+    Fields<PhController>(PhClassController).have(&PhController::setChannel, &PhController::channel);
     Fields<PhEcu>(PhClassEcu)
-        .list(&PhEcu::appendFunction, &PhEcu::functions)
-        .list(&PhEcu::appendConnector, &PhEcu::connectors)
-        .list(&PhEcu::appendController, &PhEcu::controllers)
-        .list(&PhEcu::appendConnectorMapping, &PhEcu::connectorMappings);
+        .have(&PhEcu::appendFunction, &PhEcu::functions)
+        .have(&PhEcu::appendConnector, &PhEcu::connectors)
+        .have(&PhEcu::appendController, &PhEcu::controllers)
+        .have(&PhEcu::appendConnectorMapping, &PhEcu::connectorMappings);
     Fields<PhConnectorMapping>(PhClassConnectorMapping)
-        .field(&PhConnectorMapping::setSource, &PhConnectorMapping::source)
-        .field(&PhConnectorMapping::setTarget, &PhConnectorMapping::target)
-        .list(&PhConnectorMapping::appendFrameMapping, &PhConnectorMapping::frameMappings);
+        .have(&PhConnectorMapping::setSource, &PhConnectorMapping::source)
+        .have(&PhConnectorMapping::setTarget, &PhConnectorMapping::target)
+        .have(&PhConnectorMapping::appendFrameMapping, &PhConnectorMapping::frameMappings);
     Fields<PhFrameMapping>(PhClassFrameMapping)
-        .field(&PhFrameMapping::setSource, &PhFrameMapping::source)
-        .field(&PhFrameMapping::setTarget, &PhFrameMapping::target)
-        .list(&PhFrameMapping::appendSignalMapping, &PhFrameMapping::signalMappings);
+        .have(&PhFrameMapping::setSource, &PhFrameMapping::source)
+        .have(&PhFrameMapping::setTarget, &PhFrameMapping::target)
+        .have(&PhFrameMapping::appendSignalMapping, &PhFrameMapping::signalMappings);
     Fields<PhSignalMapping>(PhClassSignalMapping)
-        .field(&PhSignalMapping::setSource, &PhSignalMapping::source)
-        .field(&PhSignalMapping::setTarget, &PhSignalMapping::target);
+        .have(&PhSignalMapping::setSource, &PhSignalMapping::source)
+        .have(&PhSignalMapping::setTarget, &PhSignalMapping::target);
     Fields<PhScheduleTable>(PhClassScheduleTable)
-        .list(&PhScheduleTable::appendScheduleTableEntry, &PhScheduleTable::scheduleTableEntries);
+        .have(&PhScheduleTable::appendScheduleTableEntry, &PhScheduleTable::scheduleTableEntries);
     Fields<PhScheduleTableEntry>(PhClassScheduleTableEntry)
-        .field(&PhScheduleTableEntry::setAuxRef, &PhScheduleTableEntry::auxRef)
-        .field(&PhScheduleTableEntry::setDelay, &PhScheduleTableEntry::delay)
-        .field(&PhScheduleTableEntry::setFrame, &PhScheduleTableEntry::frame);
+        .have(&PhScheduleTableEntry::setAuxRef, &PhScheduleTableEntry::auxRef)
+        .have(&PhScheduleTableEntry::setDelay, &PhScheduleTableEntry::delay)
+        .have(&PhScheduleTableEntry::setFrame, &PhScheduleTableEntry::frame);
 }
