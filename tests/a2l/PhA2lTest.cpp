@@ -80,18 +80,4 @@ TEST_F(PhA2lTest, CutsOnlyTheTextOfAMessageForALoggerAndKeepsTheStandardOutputSi
                                ("Unexpected token '" + name).substr(0, 499) + "\n");
 }
 
-TEST_F(PhA2lTest, TheCoreVocabularyIsBackAfterAnyFailure)
-{
-    for (const std::string body :
-         {"/begin IF_DATA ASAP1B_CCP /begin SOURCE s 1 1 x",
-          "/begin IF_DATA ASAP1B_CCP /begin TP_BLOB 1 2 3 4 5 6 DAQ_MODE /*",
-          "/begin IF_DATA XCP /begin DAQ 1 2 3 4 5 6 7 8 9 10 /begin EVENT",
-          "/begin IF_DATA XCP /begin PAG /*", "/begin MEASUREMENT n \"\" BYTE",
-          "/begin MOD_COMMON \"\" BYTE_ORDER /*"}) {
-        PhA2l reader("d.a2l");
-        EXPECT_EQ(read(reader, inModule(body)), -1);
-        EXPECT_EQ(&reader.keywords(), &coreKeywords) << body;
-    }
-}
-
 } // namespace

@@ -155,6 +155,7 @@ TEST(PhListTest, FindsNamesAmongMany)
 
 TEST(PhListTest, WithAnIndexOfItsUserFindsWhatWasAddedLast)
 {
+    ASSERT_EQ(PhString("ab").hash(), PhString("b`").hash());
     for (const std::string more : {"", "efghijklmnopqrstuvwxyz"}) {
         PhList list;
         fill(list, "dbacab" + more);
@@ -168,6 +169,9 @@ TEST(PhListTest, WithAnIndexOfItsUserFindsWhatWasAddedLast)
         EXPECT_EQ(list.findByName("a"), list.at(2));
         list.removeByName("c");
         EXPECT_EQ(list.findByName("c"), nullptr);
+        list.prepend(new Probe("ab"));
+        EXPECT_EQ(list.findByName("b`"), nullptr);
+        list.remove(list.entryAt(0));
         list.sort(youngerFirst);
         EXPECT_EQ(list.findByName("b"), list.at(static_cast<int>(more.size()) + 3));
         list.clearHash();

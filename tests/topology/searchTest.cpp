@@ -1,4 +1,4 @@
-// How groups, interfaces and networks find and remove what they hold.
+// How groups and networks find and remove what they hold.
 
 #include "model/PhConversion.h"
 #include "model/PhSignal.h"
@@ -6,10 +6,8 @@
 #include "model/PhType.h"
 #include "model/PhUnit.h"
 #include "model/PhValue.h"
-#include "model/Probe.h"
 #include "model/ownership.h"
 #include "topology/PhChannel.h"
-#include "topology/PhCommParam.h"
 #include "topology/PhConnector.h"
 #include "topology/PhConnectorMapping.h"
 #include "topology/PhController.h"
@@ -19,7 +17,6 @@
 #include "topology/PhFrameMapping.h"
 #include "topology/PhFunction.h"
 #include "topology/PhGroup.h"
-#include "topology/PhRaster.h"
 #include "topology/PhRoot.h"
 #include "topology/PhService.h"
 #include "topology/PhSignalMapping.h"
@@ -45,19 +42,17 @@ PhGroup* group(const char* name)
     return made<PhGroup>(name, name ? PhString("id of ") + PhString(name) : PhString());
 }
 
-enum class By
-{
-    Name,
-    ExternalId
-};
-
-/// A look-up searches from its group upward, and compares one text alone.
+/// A look-up searches from its group upward, and compares the text that `setText` sets.
 template <class Element>
 void expectLookUp(void (PhGroup::*append)(Element*),
-                  Element* (PhGroup::*lookUp)(const PhString&) const, By by)
+                  Element* (PhGroup::*lookUp)(const PhString&) const,
+                  void (PhObject::*setText)(const PhString&))
 {
-    const auto labelled = [by](const char* label) {
-        return by == By::Name ? made<Element>(label, "other") : made<Element>("other", label);
+    const auto add = [&](PhGroup* group, const char* label) {
+        Element* element = made<Element>("other", "other");
+        (element->*setText)(label);
+        (group->*append)(element);
+        return element;
     };
     PhGroup project;
     PhGroup* module = group("module");
@@ -65,13 +60,11 @@ void expectLookUp(void (PhGroup::*append)(Element*),
     project.appendGroup(module);
     project.appendGroup(sibling);
     EXPECT_EQ((module->*lookUp)("shared"), nullptr);
-    Element* outer = labelled("shared");
-    (project.*append)(outer);
+    Element* outer = add(&project, "shared");
     EXPECT_EQ((module->*lookUp)("shared"), outer);
-    Element* inner = labelled("shared");
-    (module->*append)(inner);
-    (module->*append)(labelled("shared"));
-    (sibling->*append)(labelled("sibling's"));
+    Element* inner = add(module, "shared");
+    add(module, "shared");
+    add(sibling, "sibling's");
     EXPECT_EQ((module->*lookUp)("shared"), inner);
     EXPECT_EQ((project.*lookUp)("shared"), outer);
     for (const char* label : {"Shared", "sibling's", "other"})
@@ -103,21 +96,21 @@ void expectRemoval(void (PhGroup::*append)(Element*), void (PhGroup::*remove)(st
 TEST(PhGroupTest, LookUpsSearchFromTheInnermostGroupUpward)
 {
     using Group = PhGroup;
-    expectLookUp(&Group::appendUnit, &Group::resolveUnitByName, By::Name);
-    expectLookUp(&Group::appendType, &Group::resolveTypeByName, By::Name);
-    expectLookUp(&Group::appendStructure, &Group::resolveStructureByName, By::Name);
-    expectLookUp(&Group::appendService, &Group::resolveService, By::Name);
-    expectLookUp(&Group::appendConversion, &Group::resolveConversion, By::Name);
-    expectLookUp(&Group::appendUnit, &Group::resolveUnit, By::ExternalId);
-    expectLookUp(&Group::appendType, &Group::resolveType, By::ExternalId);
-    expectLookUp(&Group::appendSignal, &Group::resolveSignal, By::ExternalId);
-    expectLookUp(&Group::appendStructure, &Group::resolveStructure, By::ExternalId);
-    expectLookUp(&Group::appendFrame, &Group::resolveFrame, By::ExternalId);
-    expectLookUp(&Group::appendRequest, &Group::resolveRequest, By::ExternalId);
-    expectLookUp(&Group::appendResponse, &Group::resolveResponse, By::ExternalId);
-    expectLookUp(&Group::appendFunction, &Group::resolveFunction, By::ExternalId);
-    expectLookUp(&Group::appendEcu, &Group::resolveEcu, By::ExternalId);
-    expectLookUp(&Group::appendChannel, &Group::resolveChannel, By::ExternalId);
+    expectLookUp(&Group::appendUnit, &Group::resolveUnitByName, &Group::setName);
+    expectLookUp(&Group::appendType, &Group::resolveTypeByName, &Group::setName);
+    expectLookUp(&Group::appendStructure, &Group::resolveStructureByName, &Group::setName);
+    expectLookUp(&Group::appendService, &Group::resolveService, &Group::setName);
+    expectLookUp(&Group::appendConversion, &Group::resolveConversion, &Group::setName);
+    expectLookUp(&Group::appendUnit, &Group::resolveUnit, &Group::setExternalId);
+    expectLookUp(&Group::appendType, &Group::resolveType, &Group::setExternalId);
+    expectLookUp(&Group::appendSignal, &Group::resolveSignal, &Group::setExternalId);
+    expectLookUp(&Group::appendStructure, &Group::resolveStructure, &Group::setExternalId);
+    expectLookUp(&Group::appendFrame, &Group::resolveFrame, &Group::setExternalId);
+    expectLookUp(&Group::appendRequest, &Group::resolveRequest, &Group::setExternalId);
+    expectLookUp(&Group::appendResponse, &Group::resolveResponse, &Group::setExternalId);
+    expectLookUp(&Group::appendFunction, &Group::resolveFunction, &Group::setExternalId);
+    expectLookUp(&Group::appendEcu, &Group::resolveEcu, &Group::setExternalId);
+    expectLookUp(&Group::appendChannel, &Group::resolveChannel, &Group::setExternalId);
 }
 
 TEST(PhGroupTest, EachRemovalTakesTheElementOfThatIdFromItsOwnList)
@@ -161,78 +154,35 @@ TEST(PhGroupTest, IsTheParentOfItsChildrenUntilTheyLeave)
 TEST(PhRootTest, SearchesDepthFirstAndEachGroupBeforeItsChildren)
 {
     // first: a (twin, one without a name), twin
-    // second: b
+    // second
     PhRoot root;
     EXPECT_EQ(root.findGroupByName("first"), nullptr);
     PhGroup* first = group("first");
     PhGroup* second = group("second");
     PhGroup* a = group("a");
-    PhGroup* b = group("b");
-    PhGroup* deepTwin = group("twin");
+    PhGroup* twin = group("twin");
     PhGroup* nameless = group(nullptr);
     root.appendGroup(first);
     root.appendGroup(second);
     first->appendGroup(a);
     first->appendGroup(group("twin"));
-    second->appendGroup(b);
-    a->appendGroup(deepTwin);
+    a->appendGroup(twin);
     a->appendGroup(nameless);
 
-    const std::tuple<const char*, PhGroup*, PhGroup*> cases[] = {
-        {"first", first, nullptr},     {"a", a, a},
-        {"twin", deepTwin, deepTwin},  {"b", b, nullptr},
-        {"A", nullptr, nullptr},       {"", nullptr, nullptr},
-        {nullptr, nameless, nameless},
-    };
-    for (const auto& [name, inRoot, belowFirst] : cases) {
-        SCOPED_TRACE(name ? name : "null");
-        EXPECT_EQ(root.findGroupByName(name), inRoot);
-        EXPECT_EQ(first->findGroupByName(name), belowFirst);
+    for (PhGroup* wanted : {first, a, twin, second, nameless}) {
+        const bool isBelow = wanted != first && wanted != second;
+        EXPECT_EQ(root.findGroupByName(wanted->name()), wanted);
+        EXPECT_EQ(root.findGroupByExternalId(wanted->externalId()), wanted);
+        EXPECT_EQ(first->findGroupByName(wanted->name()), isBelow ? wanted : nullptr);
+        EXPECT_EQ(first->findGroupByExternalId(wanted->externalId()), isBelow ? wanted : nullptr);
     }
-    EXPECT_EQ(root.findGroupByExternalId("id of b"), b);
-    EXPECT_EQ(root.findGroupByExternalId("b"), nullptr);
-    EXPECT_EQ(first->findGroupByExternalId("id of twin"), deepTwin);
-    EXPECT_EQ(first->findGroupByExternalId("id of b"), nullptr);
+    EXPECT_EQ(root.findGroupByName("A"), nullptr);
+    EXPECT_EQ(root.findGroupByExternalId("a"), nullptr);
 
     EXPECT_EQ(first->parent(), nullptr);
     root.removeGroup(root.id());
     root.removeGroup(first->id());
     EXPECT_EQ(root.groups()->first(), second);
-}
-
-TEST(PhCommParamTest, StoresAPropertyAgainInItsPlace)
-{
-    PhCommParam commParam;
-    PhValue* first = commParam.setProperty("first", 1);
-    PhValue* second = commParam.setProperty("second", PhString("two"));
-    EXPECT_STREQ(second->text().cStr(), "two");
-    EXPECT_EQ(commParam.setProperty("first", 2.5), first);
-    EXPECT_EQ(first->doubleValue(), 2.5);
-    EXPECT_EQ(commParam.properties()->count(), 2U);
-    EXPECT_EQ(commParam.property("second"), second);
-    EXPECT_EQ(commParam.property("First"), nullptr);
-    for (int i = 0; i < 2; ++i) {
-        auto* list = new PhList;
-        list->append(new Probe);
-        EXPECT_EQ(commParam.setProperty("second", list), second);
-        EXPECT_EQ(second->list(), list);
-        EXPECT_EQ(Probe::alive, 1);
-    }
-}
-
-TEST(PhCommParamTest, IsFoundInItsOwnGroupAloneAndFindsTheFirstRasterOfAName)
-{
-    PhGroup project;
-    project.appendGroup(group("module"));
-    auto* commParam = made<PhCommParam>("CCP", nullptr);
-    project.appendCommParam(commParam);
-    EXPECT_EQ(project.findCommParam("CCP"), commParam);
-    EXPECT_EQ(project.findCommParam("XCP"), nullptr);
-    EXPECT_EQ(project.findGroupByName("module")->findCommParam("CCP"), nullptr);
-    for (const char* name : {"1ms", "10ms", "10ms"})
-        commParam->appendRaster(made<PhRaster>(name, nullptr));
-    EXPECT_EQ(commParam->findRaster("10ms"), commParam->rasters()->at(1));
-    EXPECT_EQ(commParam->findRaster("100ms"), nullptr);
 }
 
 TEST(PhEcuTest, FindsConnectorsAndControllersByExternalId)
