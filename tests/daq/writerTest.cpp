@@ -43,31 +43,27 @@ TEST(PrintValue, tellsEachKindOfValueByItsFlags)
     textAndInteger = 5;
     PhValue marked;
     marked.setMarked();
-    const struct
-    {
-        PhValue value;
-        const char* plain;
-        const char* hexadecimal;
-    } rows[] = {
-        {PhValue(), "-INVALID-", "-INVALID-"},
-        {PhValue(PhInfinity::Positive), "+INF", "+INF"},
-        {PhValue(-1), "-1", "0xffffffff"},
-        {PhValue(0xABCDEFU), "11259375", "0xabcdef"},
-        {PhValue(-0.0), "-0.000000", "-0.000000"},
-        {PhValue(0.0000004), "0.000000", "0.000000"},
-        {PhValue(infinite), "inf", "inf"},
-        {PhValue(-infinite), "-inf", "-inf"},
-        {PhValue(std::nan("")), "nan", "nan"},
-        {PhValue(PhString("a'b")), "'a'b'", "'a'b'"},
-        {textAndInteger, "5", "0x5"},
-        {PhValue("x", 1), "", ""},
-        {marked, "", ""},
+    // In decimal and in hexadecimal.
+    const std::pair<PhValue, const char*> rows[] = {
+        {PhValue(), "-INVALID- -INVALID-"},
+        {PhValue(PhInfinity::Positive), "+INF +INF"},
+        {PhValue(-1), "-1 0xffffffff"},
+        {PhValue(0xABCDEFU), "11259375 0xabcdef"},
+        {PhValue(-0.0000004), "-0.000000 -0.000000"},
+        {PhValue(-infinite), "-inf -inf"},
+        {PhValue(std::nan("")), "nan nan"},
+        {PhValue(PhString("a'b")), "'a'b' 'a'b'"},
+        {textAndInteger, "5 0x5"},
+        {PhValue("x", 1), " "},
+        {marked, " "},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(written([&](ConfigurationStream& s) { printValue(s, row.value); }), row.plain);
-        EXPECT_EQ(written([&](ConfigurationStream& s) { printHexValue(s, row.value); }),
-                  row.hexadecimal);
-    }
+    for (const auto& [value, expected] : rows)
+        EXPECT_EQ(written([&](ConfigurationStream& stream) {
+                      printValue(stream, value);
+                      stream.put(" ");
+                      printHexValue(stream, value);
+                  }),
+                  expected);
 }
 
 TEST(TypeText, namesTheTypeByKindAndWidth)

@@ -29,9 +29,9 @@ public:
     /// True if the process has ended; `wait` tells how.
     bool hasEnded();
     Ending wait();
-    int process() const { return process_; }
 
-    /// Starts and waits. The report goes to nowhere, unless `prepare` sends it elsewhere.
+    /// Starts the host and waits for its end. The report goes to nowhere, unless `prepare` sends it
+    /// elsewhere.
     Ending run(const std::string& input, const std::string& output);
     /// The same for an input that `write` sends through a pipe of the name `input`, which is made
     /// here and must not be there.

@@ -133,59 +133,38 @@ TEST(PhValueTest, ReadingsTruncateAndSaturate)
     EXPECT_TRUE(PhValue(1).isOne() && PhValue(1.0).isOne() && !PhValue().isOne());
 }
 
-TEST(PhValueTest, Arithmetic)
+TEST(PhValueTest, ArithmeticWithAValueGivesADoubleUnlessBothAreIntegers)
 {
-    // In capitals what takes an int in place: add, Subtract, Multiply, Divide.
-    const auto result = [](PhValue value, char operation, const PhValue& operand) {
-        switch (operation) {
-        case '*':
-            return show(value *= operand);
-        case '+':
-            return show(value += operand);
-        case '/':
-            return show(value /= operand);
-        case 'A':
-            return show(value.add(operand.intValue()));
-        case 'S':
-            return show(value.subtract(operand.intValue()));
-        case 'M':
-            return show(value.multiply(operand.intValue()));
-        default:
-            return show(value.divide(operand.intValue()));
-        }
-    };
+    const auto times = [](PhValue value, const PhValue& factor) { return show(value *= factor); };
+    const auto plus = [](PhValue value, const PhValue& summand) { return show(value += summand); };
+    const auto by = [](PhValue value, const PhValue& divisor) { return show(value /= divisor); };
     const PhValue none;
-    const PhValue plus(PhInfinity::Positive);
-    const std::tuple<PhValue, char, PhValue, const char*> cases[] = {
-        {PhValue(6), '/', PhValue(3), "double 2"},
-        {PhValue(2), '*', PhValue(1.5), "double 3"},
-        {PhValue(highest), '+', PhValue(2), "int -2147483647"},
-        {PhValue(lowest), '*', PhValue(-1), "int -2147483648"},
-        // Neutral operands.
-        {PhValue(2), '*', PhValue(1.0), "int 2"},
-        {PhValue(2), '/', PhValue(1), "int 2"},
-        {PhValue(-0.0), '+', PhValue(0), "double -0"},
-        {plus, '+', PhValue(-0.0), "+INF"},
-        // What is no number counts as zero.
-        {PhValue(5), '+', none, "double 5"},
-        {PhValue(PhString("t")), '+', PhValue(2), "double 2 text t"},
-        {PhValue(-1), '/', plus, "double -inf"},
-        // In place the kind stays, but for a division by zero.
-        {PhValue(highest), 'M', PhValue(2), "int -2"},
-        {PhValue(highest), 'A', PhValue(1), "int -2147483648"},
-        {PhValue(-0.0), 'A', PhValue(0), "double -0"},
-        {PhValue(lowest), 'S', PhValue(1), "int 2147483647"},
-        {PhValue(-7), 'D', PhValue(2), "int -3"},
-        {PhValue(-7.0), 'D', PhValue(2), "double -3.5"},
-        {PhValue(lowest), 'D', PhValue(-1), "int -2147483648"},
-        {PhValue(notANumber), 'D', PhValue(0), "+INF"},
-        {PhValue(-1.0), 'D', PhValue(0), "-INF"},
-        {PhValue(PhString("t")), 'D', PhValue(0), "text t"},
-    };
-    for (const auto& [left, operation, right, expected] : cases)
-        EXPECT_EQ(result(left, operation, right), expected)
-            << show(left) << ' ' << operation << ' ' << show(right);
-    PhValue itself(3);
-    itself *= itself;
-    EXPECT_EQ(show(itself += itself), "int 18");
+    const PhValue infinite(PhInfinity::Positive);
+    EXPECT_EQ(by(PhValue(6), PhValue(3)), "double 2");
+    EXPECT_EQ(times(PhValue(2), PhValue(1.5)), "double 3");
+    EXPECT_EQ(plus(PhValue(highest), PhValue(2)), "int -2147483647");
+    EXPECT_EQ(times(PhValue(lowest), PhValue(-1)), "int -2147483648");
+    // Neutral operands.
+    EXPECT_EQ(times(PhValue(2), PhValue(1.0)), "int 2");
+    EXPECT_EQ(by(PhValue(2), PhValue(1)), "int 2");
+    EXPECT_EQ(plus(PhValue(-0.0), PhValue(0)), "double -0");
+    EXPECT_EQ(plus(infinite, PhValue(-0.0)), "+INF");
+    // What is no number counts as zero.
+    EXPECT_EQ(plus(PhValue(5), none), "double 5");
+    EXPECT_EQ(plus(PhValue(PhString("t")), PhValue(2)), "double 2 text t");
+    EXPECT_EQ(by(PhValue(-1), infinite), "double -inf");
+}
+
+TEST(PhValueTest, ArithmeticInPlaceKeepsTheKindButForADivisionByZero)
+{
+    EXPECT_EQ(show(PhValue(highest).multiply(2)), "int -2");
+    EXPECT_EQ(show(PhValue(highest).add(1)), "int -2147483648");
+    EXPECT_EQ(show(PhValue(-0.0).add(0)), "double -0");
+    EXPECT_EQ(show(PhValue(lowest).subtract(1)), "int 2147483647");
+    EXPECT_EQ(show(PhValue(-7).divide(2)), "int -3");
+    EXPECT_EQ(show(PhValue(-7.0).divide(2)), "double -3.5");
+    EXPECT_EQ(show(PhValue(lowest).divide(-1)), "int -2147483648");
+    EXPECT_EQ(show(PhValue(notANumber).divide(0)), "+INF");
+    EXPECT_EQ(show(PhValue(-1.0).divide(0)), "-INF");
+    EXPECT_EQ(show(PhValue(PhString("t")).divide(0)), "text t");
 }
