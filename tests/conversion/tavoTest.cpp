@@ -57,7 +57,8 @@ TEST_F(TavoConvert, changesAnOldOutputOnlyIfTheDescriptionIsRead)
 TEST_F(TavoConvert, numbersTheSourceOfAModuleWithoutRastersAfterTheConversionBefore)
 {
     const std::string raster = "/begin RASTER \"l\" \"r\" 1 3 10 /end RASTER ";
-    writeFile("rasters.a2l", withIfData("ASAP1B_CCP", raster + raster));
+    writeFile("rasters.a2l",
+              inModule("/begin IF_DATA ASAP1B_CCP " + raster + raster + "/end IF_DATA"));
     writeFile("none.a2l", withMeasurement(""));
     const auto numberOfUnassigned = [] {
         const std::string text = convertFile("none.a2l", "none.ini").output.value();

@@ -3,23 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <utility>
 
 using namespace tavo;
 
 TEST(PhStringTest, ComparesByUnsignedByteWithNullFirst)
 {
-    struct
-    {
-        const char* left;
-        const char* right;
-        int expected;
-    } const cases[] = {
+    const std::tuple<const char*, const char*, int> cases[] = {
         {nullptr, nullptr, 0}, {nullptr, "", -1}, {"", "", 0},      {"ab", "ab", 0},
         {"ab", "abc", -1},     {"abd", "abc", 1}, {"\x80", "z", 1}, {"a\xff", "a\x7f", 1},
     };
     for (const auto& [left, right, expected] : cases) {
-        SCOPED_TRACE(testing::Message() << &left - &cases[0].left);
+        SCOPED_TRACE(left ? left : "null");
         const PhString a(left);
         const PhString b(right);
         EXPECT_EQ(a.isNull(), left == nullptr);

@@ -44,12 +44,6 @@ std::string withMeasurement(std::string_view options)
                     "\n/end MEASUREMENT");
 }
 
-std::string withIfData(std::string_view name, std::string_view body)
-{
-    return inModule("/begin IF_DATA " + std::string(name) + "\n" + std::string(body) +
-                    "\n/end IF_DATA");
-}
-
 std::string diagnostics(const Conversion& conversion)
 {
     const std::size_t status = conversion.report.find(statusText);

@@ -23,8 +23,6 @@ Conversion convertText(std::string_view description);
 std::string inModule(std::string_view body);
 /// Of a module with one MEASUREMENT that has these options.
 std::string withMeasurement(std::string_view options);
-/// Of a module with one IF_DATA of this name.
-std::string withIfData(std::string_view name, std::string_view body);
 
 /// The diagnostics in a report: the lines between the blank one and the reader's status.
 std::string diagnostics(const Conversion& conversion);

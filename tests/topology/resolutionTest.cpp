@@ -21,46 +21,35 @@ template <class Object> Object* placeholder(const char* name)
     return object;
 }
 
-PhEntity* entityIn(PhGroup& group, PhType* type)
-{
-    auto* entity = new PhEntity;
-    entity->setType(type);
-    group.appendEntity(entity);
-    return entity;
-}
-
 TEST(Resolution, ReplacesTypesByNameAndLooksAboveForThem)
 {
     RecordingLogger logger;
     PhRoot root;
-    root.setLogger(&logger);
     auto* project = new PhGroup;
     auto* module = new PhGroup;
     root.appendGroup(project);
     project->appendGroup(module);
     auto* type = new PhType;
     type->setName("t");
-    project->appendType(type);
-    const PhEntity* entity = entityIn(*module, placeholder<PhType>("t"));
-    entityIn(*module, placeholder<PhType>("missing"));
-    root.resolve();
-    EXPECT_EQ(entity->type(), type);
-    EXPECT_EQ(type->refCount(), 2);
-    EXPECT_EQ(logger.text, "warning: Type 'missing' unresolved.\n");
-}
-
-TEST(Resolution, SaysNothingWithoutALogger)
-{
-    PhRoot root;
-    auto* group = new PhGroup;
-    root.appendGroup(group);
-    auto* type = new PhType;
     type->setConversion(placeholder<PhConversion>("missing"));
-    entityIn(*group, type);
+    project->appendType(type);
+    const auto add = [module](const char* name) {
+        auto* entity = new PhEntity;
+        entity->setType(placeholder<PhType>(name));
+        module->appendEntity(entity);
+        return entity;
+    };
+    const PhEntity* entity = add("t");
     testing::internal::CaptureStdout();
     root.resolve();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "nothing is told without a logger";
+    EXPECT_EQ(entity->type(), type);
+    EXPECT_EQ(type->refCount(), 2);
     EXPECT_TRUE(type->conversion()->isReported());
+    add("missing");
+    root.setLogger(&logger);
+    root.resolve();
+    EXPECT_EQ(logger.text, "warning: Type 'missing' unresolved.\n");
 }
 
 } // namespace
