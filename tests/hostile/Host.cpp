@@ -26,18 +26,6 @@ void setLimit(int resource, rlim_t value)
     setrlimit(static_cast<__rlimit_resource>(resource), &limit);
 }
 
-/// Opens a named pipe for writing once the host reads it; -1 if the host ends before.
-int openPipe(const std::string& path, Host& host)
-{
-    int pipe = -1;
-    while ((pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)) < 0 && errno == ENXIO &&
-           !host.hasEnded())
-        usleep(1000);
-    if (pipe >= 0)
-        fcntl(pipe, F_SETFL, 0);
-    return pipe;
-}
-
 } // namespace
 
 bool isFull()
@@ -62,11 +50,19 @@ void Host::start(const std::string& input, const std::string& output)
     _exit(127);
 }
 
-bool Host::hasEnded()
+/// Opens a named pipe for writing once the host reads it; -1 if the host ends before.
+int Host::openPipe(const std::string& path)
 {
-    siginfo_t info = {};
-    waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED | WNOHANG | WNOWAIT);
-    return info.si_pid == process_;
+    int pipe = -1;
+    siginfo_t end = {};
+    while ((pipe = open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC)) < 0 && errno == ENXIO &&
+           end.si_pid == 0) {
+        usleep(1000);
+        waitid(P_PID, static_cast<id_t>(process_), &end, WEXITED | WNOHANG | WNOWAIT);
+    }
+    if (pipe >= 0)
+        fcntl(pipe, F_SETFL, 0);
+    return pipe;
 }
 
 Ending Host::wait()
@@ -96,7 +92,7 @@ Ending Host::runPiped(const std::string& input, const std::string& output,
     EXPECT_EQ(mkfifo(input.c_str(), 0600), 0);
     std::signal(SIGPIPE, SIG_IGN); // the host may end before all is written
     start(input, output);
-    const int pipe = openPipe(input, *this);
+    const int pipe = openPipe(input);
     if (pipe >= 0) {
         std::FILE* file = fdopen(pipe, "wb");
         write(file);

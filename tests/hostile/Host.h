@@ -25,11 +25,6 @@ public:
     /// What the new process does with its files before the host begins; nothing at first.
     std::function<void()> prepare = [] {};
 
-    void start(const std::string& input, const std::string& output);
-    /// True if the process has ended; `wait` tells how.
-    bool hasEnded();
-    Ending wait();
-
     /// Starts the host and waits for its end. The report goes to nowhere, unless `prepare` sends it
     /// elsewhere.
     Ending run(const std::string& input, const std::string& output);
@@ -39,6 +34,10 @@ public:
                     const std::function<void(std::FILE*)>& write);
 
 private:
+    void start(const std::string& input, const std::string& output);
+    int openPipe(const std::string& path);
+    Ending wait();
+
     int process_ = 0;
 };
 
