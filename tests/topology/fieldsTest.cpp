@@ -82,26 +82,11 @@ private:
 
 TEST(FieldsTest, KeepWhatTheyAreGivenAsLongAsTheirObjectLives)
 {
-    Fields<PhSignal>(PhClassSignal)
-        .have(&PhSignal::setType, &PhSignal::type)
-        .have(&PhSignal::setAuxRef1, &PhSignal::auxRef1)
-        .have(&PhSignal::setAuxRef2, &PhSignal::auxRef2)
-        .have(&PhSignal::setAuxRef3, &PhSignal::auxRef3);
-    Fields<PhParameter>(PhClassParameter)
-        .have(&PhParameter::setAuxRef1, &PhParameter::auxRef1)
-        .have(&PhParameter::setType, &PhParameter::type)
-        .have(&PhParameter::setAuxRef2, &PhParameter::auxRef2)
-        .have(&PhParameter::setAuxRef3, &PhParameter::auxRef3)
-        .have(&PhParameter::setAuxRef4, &PhParameter::auxRef4)
-        .have(&PhParameter::setAuxRef5, &PhParameter::auxRef5)
-        .have(&PhParameter::setAuxRef6, &PhParameter::auxRef6)
-        .have(&PhParameter::setAuxRef7, &PhParameter::auxRef7);
+    Fields<PhSignal>(PhClassSignal).have(&PhSignal::setType, &PhSignal::type);
+    Fields<PhParameter>(PhClassParameter).have(&PhParameter::setType, &PhParameter::type);
     Fields<PhStructure>(PhClassStructure)
-        .have(&PhStructure::setAuxRef1, &PhStructure::auxRef1)
-        .have(&PhStructure::setAuxRef2, &PhStructure::auxRef2)
         .have(&PhStructure::appendRange, &PhStructure::ranges)
-        .have(&PhStructure::appendParameter, &PhStructure::parameters)
-        .have(&PhStructure::setAuxRef3, &PhStructure::auxRef3);
+        .have(&PhStructure::appendParameter, &PhStructure::parameters);
     Fields<PhEntityRef>(PhClassEntityRef)
         .have(&PhEntityRef::setSecondaryRef, &PhEntityRef::secondaryRef)
         .have(&PhEntityRef::setPrimaryRef, &PhEntityRef::primaryRef)
@@ -116,17 +101,11 @@ TEST(FieldsTest, KeepWhatTheyAreGivenAsLongAsTheirObjectLives)
     Fields<PhFrameTriggering>(PhClassFrameTriggering)
         .have(&PhFrameTriggering::setFrame, &PhFrameTriggering::frame)
         .have(&PhFrameTriggering::setIdentifier, &PhFrameTriggering::identifier)
-        .have(&PhFrameTriggering::setAuxRef1, &PhFrameTriggering::auxRef1)
-        .have(&PhFrameTriggering::setTiming, &PhFrameTriggering::timing)
-        .have(&PhFrameTriggering::setAuxRef2, &PhFrameTriggering::auxRef2)
-        .have(&PhFrameTriggering::setAuxRef3, &PhFrameTriggering::auxRef3);
+        .have(&PhFrameTriggering::setTiming, &PhFrameTriggering::timing);
     Fields<PhTiming>(PhClassTiming)
         .have(&PhTiming::setDelay, &PhTiming::delay)
         .have(&PhTiming::setCycle, &PhTiming::cycle);
-    Fields<PhCluster>(PhClassCluster)
-        .have(&PhCluster::appendChannel, &PhCluster::channels)
-        .have(&PhCluster::setAuxRef1, &PhCluster::auxRef1)
-        .have(&PhCluster::setAuxRef2, &PhCluster::auxRef2);
+    Fields<PhCluster>(PhClassCluster).have(&PhCluster::appendChannel, &PhCluster::channels);
     Fields<PhChannel>(PhClassChannel)
         .have(&PhChannel::setCluster, &PhChannel::cluster)
         .have(&PhChannel::setScheduleTable, &PhChannel::scheduleTable)
@@ -157,7 +136,6 @@ TEST(FieldsTest, KeepWhatTheyAreGivenAsLongAsTheirObjectLives)
     Fields<PhScheduleTable>(PhClassScheduleTable)
         .have(&PhScheduleTable::appendScheduleTableEntry, &PhScheduleTable::scheduleTableEntries);
     Fields<PhScheduleTableEntry>(PhClassScheduleTableEntry)
-        .have(&PhScheduleTableEntry::setAuxRef, &PhScheduleTableEntry::auxRef)
         .have(&PhScheduleTableEntry::setDelay, &PhScheduleTableEntry::delay)
         .have(&PhScheduleTableEntry::setFrame, &PhScheduleTableEntry::frame);
 }
