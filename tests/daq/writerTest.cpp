@@ -3,16 +3,8 @@
 #include "daq/writer.h"
 
 #include "daq/ConfigurationStream.h"
-#include "model/PhConversion.h"
-#include "model/PhType.h"
-#include "model/PhUnit.h"
-#include "model/PhValue.h"
 #include "support/files.h"
-#include "topology/PhCommParam.h"
-#include "topology/PhEntity.h"
-#include "topology/PhGroup.h"
-#include "topology/PhRaster.h"
-#include "topology/PhRoot.h"
+#include "support/model.h"
 
 #include <gtest/gtest.h>
 

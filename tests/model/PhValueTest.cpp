@@ -101,16 +101,13 @@ TEST(PhValueTest, ACopySharesElementsAndTextButHasAnIdentityOfItsOwn)
 TEST(PhValueTest, SetNumberTakesThePointForTheSignOfADouble)
 {
     PhValue value(PhInfinity::Positive);
-    for (const auto& [text, expected] : {std::pair("1.5", "double 1.5"),
-                                         {"1e3", "int 1"},
-                                         {"1.e3", "double 1000"},
-                                         {" \t\r\n\v\f-7x", "int -7"},
-                                         {"x.", "double 0"},
-                                         {"99999999999", "int 2147483647"}}) {
-        EXPECT_TRUE(value.setNumber(text));
-        EXPECT_EQ(show(value), expected) << text;
-    }
     EXPECT_FALSE(value.setNumber(nullptr));
+    EXPECT_TRUE(value.setNumber(" \t\r\n\v\f-7x"));
+    EXPECT_EQ(show(value), "int -7");
+    EXPECT_TRUE(value.setNumber("1.e3"));
+    EXPECT_EQ(show(value), "double 1000");
+    EXPECT_TRUE(value.setNumber("1e3"));
+    EXPECT_EQ(show(value), "int 1");
 }
 
 TEST(PhValueTest, ReadingsTruncateAndSaturate)

@@ -1,19 +1,9 @@
 #include "support/reading.h"
 
 #include "a2l/PhA2l.h"
-#include "model/PhConversion.h"
-#include "model/PhRange.h"
-#include "model/PhType.h"
-#include "model/PhUnit.h"
-#include "model/PhValue.h"
 #include "support/RecordingLogger.h"
 #include "support/files.h"
-#include "topology/PhCommParam.h"
-#include "topology/PhEntity.h"
-#include "topology/PhGroup.h"
-#include "topology/PhMemoryPage.h"
-#include "topology/PhRaster.h"
-#include "topology/PhRoot.h"
+#include "support/model.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,7 @@
 // The resolution of names where no description leads; the golden series of names holds the rest.
 
-#include "model/PhConversion.h"
-#include "model/PhType.h"
 #include "support/RecordingLogger.h"
-#include "topology/PhEntity.h"
-#include "topology/PhGroup.h"
-#include "topology/PhRoot.h"
+#include "support/model.h"
 
 #include <gtest/gtest.h>
 
