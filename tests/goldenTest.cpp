@@ -4,11 +4,11 @@
 //
 // A series is a file of many texts, each behind a line `==== TITLE`. What comes of them stands in
 // the file with `.expected` added to its name, behind the same titles: of `NAME.messages` the
-// diagnostics, of `NAME.tokens` the tokens, of `NAME.model` what a reader leaves in the model, of
-// `NAME.log` what a verbose one tells. What stands ahead of the first title tells what the series
-// is about; a line
-// `++++ ENDING` in it is an ending, and each text is then taken once with each of the endings
-// behind it.
+// diagnostics, of `NAME.tokens` the tokens, of `NAME.model` what the reader leaves in the model, of
+// `NAME.resolved` what the resolution of names makes of that, and of `NAME.log` what a verbose
+// reader tells. What stands ahead of the first title tells what the series is about. A line
+// `++++ ENDING` in it is an ending: each text is then taken once with each of the endings behind
+// it.
 //
 // With TAVO_REWRITE_GOLDEN set in the environment the expectations are rewritten instead.
 
@@ -30,14 +30,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The names of the golden files with one of these extensions.
-std::vector<std::string> goldenFiles(std::initializer_list<std::string> extensions)
+/// What the reading of a description tells. It fails if there is an error, and else it doesn't.
+std::string messagesOf(const std::string& description)
+{
+    const Conversion conversion = convertText(description);
+    const std::string messages = diagnostics(conversion);
+    const bool failed = messages.find("-: Error") != std::string::npos;
+    EXPECT_EQ(conversion.result, failed ? TAVO_NOT_READ : TAVO_OK) << description;
+    return messages;
+}
+
+/// What is made of each text of a series, by the extension of its file.
+const std::map<std::string, std::string (*)(const std::string& text)> seriesKinds = {
+    {".messages", [](const std::string& text) { return messagesOf(text); }},
+    {".tokens", [](const std::string& text) { return tokensOf(text) + "\n"; }},
+    {".model", [](const std::string& text) { return modelOf(text, Names::AsRead); }},
+    {".resolved", [](const std::string& text) { return modelOf(text, Names::Resolved); }},
+    {".log", [](const std::string& text) { return logOf(text); }},
+};
+
+/// The names of the golden files for whose extension `isWanted` holds.
+template <class Condition> std::vector<std::string> goldenFiles(Condition isWanted)
 {
     std::vector<std::string> names;
     for (const fs::directory_entry& entry : fs::directory_iterator(TAVO_GOLDEN_FOLDER))
-        if (std::ranges::count(extensions, entry.path().extension().string()) > 0)
+        if (isWanted(entry.path().extension()))
             names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     return names;
 }
 
@@ -84,36 +103,27 @@ TEST_P(Golden, givesTheExpectedReportAndConfiguration)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Descriptions, Golden, testing::ValuesIn(goldenFiles({".a2l"})), testName);
-
-/// What the reading of a description tells. It fails if there is an error, and else it doesn't.
-std::string messagesOf(const std::string& description)
-{
-    const Conversion conversion = convertText(description);
-    const std::string messages = diagnostics(conversion);
-    const bool failed = messages.find("-: Error") != std::string::npos;
-    EXPECT_EQ(conversion.result, failed ? TAVO_NOT_READ : TAVO_OK) << description;
-    return messages;
-}
+const auto descriptions = goldenFiles([](const std::string& type) { return type == ".a2l"; });
+INSTANTIATE_TEST_SUITE_P(Descriptions, Golden, testing::ValuesIn(descriptions), testName);
 
 /// Puts the result of each text of a series behind its title.
-template <class Result> std::string resultsOf(const std::string& series, Result result)
+template <class Result> std::string resultsOf(const std::string& texts, Result result)
 {
     const std::string mark = "\n==== ";
-    std::size_t title = series.find(mark);
+    std::size_t title = texts.find(mark);
     std::vector<std::string> endings;
-    std::istringstream head(series.substr(0, title));
+    std::istringstream head(texts.substr(0, title));
     for (std::string line; std::getline(head, line);)
         if (line.starts_with("++++ "))
             endings.push_back(line.substr(5));
 
     std::string results;
     while (title != std::string::npos) {
-        const std::size_t text = series.find('\n', title + 1);
-        const std::size_t next = series.find(mark, text);
-        const std::size_t end = next == std::string::npos ? series.size() - 1 : next;
-        results += series.substr(title + 1, text - title);
-        const std::string body = text < end ? series.substr(text + 1, end - text - 1) : "";
+        const std::size_t text = texts.find('\n', title + 1);
+        const std::size_t next = texts.find(mark, text);
+        const std::size_t end = next == std::string::npos ? texts.size() - 1 : next;
+        results += texts.substr(title + 1, text - title);
+        const std::string body = text < end ? texts.substr(text + 1, end - text - 1) : "";
         if (endings.empty())
             results += result(body);
         for (const std::string& ending : endings)
@@ -123,29 +133,23 @@ template <class Result> std::string resultsOf(const std::string& series, Result 
     return results;
 }
 
-class Series : public testing::TestWithParam<std::string>
+class GoldenSeries : public testing::TestWithParam<std::string>
 {
 };
 
-TEST_P(Series, givesTheExpectedResults)
+TEST_P(GoldenSeries, givesTheExpectedResults)
 {
-    const std::string path = TAVO_GOLDEN_FOLDER + ("/" + GetParam());
-    const std::map<std::string, std::string (*)(const std::string&)> kinds = {
-        {".messages", messagesOf},
-        {".tokens", [](const std::string& text) { return tokensOf(text) + "\n"; }},
-        {".model", [](const std::string& text) { return modelOf(text, Names::AsRead); }},
-        {".resolved", [](const std::string& text) { return modelOf(text, Names::Resolved); }},
-        {".log", [](const std::string& text) { return logOf(text); }}};
-    const std::string results = resultsOf(readFile(path), kinds.at(fs::path(path).extension()));
+    const fs::path path = fs::path(TAVO_GOLDEN_FOLDER) / GetParam();
+    const std::string results = resultsOf(readFile(path), seriesKinds.at(path.extension()));
+    ASSERT_NE(results, "");
     if (std::getenv("TAVO_REWRITE_GOLDEN"))
-        writeFile(path + ".expected", results);
+        writeFile(path.string() + ".expected", results);
     else
-        EXPECT_EQ(results, readFile(path + ".expected"));
+        EXPECT_EQ(results, readFile(path.string() + ".expected"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, Series,
-                         testing::ValuesIn(goldenFiles({".messages", ".tokens", ".model", ".resolved", ".log"})),
-                         testName);
+const auto series = goldenFiles([](const auto& type) { return seriesKinds.contains(type); });
+INSTANTIATE_TEST_SUITE_P(Texts, GoldenSeries, testing::ValuesIn(series), testName);
 
 TEST(Example, convertsToTheConfigurationBesideIt)
 {
