@@ -40,7 +40,8 @@ TEST(PhStringTest, HashFoldsUnsignedBytesAndDropsHighBits)
 
 TEST(PhStringTest, CopiesShareTheirBodyUntilOneIsWrittenTo)
 {
-    const PhString original("text");
+    PhString original("room for more");
+    original.set("text");
     PhString appended(original);
     PhString replaced(original);
     PhString detached(original);
