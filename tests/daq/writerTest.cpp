@@ -128,15 +128,18 @@ TEST(WriteGroup, startsTheSourcesOfEachCommParamAtZeroAndLeavesOutWhatIsNotSet)
               "[DAQ_ProcessFactor_0_1_0]\nEnabled=0\nType=???\n\n");
 }
 
-TEST(ConfigurationStream, passesTextsOnThatAreLargerThanItsBuffer)
+TEST(ConfigurationStream, passesTextsOnThatDoNotFitItsBuffer)
 {
-    const std::string large(200000, 'x');
-    EXPECT_EQ(written([&](ConfigurationStream& stream) {
-                  stream.put("a");
-                  stream.put(large);
-                  stream.put("z");
-              }),
-              "a" + large + "z");
+    // Up to the buffer's end, one more, and several buffers.
+    for (const std::size_t size : {65535U, 65536U, 200000U}) {
+        const std::string large(size, 'x');
+        EXPECT_TRUE(written([&](ConfigurationStream& stream) {
+                        stream.put("a");
+                        stream.put(large);
+                        stream.put("z");
+                    }) == std::string("a").append(large).append("z"))
+            << size;
+    }
 }
 
 } // namespace

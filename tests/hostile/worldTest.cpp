@@ -11,10 +11,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <functional>
 #include <string>
+#include <thread>
 
 namespace {
 
@@ -124,6 +126,23 @@ TEST_F(World, aDescriptionThatEndsInTheMiddleIsNotRead)
     });
     EXPECT_EQ(ending.status, 3);
     EXPECT_EQ(readFile("d.ini"), "old");
+}
+
+TEST_F(World, aDescriptionMayShrinkWhileItIsRead)
+{
+    std::string description;
+    for (int i = 0; i < 50; ++i)
+        description += readFile(TAVO_EXAMPLE ".a2l");
+    for (const auto delay : {0, 3, 6, 12, 24}) {
+        writeFile("d.a2l", description);
+        std::thread shrinking([&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(delay));
+            fs::resize_file("d.a2l", description.size() / 4);
+        });
+        const Ending ending = host.run("d.a2l", "d.ini");
+        shrinking.join();
+        EXPECT_TRUE(ending.status == 0 || ending.status == 3) << ending.signal;
+    }
 }
 
 } // namespace

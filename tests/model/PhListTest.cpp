@@ -153,6 +153,17 @@ TEST(PhListTest, FindsNamesAmongMany)
     EXPECT_EQ(list.findByName("object20000"), nullptr);
 }
 
+TEST(PhListTest, FindsNamesThatWereGivenToNamelessObjects)
+{
+    PhList list;
+    for (int i = 0; i < 100; ++i)
+        list.append(new Probe);
+    EXPECT_EQ(list.findByName("x"), nullptr);
+    list.at(2)->setName("x");
+    list.append(new Probe);
+    EXPECT_EQ(list.findByName("x"), list.at(2));
+}
+
 TEST(PhListTest, WithAnIndexOfItsUserFindsWhatWasAddedLast)
 {
     ASSERT_EQ(PhString("ab").hash(), PhString("b`").hash());

@@ -48,4 +48,24 @@ TEST(Resolution, ReplacesTypesByNameAndLooksAboveForThem)
     EXPECT_EQ(logger.text, "warning: Type 'missing' unresolved.\n");
 }
 
+TEST(Resolution, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
+{
+    PhRoot root;
+    auto* group = new PhGroup;
+    root.appendGroup(group);
+    auto* itself = placeholder<PhConversion>("a");
+    group->appendConversion(itself);
+    auto* other = new PhConversion;
+    other->setName("b");
+    group->appendConversion(other);
+    itself->setConversion(placeholder<PhConversion>("b"));
+    auto* entity = new PhEntity;
+    entity->setType(new PhType);
+    entity->type()->setConversion(itself);
+    group->appendEntity(entity);
+    root.resolve();
+    EXPECT_TRUE(itself->isReported());
+    EXPECT_EQ(itself->conversion(), other);
+}
+
 } // namespace
