@@ -11,7 +11,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
+#include <map>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -30,6 +32,25 @@ constexpr std::string_view keywords[] = {
 constexpr std::string_view names[] = {"a", "b", "c", "d", "NO_COMPU_METHOD", "e[1]", "f.g", "1h"};
 constexpr std::string_view numbers[] = {"0",     "1",    "6",          "8",     "-2147483648",
                                         "1e400", "-0.5", "0xFFFFFFFF", "99999", "0.000001"};
+
+/// Takes the part of `text` ahead of the next `mark` off, and the mark.
+std::string_view cut(std::string_view& text, std::string_view mark)
+{
+    const std::string_view part = text.substr(0, text.find(mark));
+    text.remove_prefix(std::min(part.size() + mark.size(), text.size()));
+    return part;
+}
+
+using Ways = std::map<std::string_view, std::vector<std::string_view>>;
+
+Ways waysOfRules()
+{
+    Ways ways;
+    for (auto [name, rest] : grammar)
+        while (!rest.empty())
+            ways[name].push_back(cut(rest, " | "));
+    return ways;
+}
 
 class Writer
 {
@@ -51,21 +72,17 @@ private:
 
     void writeRule(std::string_view name)
     {
-        const auto isOfRule = [&](const Rule& rule) { return rule.name == name; };
-        const Rule* first = std::find_if(std::begin(grammar), std::end(grammar), isOfRule);
-        const Rule* last = std::find_if_not(first, std::end(grammar), isOfRule);
-        const auto way = choices_.ConsumeIntegralInRange<std::ptrdiff_t>(0, last - first - 1);
-        std::string_view parts = first[way].parts;
-        while (!parts.empty()) {
-            const std::string_view part = parts.substr(0, parts.find(' '));
-            parts.remove_prefix(std::min(part.size() + 1, parts.size()));
-            if (!part.starts_with('<'))
-                writeToken(part);
-            else if (!part.ends_with('*'))
-                writeRule(part.substr(1, part.size() - 2));
+        static const Ways ways = waysOfRules();
+        std::string_view words = oneOf(ways.at(name));
+        while (!words.empty()) {
+            const std::string_view word = cut(words, " ");
+            if (!word.starts_with('<'))
+                writeToken(word);
+            else if (!word.ends_with('*'))
+                writeRule(word.substr(1, word.size() - 2));
             else
                 while (choices_.ConsumeBool())
-                    writeRule(part.substr(1, part.size() - 3));
+                    writeRule(word.substr(1, word.size() - 3));
         }
     }
 

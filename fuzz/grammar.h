@@ -2,207 +2,137 @@
 
 #include <string_view>
 
-/// One way to write what a rule stands for. The parts are separated by blanks: `<rule>` is written
-/// once, `<rule>*` any number of times, `$name`, `$text`, `$integer` and `$number` stand for a
-/// token of that kind, and everything else stands for itself.
+/// What a rule stands for: one of its ways, which `|` parts. The words of a way are separated by
+/// blanks: `<rule>` is written once, `<rule>*` any number of times, `$name`, `$text`, `$integer`
+/// and
+/// `$number` stand for a token of that kind, and everything else stands for itself.
 struct Rule
 {
     std::string_view name;
-    std::string_view parts;
+    std::string_view ways;
 };
 
-/// The descriptions that the reader takes. The ways of a rule stand together; the first one must
-/// come to an end without `*`.
+/// The descriptions that the reader takes. The first way of a rule must come to an end without `*`.
 inline constexpr Rule grammar[] = {
     {"description", "<item> <item>*"},
-    {"item", "ASAP2_VERSION $integer $integer"},
-    {"item", "/begin PROJECT $name $text <header>* <module> <module>* /end PROJECT"},
+    {"item", "ASAP2_VERSION $integer $integer | "
+             "/begin PROJECT $name $text <header>* <module> <module>* /end PROJECT"},
     {"header", "/begin HEADER $text <headerOption>* /end HEADER"},
-    {"headerOption", "VERSION $text"},
-    {"headerOption", "PROJECT_NO $name"},
+    {"headerOption", "VERSION $text | PROJECT_NO $name"},
     {"module", "/begin MODULE $name $text <block> <block>* /end MODULE"},
 
-    {"block", "/begin MEASUREMENT $name $text <dataType> $name $integer $integer $number $number "
-              "<measurementOption>* /end MEASUREMENT"},
-    {"block", "/begin COMPU_METHOD $name $text <conversionType> $text $text <methodOption>* "
-              "/end COMPU_METHOD"},
-    {"block", "/begin COMPU_TAB $name $text TAB_INTP 2 $number $number $number $number "
-              "<default>* /end COMPU_TAB"},
-    {"block", "/begin COMPU_VTAB $name $text TAB_VERB 2 $number $text $number $text <default>* "
-              "/end COMPU_VTAB"},
-    {"block", "/begin COMPU_VTAB_RANGE $name $text 1 $number $number $text <default>* "
-              "/end COMPU_VTAB_RANGE"},
-    {"block", "/begin MOD_COMMON $text <commonOption>* /end MOD_COMMON"},
-    {"block", "/begin MOD_PAR $text <parOption>* /end MOD_PAR"},
-    {"block", "<ifData>"},
-    {"block", "/begin CHARACTERISTIC $name $text VALUE $integer $name $number $name $number "
-              "$number <characteristicOption>* /end CHARACTERISTIC"},
-    {"block", "/begin AXIS_PTS <anything>* /end AXIS_PTS"},
-    {"block", "/begin A2ML $text $name ; { } /end A2ML"},
-    {"block", "/begin RECORD_LAYOUT $name <layoutOption>* /end RECORD_LAYOUT"},
-    {"block", "/begin FUNCTION $name $text <functionOption>* /end FUNCTION"},
-    {"block", "/begin GROUP $name $text <groupOption>* /end GROUP"},
-    {"block", "/begin FRAME $name $text $integer $integer <frameOption>* /end FRAME"},
-    {"block", "/begin USER_RIGHTS $name <rightsOption>* /end USER_RIGHTS"},
-    {"block", "/include $text"},
+    {"block",
+     "/begin MEASUREMENT $name $text <dataType> $name $integer $integer $number "
+     "$number <measurementOption>* /end MEASUREMENT | "
+     "/begin COMPU_METHOD $name $text <conversionType> $text $text <methodOption>* "
+     "/end COMPU_METHOD | "
+     "/begin COMPU_TAB $name $text TAB_INTP 2 $number $number $number $number <default>* "
+     "/end COMPU_TAB | "
+     "/begin COMPU_VTAB $name $text TAB_VERB 2 $number $text $number $text <default>* "
+     "/end COMPU_VTAB | "
+     "/begin COMPU_VTAB_RANGE $name $text 1 $number $number $text <default>* "
+     "/end COMPU_VTAB_RANGE | "
+     "/begin MOD_COMMON $text <commonOption>* /end MOD_COMMON | "
+     "/begin MOD_PAR $text <parOption>* /end MOD_PAR | <ifData> | "
+     "/begin CHARACTERISTIC $name $text VALUE $integer $name $number $name $number "
+     "$number <characteristicOption>* /end CHARACTERISTIC | "
+     "/begin AXIS_PTS <anything>* /end AXIS_PTS | /begin A2ML $text $name ; { } /end A2ML | "
+     "/begin RECORD_LAYOUT $name <layoutOption>* /end RECORD_LAYOUT | "
+     "/begin FUNCTION $name $text <functionOption>* /end FUNCTION | "
+     "/begin GROUP $name $text <groupOption>* /end GROUP | "
+     "/begin FRAME $name $text $integer $integer <frameOption>* /end FRAME | "
+     "/begin USER_RIGHTS $name <rightsOption>* /end USER_RIGHTS | /include $text"},
 
-    {"dataType", "UBYTE"},
-    {"dataType", "SBYTE"},
-    {"dataType", "UWORD"},
-    {"dataType", "SWORD"},
-    {"dataType", "ULONG"},
-    {"dataType", "SLONG"},
-    {"dataType", "FLOAT32_IEEE"},
-    {"dataType", "FLOAT64_IEEE"},
-    {"byteOrder", "BYTE_ORDER MSB_FIRST"},
-    {"byteOrder", "BYTE_ORDER MSB_LAST"},
-    {"byteOrder", "BYTE_ORDER LITTLE_ENDIAN"},
-    {"byteOrder", "BYTE_ORDER BIG_ENDIAN"},
-    {"measurementOption", "ECU_ADDRESS $integer"},
-    {"measurementOption", "ECU_ADDRESS_EXTENSION $integer"},
-    {"measurementOption", "BIT_MASK $integer"},
-    {"measurementOption", "<byteOrder>"},
-    {"measurementOption", "READ_WRITE"},
-    {"measurementOption", "ARRAY_SIZE $integer"},
-    {"measurementOption", "FORMAT $text"},
-    {"measurementOption", "MAX_REFRESH $integer $integer"},
-    {"measurementOption", "MATRIX_DIM $integer $integer $integer"},
-    {"measurementOption", "FUNCTION_LIST <name>*"},
-    {"measurementOption", "/begin FUNCTION_LIST <name>* /end FUNCTION_LIST"},
-    {"measurementOption", "/begin VIRTUAL <name>* /end VIRTUAL"},
-    {"measurementOption", "/begin BIT_OPERATION <bitOption>* /end BIT_OPERATION"},
-    {"measurementOption", "<annotation>"},
-    {"measurementOption", "<ifData>"},
-    {"bitOption", "LEFT_SHIFT $integer"},
-    {"bitOption", "RIGHT_SHIFT $integer"},
-    {"bitOption", "SIGN_EXTEND"},
+    {"dataType", "UBYTE | SBYTE | UWORD | SWORD | ULONG | SLONG | FLOAT32_IEEE | FLOAT64_IEEE"},
+    {"byteOrder", "BYTE_ORDER MSB_FIRST | BYTE_ORDER MSB_LAST | BYTE_ORDER LITTLE_ENDIAN | "
+                  "BYTE_ORDER BIG_ENDIAN"},
+    {"measurementOption",
+     "ECU_ADDRESS $integer | ECU_ADDRESS_EXTENSION $integer | BIT_MASK $integer | <byteOrder> | "
+     "READ_WRITE | ARRAY_SIZE $integer | FORMAT $text | MAX_REFRESH $integer $integer | "
+     "MATRIX_DIM $integer $integer $integer | FUNCTION_LIST <name>* | "
+     "/begin FUNCTION_LIST <name>* /end FUNCTION_LIST | /begin VIRTUAL <name>* /end VIRTUAL | "
+     "/begin BIT_OPERATION <bitOption>* /end BIT_OPERATION | <annotation> | <ifData>"},
+    {"bitOption", "LEFT_SHIFT $integer | RIGHT_SHIFT $integer | SIGN_EXTEND"},
     {"annotation", "/begin ANNOTATION <annotationOption>* /end ANNOTATION"},
-    {"annotationOption", "ANNOTATION_LABEL $text"},
-    {"annotationOption", "ANNOTATION_ORIGIN $text"},
-    {"annotationOption", "/begin ANNOTATION_TEXT <text>* /end ANNOTATION_TEXT"},
+    {"annotationOption", "ANNOTATION_LABEL $text | ANNOTATION_ORIGIN $text | "
+                         "/begin ANNOTATION_TEXT <text>* /end ANNOTATION_TEXT"},
     {"name", "$name"},
     {"text", "$text"},
 
-    {"conversionType", "TAB_INTP"},
-    {"conversionType", "TAB_NOINTP"},
-    {"conversionType", "TAB_VERB"},
-    {"conversionType", "RAT_FUNC"},
-    {"conversionType", "FORM"},
-    {"methodOption", "COMPU_TAB_REF $name"},
-    {"methodOption", "COEFFS 0 $number $number 0 0 $number"},
-    {"methodOption", "COEFFS 0 0 $number 0 $number $number"},
-    {"methodOption", "COEFFS $number $number $number $number $number $number"},
-    {"methodOption", "/begin FORMULA $text <formulaInv>* /end FORMULA"},
+    {"conversionType", "TAB_INTP | TAB_NOINTP | TAB_VERB | RAT_FUNC | FORM"},
+    {"methodOption", "COMPU_TAB_REF $name | COEFFS 0 $number $number 0 0 $number | "
+                     "COEFFS 0 0 $number 0 $number $number | "
+                     "COEFFS $number $number $number $number $number $number | "
+                     "/begin FORMULA $text <formulaInv>* /end FORMULA"},
     {"formulaInv", "FORMULA_INV $text"},
     {"default", "DEFAULT_VALUE $text"},
 
-    {"commonOption", "<byteOrder>"},
-    {"commonOption", "ALIGNMENT_BYTE $integer"},
-    {"commonOption", "DEPOSIT $name"},
-    {"parOption", "VERSION $text"},
-    {"parOption", "SYSTEM_CONSTANT $text $text"},
-    {"parOption", "/begin CALIBRATION_METHOD <anything>* /end CALIBRATION_METHOD"},
-    {"parOption", "/begin MEMORY_SEGMENT $name $text <pageType> <memoryType> <location> $integer "
-                  "$integer $integer $integer $integer $integer $integer <ifData>* "
-                  "/end MEMORY_SEGMENT"},
-    {"pageType", "CODE"},
-    {"pageType", "RESERVED"},
-    {"pageType", "VARIABLES"},
-    {"pageType", "DATA"},
-    {"memoryType", "RAM"},
-    {"memoryType", "ROM"},
-    {"memoryType", "EPROM"},
-    {"memoryType", "EEPROM"},
-    {"memoryType", "FLASH"},
-    {"memoryType", "REGISTER"},
-    {"location", "INTERN"},
-    {"location", "EXTERN"},
-    {"anything", "$name"},
-    {"anything", "$number"},
-    {"anything", "$text"},
-    {"anything", "/begin $name <anything>* /end $name"},
+    {"commonOption", "<byteOrder> | ALIGNMENT_BYTE $integer | DEPOSIT $name"},
+    {"parOption",
+     "VERSION $text | SYSTEM_CONSTANT $text $text | "
+     "/begin CALIBRATION_METHOD <anything>* /end CALIBRATION_METHOD | "
+     "/begin MEMORY_SEGMENT $name $text <pageType> <memoryType> <location> $integer "
+     "$integer $integer $integer $integer $integer $integer <ifData>* /end MEMORY_SEGMENT"},
+    {"pageType", "CODE | RESERVED | VARIABLES | DATA | OFFLINE_DATA | CALIBRATION_VARIABLES"},
+    {"memoryType", "RAM | ROM | EPROM | EEPROM | FLASH | REGISTER"},
+    {"location", "INTERN | EXTERN"},
+    {"anything", "$name | $number | $text | /begin $name <anything>* /end $name"},
 
-    {"characteristicOption", "READ_ONLY"},
-    {"characteristicOption", "NUMBER $integer"},
-    {"characteristicOption", "<byteOrder>"},
-    {"characteristicOption", "EXTENDED_LIMITS $number $number"},
-    {"characteristicOption", "MATRIX_DIM $integer $integer $integer"},
-    {"characteristicOption", "MAP_LIST <name>*"},
-    {"characteristicOption", "/begin AXIS_DESCR <anything>* /end AXIS_DESCR"},
-    {"characteristicOption", "/begin DEPENDENT_CHARACTERISTIC $text <name>* "
-                             "/end DEPENDENT_CHARACTERISTIC"},
-    {"characteristicOption", "<annotation>"},
-    {"characteristicOption", "<ifData>"},
-    {"layoutOption", "RESERVED $integer $name"},
-    {"layoutOption", "FNC_VALUES $integer $name $name $name"},
-    {"layoutOption", "AXIS_RESCALE_X $integer $name $integer $name $name"},
-    {"layoutOption", "FIX_NO_AXIS_PTS_X $integer"},
-    {"functionOption", "FUNCTION_VERSION $text"},
-    {"functionOption", "IN_MEASUREMENT <name>*"},
-    {"functionOption", "/begin DEF_CHARACTERISTIC <name>* /end DEF_CHARACTERISTIC"},
-    {"functionOption", "<annotation>"},
-    {"groupOption", "ROOT"},
-    {"groupOption", "/begin REF_MEASUREMENT <name>* /end REF_MEASUREMENT"},
-    {"groupOption", "<annotation>"},
-    {"frameOption", "FRAME_MEASUREMENT <name>*"},
-    {"frameOption", "<ifData>"},
-    {"rightsOption", "READ_ONLY"},
-    {"rightsOption", "/begin REF_GROUP <name>* /end REF_GROUP"},
+    {"characteristicOption",
+     "READ_ONLY | NUMBER $integer | <byteOrder> | EXTENDED_LIMITS $number $number | "
+     "MATRIX_DIM $integer $integer $integer | MAP_LIST <name>* | "
+     "/begin AXIS_DESCR <anything>* /end AXIS_DESCR | "
+     "/begin DEPENDENT_CHARACTERISTIC $text <name>* /end DEPENDENT_CHARACTERISTIC | "
+     "<annotation> | <ifData>"},
+    {"layoutOption",
+     "RESERVED $integer $name | FNC_VALUES $integer $name $name $name | "
+     "AXIS_RESCALE_X $integer $name $integer $name $name | FIX_NO_AXIS_PTS_X $integer"},
+    {"functionOption", "FUNCTION_VERSION $text | IN_MEASUREMENT <name>* | "
+                       "/begin DEF_CHARACTERISTIC <name>* /end DEF_CHARACTERISTIC | <annotation>"},
+    {"groupOption", "ROOT | /begin REF_MEASUREMENT <name>* /end REF_MEASUREMENT | <annotation>"},
+    {"frameOption", "FRAME_MEASUREMENT <name>* | <ifData>"},
+    {"rightsOption", "READ_ONLY | /begin REF_GROUP <name>* /end REF_GROUP"},
 
-    {"ifData", "/begin IF_DATA $name <anything>* /end IF_DATA"},
-    {"ifData", "/begin IF_DATA ASAP1B_CCP <ccpBlock>* /end IF_DATA"},
-    {"ifData", "/begin IF_DATA XCP <xcpBlock>* /end IF_DATA"},
-    {"ccpBlock", "/begin RASTER $text $text $integer $integer $integer <exclusive>* /end RASTER"},
-    {"ccpBlock", "/begin TP_BLOB $integer $integer $integer $integer $integer $integer "
-                 "<tpBlobOption>* /end TP_BLOB"},
-    {"ccpBlock", "/begin SOURCE $text $integer $integer <sourceOption>* /end SOURCE"},
-    {"ccpBlock", "/begin EVENT_GROUP $text $text <rasterNumber>* /end EVENT_GROUP"},
-    {"ccpBlock", "/begin SEED_KEY $text $text $text /end SEED_KEY"},
-    {"ccpBlock", "/begin SEED_KEY <text>* /end SEED_KEY"},
-    {"ccpBlock", "/begin CHECKSUM $text /end CHECKSUM"},
-    {"ccpBlock", "ADDRESS_MAPPING $integer $integer $integer"},
-    {"ccpBlock", "KP_BLOB $integer $integer $integer <rasterNumber>*"},
+    {"ifData", "/begin IF_DATA $name <anything>* /end IF_DATA | "
+               "/begin IF_DATA ASAP1B_CCP <ccpBlock>* /end IF_DATA | "
+               "/begin IF_DATA XCP <xcpBlock>* /end IF_DATA"},
+    {"ccpBlock",
+     "/begin RASTER $text $text $integer $integer $integer <exclusive>* /end RASTER | "
+     "/begin TP_BLOB $integer $integer $integer $integer $integer $integer <tpBlobOption>* "
+     "/end TP_BLOB | "
+     "/begin SOURCE $text $integer $integer <sourceOption>* /end SOURCE | "
+     "/begin EVENT_GROUP $text $text <rasterNumber>* /end EVENT_GROUP | "
+     "/begin SEED_KEY $text $text $text /end SEED_KEY | /begin SEED_KEY <text>* /end SEED_KEY | "
+     "/begin CHECKSUM $text /end CHECKSUM | ADDRESS_MAPPING $integer $integer $integer | "
+     "KP_BLOB $integer $integer $integer <rasterNumber>*"},
     {"exclusive", "EXCLUSIVE $integer"},
     {"rasterNumber", "RASTER $integer"},
-    {"sourceOption", "DISPLAY_IDENTIFIER $name"},
-    {"sourceOption", "QP_BLOB $integer <qpBlobOption>*"},
-    {"sourceOption", "/begin QP_BLOB $integer <qpBlobOption>* /end QP_BLOB"},
-    {"qpBlobOption", "LENGTH $integer"},
-    {"qpBlobOption", "CAN_ID_VARIABLE"},
-    {"qpBlobOption", "RASTER $integer"},
-    {"tpBlobOption", "BAUDRATE $integer"},
-    {"tpBlobOption", "SJW $integer"},
-    {"tpBlobOption", "BYTES_ONLY"},
-    {"tpBlobOption", "DAQ_MODE ALTERNATING"},
-    {"tpBlobOption", "DAQ_MODE BURST"},
-    {"tpBlobOption", "ADDRESS_EXTENSION ODT"},
-    {"tpBlobOption", "OPTIONAL_CMD $integer"},
-    {"tpBlobOption", "/begin CAN_PARAM $integer $integer $integer /end CAN_PARAM"},
-    {"tpBlobOption", "/begin DEFINED_PAGES $integer $text $integer $integer $integer <pageWord>* "
-                     "/end DEFINED_PAGES"},
-    {"tpBlobOption", "/begin CHECKSUM_PARAM $integer $integer CHECKSUM_CALCULATION $name "
-                     "/end CHECKSUM_PARAM"},
-    {"pageWord", "RAM"},
-    {"pageWord", "FLASH"},
+    {"sourceOption", "DISPLAY_IDENTIFIER $name | QP_BLOB $integer <qpBlobOption>* | "
+                     "/begin QP_BLOB $integer <qpBlobOption>* /end QP_BLOB"},
+    {"qpBlobOption", "LENGTH $integer | CAN_ID_VARIABLE | RASTER $integer"},
+    {"tpBlobOption",
+     "BAUDRATE $integer | SJW $integer | BYTES_ONLY | DAQ_MODE ALTERNATING | DAQ_MODE BURST | "
+     "ADDRESS_EXTENSION ODT | OPTIONAL_CMD $integer | "
+     "/begin CAN_PARAM $integer $integer $integer /end CAN_PARAM | "
+     "/begin DEFINED_PAGES $integer $text $integer $integer $integer <pageWord>* "
+     "/end DEFINED_PAGES | "
+     "/begin CHECKSUM_PARAM $integer $integer CHECKSUM_CALCULATION $name /end CHECKSUM_PARAM"},
+    {"pageWord", "RAM | FLASH"},
     {"xcpBlock", "/begin DAQ $name $integer $integer $integer $name $name $name $name $name $name "
-                 "<daqOption>* /end DAQ"},
-    {"xcpBlock", "/begin XCP_ON_CAN $integer <canOption>* /end XCP_ON_CAN"},
-    {"xcpBlock", "/begin PROTOCOL_LAYER <anything>* /end PROTOCOL_LAYER"},
-    {"xcpBlock", "/begin SEGMENT <anything>* /end SEGMENT"},
-    {"daqOption", "/begin EVENT $text $text $integer DAQ $integer $integer $integer $integer "
-                  "/end EVENT"},
-    {"daqOption", "PRESCALER_SUPPORTED"},
-    {"daqOption", "/begin STIM $name $integer BIT_STIM_SUPPORTED /end STIM"},
-    {"daqOption", "/begin TIMESTAMP_SUPPORTED $integer $name $name TIMESTAMP_FIXED "
-                  "/end TIMESTAMP_SUPPORTED"},
-    {"daqOption", "/begin DAQ_LIST $integer <daqListOption>* /end DAQ_LIST"},
-    {"daqListOption", "MAX_ODT $integer"},
-    {"daqListOption", "/begin ODT $integer <odtEntry>* /end ODT"},
+                 "<daqOption>* /end DAQ | "
+                 "/begin XCP_ON_CAN $integer <canOption>* /end XCP_ON_CAN | "
+                 "/begin PROTOCOL_LAYER <anything>* /end PROTOCOL_LAYER | "
+                 "/begin SEGMENT <anything>* /end SEGMENT"},
+    {"daqOption",
+     "/begin EVENT $text $text $integer DAQ $integer $integer $integer $integer /end EVENT | "
+     "PRESCALER_SUPPORTED | /begin STIM $name $integer BIT_STIM_SUPPORTED /end STIM | "
+     "/begin TIMESTAMP_SUPPORTED $integer $name $name TIMESTAMP_FIXED "
+     "/end TIMESTAMP_SUPPORTED | "
+     "/begin DAQ_LIST $integer <daqListOption>* /end DAQ_LIST"},
+    {"daqListOption", "MAX_ODT $integer | /begin ODT $integer <odtEntry>* /end ODT"},
     {"odtEntry", "ODT_ENTRY $integer $integer $integer $integer $integer"},
-    {"canOption", "CAN_ID_MASTER $integer"},
-    {"canOption", "CAN_ID_SLAVE $integer"},
-    {"canOption", "BAUDRATE $integer"},
-    {"canOption", "SJW $integer"},
-    {"canOption", "MAX_DLC_REQUIRED"},
-    {"canOption", "/begin DAQ_LIST_CAN_ID $integer VARIABLE FIXED $integer /end DAQ_LIST_CAN_ID"},
+    {"canOption",
+     "CAN_ID_MASTER $integer | CAN_ID_SLAVE $integer | BAUDRATE $integer | SJW $integer | "
+     "MAX_DLC_REQUIRED | "
+     "/begin DAQ_LIST_CAN_ID $integer VARIABLE FIXED $integer /end DAQ_LIST_CAN_ID"},
 };

@@ -44,10 +44,11 @@ TEST(PhKeywordTableTest, HasItsFrozenWordsAndCodes)
 TEST(PhKeywordTableTest, FindsEachOfItsWordsAndNoOther)
 {
     std::vector<std::string> words = {"", "/Begin", "module", "UNIT"};
+    const std::string more = "_";
     for (const auto& [table, rowCount, digest] : vocabularies)
         for (const auto& [code, word] : rowsOf(*table))
-            words.insert(words.end(), {word, word + "_", word.substr(0, word.size() - 1),
-                                       word.substr(1), "_" + word, "_" + word.substr(1)});
+            words.insert(words.end(), {word, word + more, word.substr(0, word.size() - 1),
+                                       word.substr(1), more + word, more + word.substr(1)});
     for (const auto& [table, rowCount, digest] : vocabularies) {
         std::map<std::string, int> codes;
         for (const auto& [code, word] : rowsOf(*table))
