@@ -14,7 +14,7 @@ constinit const PhObjectRareTexts PhObject::noRareTexts;
 std::uint64_t PhObject::indexedNameChanges_ = 0;
 
 PhObject::PhObject(std::int32_t classId)
-    : id_(nextId++), classId_(classId & 0x3FFFFFFF), isNameIndexed_(0)
+    : id_(nextId++), classId_(classId & 0x1FFFFF), isNameIndexed_(0), spare_(0)
 {
 }
 

@@ -74,7 +74,7 @@ public:
         releaseBlock(block, size);
     }
 
-    /// Class numbers are positive and have at most 30 bits.
+    /// Class numbers are positive and have at most 21 bits.
     explicit PhObject(std::int32_t classId);
     virtual ~PhObject();
     PhObject(const PhObject&) = delete;
@@ -161,8 +161,14 @@ private:
     std::uint32_t flags_ = 0;
     std::int32_t count_ = 0; ///< Counts held by lists and reference fields.
     std::uint32_t id_;
-    std::int32_t classId_ : 31;
+    std::int32_t classId_ : 22;
     std::uint32_t isNameIndexed_ : 1;
+
+protected:
+    /// For a subclass to use as it likes, 0 at first: a field of its own would cost eight bytes.
+    std::uint32_t spare_ : 9;
+
+private:
     std::unique_ptr<PhObjectTexts> texts_; ///< Null until the first text is set.
 };
 

@@ -35,13 +35,17 @@ const PhValue::Content PhValue::noContent = {};
 
 PhValue::PhValue() : PhObject(PhClassValue) {}
 
-PhValue::PhValue(int number) : PhObject(PhClassValue), kinds_(Integer), number_{.integer = number}
+PhValue::PhValue(int number) : PhObject(PhClassValue), number_{.integer = number}
 {
+    setKinds(Integer);
 }
 
 PhValue::PhValue(unsigned number) : PhValue(static_cast<std::int32_t>(number)) {}
 
-PhValue::PhValue(double number) : PhObject(PhClassValue), kinds_(Double), number_{.real = number} {}
+PhValue::PhValue(double number) : PhObject(PhClassValue), number_{.real = number}
+{
+    setKinds(Double);
+}
 
 PhValue::PhValue(const PhString& text) : PhObject(PhClassValue) { setValue(text); }
 
@@ -51,7 +55,7 @@ PhValue::PhValue(const void* data, int size) : PhObject(PhClassValue)
     if (blob.empty())
         return;
     contentApart().blob = std::move(blob);
-    kinds_ = Blob;
+    setKinds(Blob);
 }
 
 PhValue::PhValue(PhList* list) : PhObject(PhClassValue) { setValue(list); }
@@ -62,17 +66,17 @@ PhValue::PhValue(const PhValue& other) : PhObject(PhClassValue) { *this = other;
 
 PhValue::~PhValue()
 {
-    if (isContentApart_)
+    if (has(ContentApart))
         delete content_;
 }
 
 PhValue::Content& PhValue::contentApart()
 {
-    if (!isContentApart_) {
+    if (!has(ContentApart)) {
         auto* content = new Content;
         content->number = number_;
         content_ = content;
-        isContentApart_ = true;
+        setBits(spare_ | ContentApart);
     }
     return *content_;
 }
@@ -82,14 +86,13 @@ PhValue& PhValue::operator=(const PhValue& other)
     // What may run out of memory comes first, so that a failure changes nothing; and what this
     // value held goes last, because `other` may be an element of its list.
     std::unique_ptr<Content> content;
-    if (other.isContentApart_) {
+    if (other.has(ContentApart)) {
         std::unique_ptr<PhList> list(duplicateOf(other.list()));
         content.reset(
             new Content{{}, other.numeric(), other.text(), std::move(list), other.content_->blob});
     }
-    const std::unique_ptr<Content> old(isContentApart_ ? content_ : nullptr);
-    kinds_ = other.kinds_;
-    isContentApart_ = content != nullptr;
+    const std::unique_ptr<Content> old(has(ContentApart) ? content_ : nullptr);
+    spare_ = other.spare_;
     if (content)
         content_ = content.release();
     else
@@ -100,8 +103,8 @@ PhValue& PhValue::operator=(const PhValue& other)
 /// Makes `kind` the value's kind in place of the numeric one that it had.
 void PhValue::become(Flag kind)
 {
-    kinds_ &= ~std::uint32_t{Integer | Double | PositiveInfinity | NegativeInfinity};
-    kinds_ |= kind;
+    setBits((spare_ & ~std::uint32_t{Integer | Double | PositiveInfinity | NegativeInfinity}) |
+            kind);
 }
 
 PhValue& PhValue::operator=(int number)
@@ -153,11 +156,11 @@ void PhValue::setValue(PhList* list)
 
 PhValue& PhValue::operator=(PhInfinity infinity)
 {
-    kinds_ = 0;
+    setKinds(0);
     if (infinity == PhInfinity::Positive)
-        kinds_ = PositiveInfinity;
+        setKinds(PositiveInfinity);
     else if (infinity == PhInfinity::Negative)
-        kinds_ = NegativeInfinity;
+        setKinds(NegativeInfinity);
     return *this;
 }
 

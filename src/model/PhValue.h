@@ -65,7 +65,7 @@ public:
     bool setNumber(const char* text);
 
     /// True if there is content of any kind, or the marker.
-    bool isValid() const { return kinds_ != 0; }
+    bool isValid() const { return has(AnyKind); }
     bool isInteger() const { return has(Integer); }
     bool isDouble() const { return has(Double); }
     bool isText() const { return has(Text); }
@@ -76,8 +76,8 @@ public:
 
     /// A marker for free use.
     bool isMarked() const { return has(Marked); }
-    void setMarked() { kinds_ |= Marked; }
-    void clearMarked() { kinds_ &= ~std::uint32_t{Marked}; }
+    void setMarked() { setBits(spare_ | Marked); }
+    void clearMarked() { setBits(spare_ & ~std::uint32_t{Marked}); }
 
     /// The number, a double truncated toward zero; 0 for what is no number. A double outside the
     /// range of the result gives the nearer limit, NaN gives 0.
@@ -114,6 +114,7 @@ public:
     PhValue& divide(int divisor);
 
 private:
+    /// What the spare bits hold.
     enum Flag : std::uint32_t
     {
         Integer = 1,
@@ -123,10 +124,14 @@ private:
         List = 16,
         PositiveInfinity = 32,
         NegativeInfinity = 64,
-        Marked = 1U << 20,
+        Marked = 128,
+        AnyKind = 255,
+        ContentApart = 256, ///< `content_` is in use, else `number_`.
     };
 
-    bool has(Flag flag) const { return (kinds_ & flag) != 0; }
+    bool has(Flag flag) const { return (spare_ & flag) != 0; }
+    void setBits(std::uint32_t bits) { spare_ = bits & (AnyKind | ContentApart); }
+    void setKinds(std::uint32_t kinds) { setBits((spare_ & ContentApart) | kinds); }
     void become(Flag kind);
     template <class Operation> PhValue& combine(const PhValue& operand, Operation operation);
     template <class Operation> PhValue& combineInPlace(int operand, Operation operation);
@@ -147,15 +152,13 @@ private:
         std::vector<std::byte> blob;
     };
 
-    Number& numeric() { return isContentApart_ ? content_->number : number_; }
-    const Number& numeric() const { return isContentApart_ ? content_->number : number_; }
-    const Content& content() const { return isContentApart_ ? *content_ : noContent; }
+    Number& numeric() { return has(ContentApart) ? content_->number : number_; }
+    const Number& numeric() const { return has(ContentApart) ? content_->number : number_; }
+    const Content& content() const { return has(ContentApart) ? *content_ : noContent; }
     Content& contentApart();
 
     static const Content noContent;
 
-    std::uint32_t kinds_ = 0;
-    bool isContentApart_ = false;
     union
     {
         Number number_ = {};
