@@ -7,7 +7,8 @@ endif()
 
 add_compile_definitions($<$<COMPILE_LANGUAGE:CXX>:_GLIBCXX_ASSERTIONS>)
 add_compile_options(-fstack-protector-strong)
-if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+if(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo|MinSizeRel)$"
+    AND NOT CMAKE_CXX_FLAGS MATCHES "_FORTIFY_SOURCE")
   # Needs an optimising compiler; some bring a level of their own.
   add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()

@@ -39,8 +39,7 @@ class PhValue;
 /// - All parsers share one `PhTokenValue`, and names are keywords by the table that is active when
 ///   they are read. `coreKeywords` is active between blocks.
 /// - An object is attached to its owner behind its first fields, at the latest ahead of its
-/// options,
-///   so a malformed block leaves a partly filled object.
+///   options, so a malformed block leaves a partly filled object.
 ///
 /// A reader serves one `readFile`.
 class PhA2l : public PhReader
