@@ -85,8 +85,9 @@ public:
     std::uint32_t id() const { return id_; }
     std::int32_t classId() const { return classId_; }
 
-    /// The texts themselves, not copies; null until set, and valid until set. Of an A2L block, the
-    /// identifier is the `name` and the long identifier the `longName`; the other two stay null.
+    /// The texts themselves, not copies, so a reference holds until the next `set`; null at first.
+    /// Of an A2L block, the identifier is the `name` and the long identifier the `longName`; the
+    /// other two stay null.
     const PhString& name() const { return texts().name; }
     const PhString& longName() const { return texts().longName; }
     const PhString& description() const { return rareTexts().description; }

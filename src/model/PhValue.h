@@ -136,7 +136,7 @@ private:
     template <class Operation> PhValue& combine(const PhValue& operand, Operation operation);
     template <class Operation> PhValue& combineInPlace(int operand, Operation operation);
 
-    /// What the kinds say: a value is never an integer and a double at once.
+    /// One for both kinds: a value is never an integer and a double at once.
     union Number
     {
         std::int32_t integer; ///< Of an unsigned number, its bits.

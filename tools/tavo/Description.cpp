@@ -41,14 +41,11 @@ void warnOfConversions(const PhGroup& module, const std::string& file, Diagnosti
 ExitCode Description::read(Diagnostics& diagnostics)
 {
     Progress progress(diagnostics.console(), file_);
-    const bool showsProgress =
-        diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal;
-    const int status = runReader(
-        file_, diagnostics, [&](PhA2l& reader) { return reader.readFile(&root_); },
-        [&](std::uint64_t bytesRead) {
-            if (showsProgress)
-                progress.advance(bytesRead);
-        });
+    const int status = runReader(file_, diagnostics, [&](PhA2l& reader) {
+        if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
+            reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
+        return reader.readFile(&root_);
+    });
     if (status != 0)
         return ExitCode::DescriptionFailed;
     root_.resolve();
@@ -73,8 +70,7 @@ void Description::warnOfModel(Diagnostics& diagnostics) const
 }
 
 int runReader(const std::string& file, Diagnostics& diagnostics,
-              const std::function<int(PhA2l&)>& operation,
-              const std::function<void(std::uint64_t)>& watch)
+              const std::function<int(PhA2l&)>& operation)
 {
     std::error_code ignored;
     // A folder can be opened, but not read; say so ahead of what the reader makes of it.
@@ -83,7 +79,6 @@ int runReader(const std::string& file, Diagnostics& diagnostics,
     PhA2l reader(file.c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
-    reader.setWatch(watch);
     errno = 0;
     const int status = operation(reader);
     if (status == -2)

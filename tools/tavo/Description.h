@@ -3,7 +3,6 @@
 #include "Failure.h"
 #include "topology/PhRoot.h"
 
-#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -36,10 +35,9 @@ private:
 };
 
 /// Runs an operation of a reader on the file, with the diagnostics as its logger, and gives the
-/// status of the operation. `watch` is told how many bytes were read, after each block. Throws a
-/// `Failure` for a file that can't be opened or not be read to its end.
+/// status of the operation. Throws a `Failure` for a file that can't be opened or not be read to
+/// its end.
 int runReader(const std::string& file, Diagnostics& diagnostics,
-              const std::function<int(PhA2l&)>& operation,
-              const std::function<void(std::uint64_t)>& watch);
+              const std::function<int(PhA2l&)>& operation);
 
 } // namespace tavo

@@ -26,8 +26,7 @@ private:
 ExitCode printTokens(const std::string& file, Console& console, Volume volume)
 {
     TokenPrinter printer(console, volume);
-    runReader(
-        file, printer, [](PhA2l& reader) { return reader.print_tokens(); }, [](std::uint64_t) {});
+    runReader(file, printer, [](PhA2l& reader) { return reader.print_tokens(); });
     printer.finish();
     return printer.errorCount() == 0 ? ExitCode::AllWell : ExitCode::DescriptionFailed;
 }
