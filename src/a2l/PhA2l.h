@@ -4,7 +4,7 @@
 #include "a2l/PhTokenValue.h"
 #include "a2l/SourceStream.h"
 #include "a2l/tokens.h"
-#include "conversion/PhReader.h"
+#include "base/PhReader.h"
 #include "model/PhString.h"
 #include "model/enumerations.h"
 

@@ -170,4 +170,16 @@ template <class Object> PhListRange<Object> each(const PhList* list)
     return PhListRange<Object>(list);
 }
 
+/// First element of this name in a list that may be missing; null if there is none.
+template <class Element> Element* findByName(const PhList* list, const PhString& name)
+{
+    return list ? static_cast<Element*>(list->findByName(name)) : nullptr;
+}
+
+/// The same by external id.
+template <class Element> Element* findByExternalId(const PhList* list, const PhString& externalId)
+{
+    return list ? static_cast<Element*>(list->findByExternalId(externalId)) : nullptr;
+}
+
 } // namespace tavo

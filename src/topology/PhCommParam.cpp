@@ -3,7 +3,6 @@
 #include "model/PhValue.h"
 #include "model/ownership.h"
 #include "topology/PhRaster.h"
-#include "topology/search.h"
 
 namespace tavo {
 

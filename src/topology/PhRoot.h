@@ -1,6 +1,6 @@
 #pragma once
 
-#include "conversion/PhLogger.h"
+#include "base/PhLogger.h"
 #include "model/PhObject.h"
 
 #include <unordered_map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "conversion/PhLogger.h"
+#include "base/PhLogger.h"
 
 #include <cstdarg>
 #include <cstdio>

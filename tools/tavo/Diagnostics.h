@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SourceLines.h"
-#include "conversion/PhLogger.h"
+#include "base/PhLogger.h"
 
 #include <cstdarg>
 #include <string>

@@ -1,7 +1,7 @@
-#include "topology/PhScheduleTable.h"
+#include "network/PhScheduleTable.h"
 
 #include "model/ownership.h"
-#include "topology/PhScheduleTableEntry.h"
+#include "network/PhScheduleTableEntry.h"
 
 namespace tavo {
 

@@ -1,4 +1,4 @@
-#include "conversion/PhReader.h"
+#include "base/PhReader.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
-#include "topology/PhConnectorMapping.h"
+#include "network/PhConnectorMapping.h"
 
-#include "topology/PhFrameMapping.h"
-#include "topology/mapping.h"
+#include "network/PhFrameMapping.h"
+#include "network/mapping.h"
 
 namespace tavo {
 

@@ -1,4 +1,4 @@
-#include "topology/PhFunction.h"
+#include "network/PhFunction.h"
 
 #include "model/ownership.h"
 

@@ -1,7 +1,7 @@
-#include "topology/PhCluster.h"
+#include "network/PhCluster.h"
 
 #include "model/ownership.h"
-#include "topology/PhChannel.h"
+#include "network/PhChannel.h"
 
 namespace tavo {
 

@@ -1,4 +1,4 @@
-#include "conversion/PhLogger.h"
+#include "base/PhLogger.h"
 
 #include <cstdio>
 

@@ -1,4 +1,4 @@
-#include "topology/PhFrame.h"
+#include "network/PhFrame.h"
 
 #include "model/ownership.h"
 

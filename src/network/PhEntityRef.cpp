@@ -1,4 +1,4 @@
-#include "topology/PhEntityRef.h"
+#include "network/PhEntityRef.h"
 
 #include "model/ownership.h"
 

@@ -1,13 +1,12 @@
-#include "topology/PhEcu.h"
+#include "network/PhEcu.h"
 
 #include "model/ownership.h"
-#include "topology/PhChannel.h"
-#include "topology/PhConnector.h"
-#include "topology/PhConnectorMapping.h"
-#include "topology/PhController.h"
-#include "topology/PhFunction.h"
-#include "topology/mapping.h"
-#include "topology/search.h"
+#include "network/PhChannel.h"
+#include "network/PhConnector.h"
+#include "network/PhConnectorMapping.h"
+#include "network/PhController.h"
+#include "network/PhFunction.h"
+#include "network/mapping.h"
 
 namespace tavo {
 

@@ -1,8 +1,8 @@
-#include "topology/PhScheduleTableEntry.h"
+#include "network/PhScheduleTableEntry.h"
 
 #include "model/PhValue.h"
 #include "model/ownership.h"
-#include "topology/PhFrame.h"
+#include "network/PhFrame.h"
 
 namespace tavo {
 

@@ -1,4 +1,4 @@
-#include "topology/PhSignalMapping.h"
+#include "network/PhSignalMapping.h"
 
 #include "model/ownership.h"
 

@@ -1,4 +1,4 @@
-#include "topology/PhService.h"
+#include "network/PhService.h"
 
 #include "model/ownership.h"
 

@@ -1,4 +1,4 @@
-#include "topology/PhTiming.h"
+#include "network/PhTiming.h"
 
 #include "model/PhValue.h"
 #include "model/ownership.h"

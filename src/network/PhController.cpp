@@ -1,7 +1,7 @@
-#include "topology/PhController.h"
+#include "network/PhController.h"
 
 #include "model/ownership.h"
-#include "topology/PhChannel.h"
+#include "network/PhChannel.h"
 
 namespace tavo {
 

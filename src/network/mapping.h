@@ -1,9 +1,15 @@
 #pragma once
 
 #include "model/ownership.h"
-#include "topology/search.h"
 
 namespace tavo {
+
+/// Whether both objects are there and have the same external id, which is what makes two objects of
+/// a network the same one. Two objects without an external id count as the same.
+inline bool sameExternalId(const PhObject* a, const PhObject* b)
+{
+    return a && b && sameText(a->externalId(), b->externalId());
+}
 
 /// The mapping from `source` to `target` in a list that is made at its first element: the body of
 /// the find-or-create operation of each level of mappings.

@@ -1,9 +1,9 @@
-#include "topology/PhChannel.h"
+#include "network/PhChannel.h"
 
 #include "model/ownership.h"
-#include "topology/PhCluster.h"
-#include "topology/PhFrameTriggering.h"
-#include "topology/PhScheduleTable.h"
+#include "network/PhCluster.h"
+#include "network/PhFrameTriggering.h"
+#include "network/PhScheduleTable.h"
 
 namespace tavo {
 

@@ -1,7 +1,7 @@
-#include "topology/PhFrameMapping.h"
+#include "network/PhFrameMapping.h"
 
-#include "topology/PhSignalMapping.h"
-#include "topology/mapping.h"
+#include "network/PhSignalMapping.h"
+#include "network/mapping.h"
 
 namespace tavo {
 

@@ -1,9 +1,9 @@
-#include "topology/PhConnector.h"
+#include "network/PhConnector.h"
 
 #include "model/ownership.h"
-#include "topology/PhChannel.h"
-#include "topology/PhController.h"
-#include "topology/PhFrameTriggering.h"
+#include "network/PhChannel.h"
+#include "network/PhController.h"
+#include "network/PhFrameTriggering.h"
 
 namespace tavo {
 

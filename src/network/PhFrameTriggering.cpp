@@ -1,9 +1,9 @@
-#include "topology/PhFrameTriggering.h"
+#include "network/PhFrameTriggering.h"
 
 #include "model/PhValue.h"
 #include "model/ownership.h"
-#include "topology/PhFrame.h"
-#include "topology/PhTiming.h"
+#include "network/PhFrame.h"
+#include "network/PhTiming.h"
 
 namespace tavo {
 
