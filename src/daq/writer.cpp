@@ -160,8 +160,8 @@ void writeProcessFactor(ConfigurationStream& stream, const PhEntity& entity, std
     stream.put("_");
     stream.putDecimal(index);
     stream.put("]\n");
-    putTextLine(stream, "Name=", entity.name());
-    putTextLine(stream, "Desc=", entity.longName());
+    putTextLine(stream, "Name=", entity.peekName());
+    putTextLine(stream, "Desc=", entity.peekLongName());
     stream.put("Enabled=0\n");
     if (type) {
         writeUnit(stream, *type);
@@ -219,7 +219,7 @@ void writeMeasurements(ConfigurationStream& stream, const PhList* commParams)
         stream.put("[DAQ_Measurement_");
         stream.putDecimal(index++);
         stream.put("]\nEnabled=1\n");
-        putTextLine(stream, "Name=", commParam->name());
+        putTextLine(stream, "Name=", commParam->peekName());
         stream.put("Protocol=");
         stream.put(protocolText(commParam->protocol()));
         stream.put("\n");
@@ -243,7 +243,7 @@ void writeSources(ConfigurationStream& stream, const PhList* rasters)
         stream.put("[DAQ_Source_0_");
         stream.putDecimal(daqSourceIndex++);
         stream.put("]\nEnabled=1\n");
-        putTextLine(stream, "Name=", raster->name());
+        putTextLine(stream, "Name=", raster->peekName());
         putValueLine(stream, "TransmissionRate=", raster->rate(), printValue);
         putValueLine(stream, "EventChannelNo=", raster->channel(), printValue);
         stream.put("\n");

@@ -21,7 +21,7 @@ void PhNameIndex::append(PhObject* object)
 {
     // One without a name counts too: it may get one.
     object->setNameIndexed();
-    if (object->name().isNull())
+    if (object->peekName().isNull())
         return;
     if (!ordered_.empty()) {
         ordered_.insert(object);
@@ -29,8 +29,8 @@ void PhNameIndex::append(PhObject* object)
     }
     if (count_ * 2 >= slots_.size())
         grow();
-    const std::size_t hash = hashOf(object->name());
-    const std::size_t place = slotOf(object->name(), hash);
+    const std::size_t hash = hashOf(object->peekName());
+    const std::size_t place = slotOf(object->peekName(), hash);
     if (slots_[place].object)
         return;
     slots_[place] = {hash, object};
@@ -51,17 +51,17 @@ void PhNameIndex::becomeOrdered()
 
 bool PhNameIndex::ByName::operator()(const PhObject* left, const PhObject* right) const
 {
-    return left->name().view() < right->name().view();
+    return left->peekName().view() < right->peekName().view();
 }
 
 bool PhNameIndex::ByName::operator()(const PhObject* left, std::string_view right) const
 {
-    return left->name().view() < right;
+    return left->peekName().view() < right;
 }
 
 bool PhNameIndex::ByName::operator()(std::string_view left, const PhObject* right) const
 {
-    return left < right->name().view();
+    return left < right->peekName().view();
 }
 
 PhObject* PhNameIndex::find(const PhString& name) const
@@ -79,7 +79,7 @@ std::size_t PhNameIndex::slotOf(const PhString& name, std::size_t hash) const
     const std::size_t mask = slots_.size() - 1;
     std::size_t i = hash & mask;
     while (slots_[i].object &&
-           (slots_[i].hash != hash || !sameText(slots_[i].object->name(), name)))
+           (slots_[i].hash != hash || !sameText(slots_[i].object->peekName(), name)))
         i = (i + 1) & mask;
     return i;
 }

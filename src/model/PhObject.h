@@ -44,11 +44,13 @@ enum PhClassId : std::int32_t
     PhClassScheduleTableEntry = 30,
 };
 
-/// The texts that no file gives an object.
-struct PhObjectRareTexts : Pooled
+/// What hardly any object has: the texts that no file gives one, and a class number that doesn't
+/// fit into the object.
+struct PhObjectRareParts : Pooled
 {
     PhString externalId;
     PhString description;
+    std::int32_t classId = 0;
 };
 
 /// The texts of an object. They stand apart, because most objects are values and have none.
@@ -56,7 +58,7 @@ struct PhObjectTexts : Pooled
 {
     PhString name;
     PhString longName;
-    std::unique_ptr<PhObjectRareTexts> rare; ///< Null until one of them is set.
+    std::unique_ptr<PhObjectRareParts> rare; ///< Null until one of them is needed.
 };
 
 /// Base of every model object: a class number, a creation number, four texts, marker flags and a
@@ -74,7 +76,8 @@ public:
         releaseBlock(block, size);
     }
 
-    /// Class numbers are positive and have at most 21 bits.
+    /// The numbers of `PhClassId` and their like take no memory of their own; one below 0 or of
+    /// more than 21 bits does.
     explicit PhObject(std::int32_t classId);
     virtual ~PhObject();
     PhObject(const PhObject&) = delete;
@@ -83,23 +86,34 @@ public:
     /// The creation number: unique in the process and ascending in order of construction. Every
     /// object takes one, temporary and embedded values included.
     std::uint32_t id() const { return id_; }
-    std::int32_t classId() const { return classId_; }
+    std::int32_t classId() const { return classId_ >= 0 ? classId_ : texts_->rare->classId; }
 
-    /// The texts themselves, not copies, so a reference holds until the next `set`; null at first.
-    /// Of an A2L block, the identifier is the `name` and the long identifier the `longName`; the
-    /// other two stay null.
+    /// The texts themselves, not copies: a reference holds as long as the object and shows what is
+    /// set later. Null at first. To ask for one makes room for it if the object has none yet, which
+    /// can run out of memory. Of an A2L block, the identifier is the `name` and the long identifier
+    /// the `longName`; the other two stay null.
     const PhString& name() const { return texts().name; }
     const PhString& longName() const { return texts().longName; }
-    const PhString& description() const { return rareTexts().description; }
-    const PhString& externalId() const { return rareTexts().externalId; }
+    const PhString& description() const { return rareParts().description; }
+    const PhString& externalId() const { return rareParts().externalId; }
+
+    /// The same for a look that makes no room and never fails. The reference to a text that was
+    /// never set doesn't show what is set later.
+    const PhString& peekName() const { return texts_ ? texts_->name : noText; }
+    const PhString& peekLongName() const { return texts_ ? texts_->longName : noText; }
+    const PhString& peekExternalId() const
+    {
+        return texts_ && texts_->rare ? texts_->rare->externalId : noText;
+    }
+
     void setName(const PhString& name)
     {
         indexedNameChanges_ += isNameIndexed_;
         setText(&PhObjectTexts::name, name);
     }
     void setLongName(const PhString& longName) { setText(&PhObjectTexts::longName, longName); }
-    void setDescription(const PhString& text) { setText(&PhObjectRareTexts::description, text); }
-    void setExternalId(const PhString& text) { setText(&PhObjectRareTexts::externalId, text); }
+    void setDescription(const PhString& text) { setText(&PhObjectRareParts::description, text); }
+    void setExternalId(const PhString& text) { setText(&PhObjectRareParts::externalId, text); }
 
     int refCount() const { return count_; }
     void incRef() { ++count_; }
@@ -147,30 +161,33 @@ private:
         Reported = 2
     };
 
-    const PhObjectTexts& texts() const { return texts_ ? *texts_ : noTexts; }
-    const PhObjectRareTexts& rareTexts() const
+    PhObjectTexts& texts() const { return texts_ ? *texts_ : madeTexts(); }
+    PhObjectRareParts& rareParts() const
     {
-        return texts_ && texts_->rare ? *texts_->rare : noRareTexts;
+        return texts_ && texts_->rare ? *texts_->rare : madeRareParts();
     }
+    PhObjectTexts& madeTexts() const;
+    PhObjectRareParts& madeRareParts() const;
     void setText(PhString PhObjectTexts::*slot, const PhString& text);
-    void setText(PhString PhObjectRareTexts::*slot, const PhString& text);
+    void setText(PhString PhObjectRareParts::*slot, const PhString& text);
 
-    static const PhObjectTexts noTexts;
-    static const PhObjectRareTexts noRareTexts;
+    static const PhString noText;
     static std::uint64_t indexedNameChanges_;
 
     std::uint32_t flags_ = 0;
     std::int32_t count_ = 0; ///< Counts held by lists and reference fields.
     std::uint32_t id_;
-    std::int32_t classId_ : 22;
+    std::int32_t classId_ : 22; ///< Below 0 if it stands among the rare parts.
     std::uint32_t isNameIndexed_ : 1;
 
 protected:
-    /// For a subclass to use as it likes, 0 at first: a field of its own would cost eight bytes.
-    std::uint32_t spare_ : 9;
+    /// For a subclass to use as it likes, 0 at first: a field of its own would cost eight
+    /// bytes. Mutable for what a subclass makes at the first look.
+    mutable std::uint32_t spare_ : 9;
 
 private:
-    std::unique_ptr<PhObjectTexts> texts_; ///< Null until the first text is set.
+    /// Null until the first text is set or asked for; it stays where it is from then on.
+    mutable std::unique_ptr<PhObjectTexts> texts_;
 };
 
 } // namespace tavo

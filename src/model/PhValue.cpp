@@ -70,33 +70,34 @@ PhValue::~PhValue()
         delete content_;
 }
 
-PhValue::Content& PhValue::contentApart()
+PhValue::Content& PhValue::contentApart() const
 {
     if (!has(ContentApart)) {
         auto* content = new Content;
         content->number = number_;
         content_ = content;
-        setBits(spare_ | ContentApart);
+        spare_ |= ContentApart;
     }
     return *content_;
 }
 
 PhValue& PhValue::operator=(const PhValue& other)
 {
+    if (!has(ContentApart) && !other.has(ContentApart)) {
+        number_ = other.number_;
+        spare_ = other.spare_;
+        return *this;
+    }
     // What may run out of memory comes first, so that a failure changes nothing; and what this
     // value held goes last, because `other` may be an element of its list.
-    std::unique_ptr<Content> content;
-    if (other.has(ContentApart)) {
-        std::unique_ptr<PhList> list(duplicateOf(other.list()));
-        content.reset(
-            new Content{{}, other.numeric(), other.text(), std::move(list), other.content_->blob});
-    }
-    const std::unique_ptr<Content> old(has(ContentApart) ? content_ : nullptr);
-    spare_ = other.spare_;
-    if (content)
-        content_ = content.release();
-    else
-        number_ = other.number_;
+    std::unique_ptr<PhList> list(duplicateOf(other.list()));
+    std::vector<std::byte> blob = other.content().blob;
+    Content& mine = contentApart();
+    mine.number = other.numeric();
+    mine.text = other.content().text;
+    mine.list.swap(list);
+    mine.blob.swap(blob);
+    setKinds(other.spare_ & AnyKind);
     return *this;
 }
 

@@ -86,8 +86,10 @@ public:
     unsigned unsignedValue() const;
     /// The number; 0.0 for what is no number.
     double doubleValue() const;
-    /// The text, null if none was ever stored.
-    const PhString& text() const { return content().text; }
+    /// The text itself, null if none was ever stored: a reference holds as long as the value and
+    /// shows what is stored later. To ask for it makes room for it if there is none yet, which can
+    /// run out of memory.
+    const PhString& text() const { return contentApart().text; }
     /// The list, or null. It stays with the value.
     PhList* list() const { return content().list.get(); }
     /// True for a number that is exactly 0 or 1. Negative zero counts as 0.
@@ -155,14 +157,15 @@ private:
     Number& numeric() { return has(ContentApart) ? content_->number : number_; }
     const Number& numeric() const { return has(ContentApart) ? content_->number : number_; }
     const Content& content() const { return has(ContentApart) ? *content_ : noContent; }
-    Content& contentApart();
+    Content& contentApart() const;
 
     static const Content noContent;
 
+    /// Mutable, because content can move apart without a change of what the value holds.
     union
     {
-        Number number_ = {};
-        Content* content_; ///< Owned.
+        mutable Number number_ = {};
+        mutable Content* content_; ///< Owned; it stays where it is until the value dies.
     };
 };
 

@@ -35,7 +35,7 @@ void PhEntityRef::setLocalRef(PhObject* localRef) { setRef(d->localRef, localRef
 PhEntityRef* PhEntityRef::duplicate() const
 {
     auto copy = std::make_unique<PhEntityRef>();
-    copy->setName(name());
+    copy->setName(peekName());
     copy->setPrimaryRef(d->primaryRef);
     copy->setSecondaryRef(d->secondaryRef);
     return copy.release();

@@ -8,7 +8,7 @@ namespace tavo {
 /// a network the same one. Two objects without an external id count as the same.
 inline bool sameExternalId(const PhObject* a, const PhObject* b)
 {
-    return a && b && sameText(a->externalId(), b->externalId());
+    return a && b && sameText(a->peekExternalId(), b->peekExternalId());
 }
 
 /// The mapping from `source` to `target` in a list that is made at its first element: the body of

@@ -223,12 +223,12 @@ PhChannel* PhGroup::resolveChannel(const PhString& externalId) const
 
 PhGroup* PhGroup::findGroupByExternalId(const PhString& externalId) const
 {
-    return findGroup(d->groups, &PhObject::externalId, externalId);
+    return findGroup(d->groups, &PhObject::peekExternalId, externalId);
 }
 
 PhGroup* PhGroup::findGroupByName(const PhString& name) const
 {
-    return findGroup(d->groups, &PhObject::name, name);
+    return findGroup(d->groups, &PhObject::peekName, name);
 }
 
 } // namespace tavo

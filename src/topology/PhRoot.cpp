@@ -25,12 +25,12 @@ void PhRoot::removeGroup(std::uint32_t id) { removeFrom(d->groups, id); }
 
 PhGroup* PhRoot::findGroupByExternalId(const PhString& externalId) const
 {
-    return findGroup(d->groups, &PhObject::externalId, externalId);
+    return findGroup(d->groups, &PhObject::peekExternalId, externalId);
 }
 
 PhGroup* PhRoot::findGroupByName(const PhString& name) const
 {
-    return findGroup(d->groups, &PhObject::name, name);
+    return findGroup(d->groups, &PhObject::peekName, name);
 }
 
 PhConversionWalks& PhRoot::conversionWalks() { return d->conversionWalks; }

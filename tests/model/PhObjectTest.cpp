@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace tavo;
 
 TEST(PhObjectTest, EveryObjectTakesAnIdEmbeddedOnesIncluded)
@@ -47,6 +49,47 @@ TEST(PhObjectTest, TextsAreSeparateAndFlagsAreBits)
     object.clearFlag(0x10);
     EXPECT_TRUE(object.isFlag(0xA0) && !object.isFlag(0x10));
     EXPECT_TRUE(object.isUnresolved() && !object.isReported());
+}
+
+TEST(PhObjectTest, AReferenceToATextShowsWhatIsSetLaterAndAPeekMakesNoRoom)
+{
+    using Read = const PhString& (PhObject::*)() const;
+    using Set = void (PhObject::*)(const PhString&);
+    const std::pair<Read, Set> texts[] = {{&PhObject::name, &PhObject::setName},
+                                          {&PhObject::longName, &PhObject::setLongName},
+                                          {&PhObject::description, &PhObject::setDescription},
+                                          {&PhObject::externalId, &PhObject::setExternalId}};
+    for (const auto& [read, set] : texts) {
+        PhObject object(1);
+        const PhString& text = (object.*read)();
+        EXPECT_TRUE(text.isNull());
+        (object.*set)(nullptr);
+        (object.*set)("later");
+        EXPECT_STREQ(text, "later");
+        for (const auto& other : texts)
+            (object.*other.second)(nullptr);
+        EXPECT_TRUE(text.isNull());
+        (object.*set)("again");
+        EXPECT_EQ(&text, &(object.*read)());
+        EXPECT_STREQ(text, "again");
+    }
+    const PhObject nameless(1);
+    const PhObject other(1);
+    EXPECT_EQ(&nameless.peekName(), &other.peekName());
+    EXPECT_NE(&nameless.name(), &other.name());
+    EXPECT_EQ(&nameless.peekName(), &nameless.name());
+}
+
+TEST(PhObjectTest, KeepsAllBitsOfAClassNumber)
+{
+    for (const std::int32_t number : {0, 30, 0x1FFFFF, 0x200000, 0x7FFFFFFF, -1, -0x7FFFFFFF - 1}) {
+        PhObject object(number);
+        object.setName("n");
+        object.setDescription("d");
+        object.setNameIndexed();
+        EXPECT_EQ(object.classId(), number);
+        EXPECT_STREQ(object.name() + object.description(), "nd");
+    }
 }
 
 TEST(OwnershipTest, AFieldOwnsOneCountOfWhatItHolds)

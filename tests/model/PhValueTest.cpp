@@ -98,6 +98,24 @@ TEST(PhValueTest, ACopySharesElementsAndTextButHasAnIdentityOfItsOwn)
     EXPECT_EQ(copy.list()->first()->refCount(), 1);
 }
 
+TEST(PhValueTest, AReferenceToTheTextLastsThroughEveryStore)
+{
+    PhValue value(7);
+    const PhString& text = value.text();
+    EXPECT_TRUE(text.isNull());
+    EXPECT_EQ(show(value), "int 7");
+    value = PhString("first");
+    EXPECT_STREQ(text, "first");
+    for (const PhValue& other : {PhValue(3), PhValue(PhString("third")), PhValue(),
+                                 PhValue(PhInfinity::Positive), PhValue(new PhList), value}) {
+        value = other;
+        EXPECT_EQ(show(value), show(other));
+        EXPECT_TRUE(sameText(text, other.text()));
+    }
+    value = PhString("last");
+    EXPECT_STREQ(text, "last");
+}
+
 TEST(PhValueTest, SetNumberTakesThePointForTheSignOfADouble)
 {
     PhValue value(PhInfinity::Positive);

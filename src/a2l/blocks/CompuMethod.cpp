@@ -111,7 +111,7 @@ void PhA2l::parseCoeffs(PhConversion* conversion, PhTokenValue& value)
         denominator->append(e.get());
         denominator->append(new PhValue(0));
     } else {
-        warning("Unable to compute inverse function in conversion '%s'", conversion->name().cStr());
+        warning("Unable to compute inverse function in conversion '%s'", conversion->peekName().cStr());
     }
 }
 
