@@ -119,11 +119,14 @@ void PhGroup::removeResponse(std::uint32_t id) { removeFrom(d->responses, id); }
 
 void PhGroup::removeGroup(std::uint32_t id)
 {
+    PhListNode* node = d->groups ? d->groups->findNodeById(id) : nullptr;
+    if (!node)
+        return;
+    const PhHold<PhGroup> child(static_cast<PhGroup*>(node->object()));
+    d->groups->remove(node);
     // Nobody would take the back pointer of a surviving child away when this group dies.
-    for (PhGroup* child : each<PhGroup>(d->groups))
-        if (child->id() == id && child->parent() == this)
-            child->setParent(nullptr);
-    removeFrom(d->groups, id);
+    if (child->parent() == this && !d->groups->findById(id))
+        child->setParent(nullptr);
 }
 
 PhCommParam* PhGroup::findCommParam(const PhString& name) const

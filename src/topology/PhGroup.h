@@ -94,7 +94,8 @@ public:
     void removeEntity(std::uint32_t id);
     void removeRequest(std::uint32_t id);
     void removeResponse(std::uint32_t id);
-    /// A child that is held elsewhere stays alive, without a parent.
+    /// A child that is held elsewhere stays alive, and without a parent unless it stands in this
+    /// group's list a second time.
     void removeGroup(std::uint32_t id);
 
     /// The comm param of this name in this group alone; null if there is none.

@@ -123,6 +123,9 @@ TEST(PhGroupTest, IsTheParentOfItsChildrenUntilTheyLeave)
         parent->appendGroup(child);
         EXPECT_EQ(child->parent(), parent);
     }
+    parent->appendGroup(removed.get());
+    parent->removeGroup(removed->id());
+    EXPECT_EQ(removed->parent(), parent) << "still listed";
     parent->removeGroup(removed->id());
     EXPECT_EQ(removed->parent(), nullptr);
     other.appendGroup(adopted.get());
