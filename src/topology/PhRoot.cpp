@@ -10,7 +10,6 @@ struct PhRootPrivate : Pooled
 {
     PhList* groups = nullptr;   ///< Top-level groups.
     PhLogger* logger = nullptr; ///< Sink of the messages, not owned.
-    PhConversionWalks conversionWalks;
 };
 
 PhRoot::PhRoot() : PhObject(PhClassRoot), d(new PhRootPrivate) {}
@@ -32,8 +31,6 @@ PhGroup* PhRoot::findGroupByName(const PhString& name) const
 {
     return findGroup(d->groups, &PhObject::peekName, name);
 }
-
-PhConversionWalks& PhRoot::conversionWalks() { return d->conversionWalks; }
 
 PhLogger* PhRoot::logger() const { return d->logger; }
 

@@ -3,17 +3,11 @@
 #include "base/PhLogger.h"
 #include "model/PhObject.h"
 
-#include <unordered_map>
-
 namespace tavo {
 
-class PhConversion;
 class PhGroup;
 class PhList;
 struct PhRootPrivate;
-
-/// The conversions that name resolution has come by, each with the one at which that walk began.
-using PhConversionWalks = std::unordered_map<const PhConversion*, const PhConversion*>;
 
 /// Top of the tree: a model is one root with everything below it, and dies with it. Each PROJECT of
 /// a description is one top-level group.
@@ -40,9 +34,6 @@ public:
     /// Replaces the placeholders that entities reach by the objects of their names. A name that
     /// isn't found goes as a warning to the logger, if there is one, and its placeholder stays.
     void resolve();
-    /// The conversions that a run of `resolve` has come by. It is empty ahead of a run and behind
-    /// it; who has a group or less resolved by itself clears it.
-    PhConversionWalks& conversionWalks();
 
     /// Sink of `log` and of the warnings of `resolve`, not owned; null until set.
     PhLogger* logger() const;

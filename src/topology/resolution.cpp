@@ -10,40 +10,119 @@
 #include "topology/PhGroup.h"
 #include "topology/PhRoot.h"
 
+#include <unordered_map>
+
 namespace tavo {
 
 namespace {
+
+constexpr const char* conversionUnresolved = "Conversion '%s' unresolved.\n";
+constexpr const char* typeUnresolved = "Type '%s' unresolved.\n";
+
+/// One run of the pass, over as much of a model as its first call is about. What it has come by is
+/// forgotten with it, so that the next run goes over everything again.
+class Resolver
+{
+public:
+    explicit Resolver(PhRoot* root) : root_(root) {}
+
+    void resolve(const PhGroup& group);
+    void resolve(PhEntity& entity, const PhGroup& group);
+    void resolve(PhType& type, const PhGroup& group);
+    void resolve(PhConversion& conversion, const PhGroup& group);
+
+private:
+    template <class Object, class Find, class Store>
+    Object* resolved(Object* held, const char* warning, Find find, Store store);
+    bool leadsBack(const PhConversion* from, const PhConversion* start) const;
+
+    PhRoot* root_;
+    /// The conversions that were come by, each with the one at which that walk began.
+    std::unordered_map<const PhConversion*, const PhConversion*> walks_;
+};
+
+void Resolver::resolve(const PhGroup& group)
+{
+    for (PhGroup* child : each<PhGroup>(group.groups()))
+        resolve(*child);
+    for (PhEntity* entity : each<PhEntity>(group.entities()))
+        resolve(*entity, group);
+}
 
 /// What a reference leads to once it is resolved. `find` looks a name up and gives null for what
 /// may not stand in the reference; `store` puts an object in the placeholder's place and so
 /// destroys the placeholder. Null if there is nothing to go on with. A placeholder that is found by
 /// its own name is reported and gone on from.
 template <class Object, class Find, class Store>
-Object* resolved(Object* held, PhRoot* root, const char* warning, Find find, Store store)
+Object* Resolver::resolved(Object* held, const char* warning, Find find, Store store)
 {
     if (!held || !held->isUnresolved() || held->isReported())
         return held;
-    Object* found = held->name().length() > 0 ? find(held->name()) : nullptr;
+    Object* found = held->peekName().length() > 0 ? find(held->peekName()) : nullptr;
     if (found && found != held) {
         store(found);
         return found;
     }
     held->setReported();
-    if (root->logger())
-        root->logger()->warning(warning, held->name().isNull() ? "" : held->name().cStr());
+    if (root_->logger())
+        root_->logger()->warning(warning, held->peekName().isNull() ? "" : held->peekName().cStr());
     return found;
 }
 
-constexpr const char* conversionUnresolved = "Conversion '%s' unresolved.\n";
-constexpr const char* typeUnresolved = "Type '%s' unresolved.\n";
+void Resolver::resolve(PhEntity& entity, const PhGroup& group)
+{
+    PhType* next = resolved(
+        entity.type(), typeUnresolved,
+        [&](const PhString& name) { return group.resolveTypeByName(name); },
+        [&](PhType* found) { entity.setType(found); });
+    if (next)
+        resolve(*next, group);
+}
+
+void Resolver::resolve(PhType& type, const PhGroup& group)
+{
+    PhConversion* next = resolved(
+        type.conversion(), conversionUnresolved,
+        [&](const PhString& name) { return group.resolveConversion(name); },
+        [&](PhConversion* found) { type.setConversion(found); });
+    if (next)
+        resolve(*next, group);
+}
+
+void Resolver::resolve(PhConversion& conversion, const PhGroup& group)
+{
+    PhConversion* owner = &conversion;
+    // What hangs on a conversion is settled by the first walk that comes by, so that many entities
+    // with one long chain of conversions behind them don't make a walk each.
+    while (owner && owner->conversion() && walks_.emplace(owner, &conversion).second) {
+        owner = resolved(
+            owner->conversion(), conversionUnresolved,
+            // A reference that would close a circle stays a placeholder: the conversions would keep
+            // one another alive for good.
+            [&](const PhString& name) {
+                PhConversion* found = group.resolveConversion(name);
+                return leadsBack(found, &conversion) ? nullptr : found;
+            },
+            [&](PhConversion* found) { owner->setConversion(found); });
+    }
+}
 
 /// True if the conversions from `from` on lead to one that the walk from `start` has come by.
-bool leadsBack(const PhConversion* from, const PhConversion* start, const PhConversionWalks& walks)
+bool Resolver::leadsBack(const PhConversion* from, const PhConversion* start) const
 {
-    for (; from; from = from->conversion()) {
-        const auto walk = walks.find(from);
-        if (walk != walks.end())
+    // A circle that the model's builder made is noticed by coming back to the mark, which moves
+    // on at steps that double.
+    const PhConversion* mark = nullptr;
+    std::size_t steps = 0;
+    for (std::size_t lap = 1; from && from != mark; from = from->conversion()) {
+        const auto walk = walks_.find(from);
+        if (walk != walks_.end())
             return walk->second == start;
+        if (++steps == lap) {
+            mark = from;
+            lap *= 2;
+            steps = 0;
+        }
     }
     return false;
 }
@@ -52,57 +131,17 @@ bool leadsBack(const PhConversion* from, const PhConversion* start, const PhConv
 
 void PhRoot::resolve()
 {
-    conversionWalks().clear();
+    Resolver resolver(this);
     for (PhGroup* group : each<PhGroup>(groups()))
-        group->resolve(this);
-    conversionWalks().clear();
+        resolver.resolve(*group);
 }
 
-void PhGroup::resolve(PhRoot* root)
-{
-    for (PhGroup* child : each<PhGroup>(groups()))
-        child->resolve(root);
-    for (PhEntity* entity : each<PhEntity>(entities()))
-        entity->resolve(root, this);
-}
+void PhGroup::resolve(PhRoot* root) { Resolver(root).resolve(*this); }
 
-void PhEntity::resolve(PhRoot* root, PhGroup* group)
-{
-    PhType* next = resolved(
-        type(), root, typeUnresolved,
-        [&](const PhString& name) { return group->resolveTypeByName(name); },
-        [&](PhType* found) { setType(found); });
-    if (next)
-        next->resolve(root, group);
-}
+void PhEntity::resolve(PhRoot* root, PhGroup* group) { Resolver(root).resolve(*this, *group); }
 
-void PhType::resolve(PhRoot* root, PhGroup* group)
-{
-    PhConversion* next = resolved(
-        conversion(), root, conversionUnresolved,
-        [&](const PhString& name) { return group->resolveConversion(name); },
-        [&](PhConversion* found) { setConversion(found); });
-    if (next)
-        next->resolve(root, group);
-}
+void PhType::resolve(PhRoot* root, PhGroup* group) { Resolver(root).resolve(*this, *group); }
 
-void PhConversion::resolve(PhRoot* root, PhGroup* group)
-{
-    PhConversionWalks& walks = root->conversionWalks();
-    PhConversion* owner = this;
-    // What hangs on a conversion is settled by the first walk that comes by, so that many entities
-    // with one long chain of conversions behind them don't make a walk each.
-    while (owner && owner->conversion() && walks.emplace(owner, this).second) {
-        owner = resolved(
-            owner->conversion(), root, conversionUnresolved,
-            // A reference that would close a circle stays a placeholder: the conversions would keep
-            // one another alive for good.
-            [&](const PhString& name) {
-                PhConversion* found = group->resolveConversion(name);
-                return leadsBack(found, this, walks) ? nullptr : found;
-            },
-            [&](PhConversion* found) { owner->setConversion(found); });
-    }
-}
+void PhConversion::resolve(PhRoot* root, PhGroup* group) { Resolver(root).resolve(*this, *group); }
 
 } // namespace tavo

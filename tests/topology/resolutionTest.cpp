@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using namespace tavo;
 
 namespace {
@@ -66,6 +68,53 @@ TEST(Resolution, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
     root.resolve();
     EXPECT_TRUE(itself->isReported());
     EXPECT_EQ(itself->conversion(), other);
+}
+
+TEST(Resolution, OfAPartDoesItsWorkAtEveryCall)
+{
+    PhRoot root;
+    auto* group = new PhGroup;
+    root.appendGroup(group);
+    auto* entity = new PhEntity;
+    entity->setType(new PhType);
+    group->appendEntity(entity);
+    auto* conversion = new PhConversion;
+    entity->type()->setConversion(conversion);
+    const std::function<void()> calls[] = {[&] { conversion->resolve(&root, group); },
+                                           [&] { entity->type()->resolve(&root, group); },
+                                           [&] { entity->resolve(&root, group); },
+                                           [&] { group->resolve(&root); }, [&] { root.resolve(); }};
+    for (const auto& first : calls)
+        for (const auto& second : calls) {
+            auto* table = new PhConversion;
+            table->setName("table");
+            conversion->setConversion(table);
+            first();
+            group->appendConversion(table);
+            conversion->setConversion(placeholder<PhConversion>("table"));
+            second();
+            EXPECT_EQ(conversion->conversion(), table);
+            group->removeConversion(table->id());
+        }
+}
+
+TEST(Resolution, EndsAtACircleThatTheBuilderMade)
+{
+    PhRoot root;
+    PhGroup group;
+    const auto add = [&](const char* name, PhConversion* next) {
+        auto* conversion = new PhConversion;
+        conversion->setName(name);
+        conversion->setConversion(next);
+        group.appendConversion(conversion);
+        return conversion;
+    };
+    PhConversion* a = add("a", nullptr);
+    a->setConversion(add("b", add("c", a)));
+    PhConversion* outside = add("outside", placeholder<PhConversion>("b"));
+    outside->resolve(&root, &group);
+    EXPECT_EQ(outside->conversion(), a->conversion());
+    a->setConversion(nullptr);
 }
 
 } // namespace
