@@ -38,10 +38,7 @@ void PhA2l::warning(const char* format, ...)
     va_start(arguments, format);
     const MessageText message(format, arguments);
     va_end(arguments);
-    if (logger())
-        logger()->warning("File '%s', Line %d: %s\n", fileName(), line(), message.text);
-    else
-        log("Warning (%s:%d): %s\n", fileName(), line(), message.text);
+    report({Severity::Warning, fileName(), line(), message.text});
 }
 
 void PhA2l::error(const char* format, ...)
@@ -50,10 +47,7 @@ void PhA2l::error(const char* format, ...)
     va_start(arguments, format);
     const MessageText message(format, arguments);
     va_end(arguments);
-    if (logger())
-        logger()->error("File '%s', Line %d: %s\n", fileName(), line(), message.text);
-    else
-        log("Error (%s:%d): %s\n", fileName(), line(), message.text);
+    report({Severity::Error, fileName(), line(), message.text});
 }
 
 } // namespace tavo

@@ -56,8 +56,8 @@ public:
     /// at an error, with what was built so far left in `root`; -2 if the file can't be opened.
     int readFile(PhRoot* root) override;
 
-    /// Report through the logger, or through `log`, with file name and the line of the last
-    /// character read. The text is cut at 499 bytes, and so is the line printed without a logger.
+    /// Report with the file name and the line of the last character read. The text is cut at 499
+    /// bytes, and so is the line printed without a logger.
     virtual void warning(const char* format, ...) TAVO_PRINTF(2, 3);
     virtual void error(const char* format, ...) TAVO_PRINTF(2, 3);
 

@@ -4,6 +4,25 @@
 
 namespace tavo {
 
+void PhLogger::report(const Diagnostic& diagnostic)
+{
+    const char* file = diagnostic.file ? diagnostic.file : "";
+    switch (diagnostic.severity) {
+    case Severity::Error:
+        error("File '%s', Line %d: %s\n", file, diagnostic.line, diagnostic.text);
+        break;
+    case Severity::Warning:
+        warning("File '%s', Line %d: %s\n", file, diagnostic.line, diagnostic.text);
+        break;
+    case Severity::Note:
+        char text[messageCapacity];
+        std::snprintf(text, sizeof text, "File '%s', Line %d: %s\n", file, diagnostic.line,
+                      diagnostic.text);
+        message(text);
+        break;
+    }
+}
+
 void putMessage(PhLogger* logger, const char* format, std::va_list arguments)
 {
     char text[messageCapacity];

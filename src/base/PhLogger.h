@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/Diagnostic.h"
+
 #include <cstdarg>
 
 #if defined(__MINGW32__)
@@ -21,19 +23,21 @@ class PhLogger
 {
 public:
     virtual ~PhLogger() = default;
-    /// Never called; it keeps the places of the operations behind it.
+    /// Never called; it keeps the places of the operations after it.
     virtual void reserved() = 0;
     /// One finished text, which bears its own line end.
     virtual void message(const char* text) = 0;
-    /// A printf-like format and its arguments. A reader gives the format
-    /// "File '%s', Line %d: %s\n".
+    /// A printf-like format and its arguments.
     virtual void warning(const char* format, ...) TAVO_PRINTF(2, 3) = 0;
-    /// The same for what ends the reading.
     virtual void error(const char* format, ...) TAVO_PRINTF(2, 3) = 0;
+    /// What readers call. Unless it is overridden, an error and a warning go to the operation of
+    /// their name with the format "File '%s', Line %d: %s\n", and a note goes to `message` as a
+    /// text of this form.
+    virtual void report(const Diagnostic& diagnostic);
 };
 
-/// Formats a message of at most 499 bytes and hands it to `logger`, or, without one, prints it to
-/// the standard output behind "-: ". Adds no line end.
+/// Formats a message of at most 499 bytes and hands it to `logger`. Without one it goes to the
+/// standard output, after "-: ". Adds no line end.
 void putMessage(PhLogger* logger, const char* format, std::va_list arguments);
 
 } // namespace tavo

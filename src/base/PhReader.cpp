@@ -16,6 +16,17 @@ void PhReader::log(const char* format, ...)
     va_end(arguments);
 }
 
+void PhReader::report(const Diagnostic& diagnostic)
+{
+    if (logger_) {
+        logger_->report(diagnostic);
+        return;
+    }
+    static constexpr const char* words[] = {"Error", "Warning", "Note"};
+    log("%s (%s:%d): %s\n", words[static_cast<int>(diagnostic.severity)],
+        diagnostic.file ? diagnostic.file : "", diagnostic.line, diagnostic.text);
+}
+
 void PhReader::setFileName(const char* path)
 {
     std::unique_ptr<char[]> copy;

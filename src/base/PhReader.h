@@ -25,6 +25,9 @@ public:
 
     /// Puts out one message, printf-like and without a line end of its own. It is cut at 499 bytes.
     virtual void log(const char* format, ...) TAVO_PRINTF(2, 3);
+    /// Hands a diagnostic to the logger, or, without one, puts it out through `log` as
+    /// "Error (FILE:LINE): TEXT", with "Warning" or "Note" for the other severities.
+    void report(const Diagnostic& diagnostic);
     /// Name of the format that the reader reads.
     virtual const char* formatName() const = 0;
     /// Reads the file into `root`. 0 for success, else a negative status.

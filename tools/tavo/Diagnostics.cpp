@@ -8,28 +8,33 @@
 
 namespace tavo {
 
-struct Diagnostics::Severity
+namespace {
+
+constexpr struct
 {
     const char* word;
     const char* color;
-};
-
-const Diagnostics::Severity Diagnostics::warningSeverity = {"warning", "\x1b[1;35m"};
-const Diagnostics::Severity Diagnostics::errorSeverity = {"error", "\x1b[1;31m"};
-
-namespace {
-
-/// How a reader reports. Its arguments are the file, the line and the text.
-constexpr std::string_view readerFormat = "File '%s', Line %d: %s\n";
+} shownSeverities[] = {{"error", "\x1b[1;31m"}, {"warning", "\x1b[1;35m"}, {"note", "\x1b[1;36m"}};
 
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
 
-/// Some texts of a reader begin with the word that stands ahead of all of them here.
-std::string withoutWord(const std::string& text)
+/// Some texts of a reader begin with the word that stands before all of them here.
+std::string_view withoutWord(std::string_view text)
 {
-    const std::string word = "Error: ";
+    constexpr std::string_view word = "Error: ";
     return text.substr(text.starts_with(word) ? word.size() : 0);
+}
+
+/// "FILE:LINE", "FILE", or the program's name.
+std::string placeOf(const Diagnostic& diagnostic)
+{
+    if (!diagnostic.file)
+        return "tavo";
+    std::string place = diagnostic.file;
+    if (diagnostic.line > 0)
+        place.append(":").append(std::to_string(diagnostic.line));
+    return place;
 }
 
 } // namespace
@@ -50,7 +55,7 @@ void Diagnostics::warning(const char* format, ...)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    report(warningSeverity, format, arguments);
+    reportFormatted(Severity::Warning, format, arguments);
     va_end(arguments);
 }
 
@@ -58,39 +63,37 @@ void Diagnostics::error(const char* format, ...)
 {
     std::va_list arguments;
     va_start(arguments, format);
-    report(errorSeverity, format, arguments);
+    reportFormatted(Severity::Error, format, arguments);
     va_end(arguments);
 }
 
-void Diagnostics::report(const Severity& severity, const char* format, std::va_list arguments)
+void Diagnostics::reportFormatted(Severity severity, const char* format, std::va_list arguments)
 {
-    if (format != readerFormat) {
-        char text[messageCapacity];
-        std::vsnprintf(text, sizeof text, format, arguments);
-        put(severity, "tavo", text);
-        return;
-    }
-    const std::string file = va_arg(arguments, const char*);
-    const int line = va_arg(arguments, int);
-    const char* text = va_arg(arguments, const char*);
-    put(severity, file + ":" + std::to_string(line), withoutWord(text),
-        printable(sources_.line(file, line)));
+    char text[messageCapacity];
+    std::vsnprintf(text, sizeof text, format, arguments);
+    report({severity, nullptr, 0, text});
 }
 
 void Diagnostics::warnAbout(const std::string& file, const std::string& text)
 {
-    put(warningSeverity, file, text);
+    report({Severity::Warning, file.c_str(), 0, text.c_str()});
 }
 
-void Diagnostics::warnOfProgram(const std::string& text) { put(warningSeverity, "tavo", text); }
-
-void Diagnostics::failProgram(const std::string& text) { put(errorSeverity, "tavo", text); }
-
-void Diagnostics::put(const Severity& severity, const std::string& place, const std::string& text,
-                      const std::string& sourceLine)
+void Diagnostics::warnOfProgram(const std::string& text)
 {
-    const bool isError = &severity == &errorSeverity;
-    ++(isError ? errorCount_ : warningCount_);
+    report({Severity::Warning, nullptr, 0, text.c_str()});
+}
+
+void Diagnostics::failProgram(const std::string& text)
+{
+    report({Severity::Error, nullptr, 0, text.c_str()});
+}
+
+void Diagnostics::report(const Diagnostic& diagnostic)
+{
+    const bool isError = diagnostic.severity == Severity::Error;
+    errorCount_ += isError;
+    warningCount_ += diagnostic.severity == Severity::Warning;
     if (!isError && volume_ == Volume::Quiet)
         return;
     const bool colored = console_.hasColors();
@@ -99,11 +102,15 @@ void Diagnostics::put(const Severity& severity, const std::string& place, const 
         lines.append(colored ? color : "").append(part).append(":");
         lines.append(colored ? plain : "").append(" ");
     };
-    add(bold, printable(place));
+    add(bold, printable(placeOf(diagnostic)));
+    const auto& severity = shownSeverities[static_cast<int>(diagnostic.severity)];
     add(severity.color, severity.word);
-    lines.append(printable(text)).append("\n");
-    if (!sourceLine.empty())
-        lines.append("    ").append(sourceLine).append("\n");
+    lines.append(printable(withoutWord(diagnostic.text))).append("\n");
+    if (diagnostic.file && diagnostic.line > 0) {
+        const std::string line = printable(sources_.line(diagnostic.file, diagnostic.line));
+        if (!line.empty())
+            lines.append("    ").append(line).append("\n");
+    }
     console_.write(lines);
 }
 

@@ -37,22 +37,18 @@ public:
     void message(const char* text) override;
     void warning(const char* format, ...) override TAVO_PRINTF(2, 3);
     void error(const char* format, ...) override TAVO_PRINTF(2, 3);
+    /// One diagnostic, with its line of the file below it. Without a file it is one of the program
+    /// itself: "tavo: error: TEXT".
+    void report(const Diagnostic& diagnostic) override;
 
     /// A warning about a file as a whole.
     void warnAbout(const std::string& file, const std::string& text);
-    /// A warning or an error of the program itself: "tavo: error: TEXT".
+    /// A warning or an error of the program itself.
     void warnOfProgram(const std::string& text);
     void failProgram(const std::string& text);
 
 private:
-    struct Severity;
-    static const Severity warningSeverity;
-    static const Severity errorSeverity;
-
-    void report(const Severity& severity, const char* format, std::va_list arguments);
-    /// One diagnostic, with the line of the description below it unless it is "".
-    void put(const Severity& severity, const std::string& place, const std::string& text,
-             const std::string& sourceLine = {});
+    void reportFormatted(Severity severity, const char* format, std::va_list arguments);
 
     Console& console_;
     Volume volume_;
