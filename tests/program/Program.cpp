@@ -75,8 +75,12 @@ void ProgramTest::becomeProgram(const std::string& words) const
     if (fileSizeLimit_ > 0) {
         const rlimit limits = {fileSizeLimit_, fileSizeLimit_};
         setrlimit(RLIMIT_FSIZE, &limits);
-        std::signal(SIGXFSZ, SIG_IGN);
     }
+    const rlimit noCore = {0, 0};
+    setrlimit(RLIMIT_CORE, &noCore);
+    // Who started the tests may have them ignored.
+    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXFSZ})
+        std::signal(number, SIG_DFL);
     unsetenv("NO_COLOR");
     setenv("TERM", "xterm", 1);
     for (const std::string& variable : environment_)

@@ -1,9 +1,13 @@
 #include "Program.h"
 
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <map>
+#include <poll.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -38,14 +42,14 @@ TEST_F(ConvertTest, GivesTheBytesOfTheLibraryOnEveryWay)
         EXPECT_EQ(tavo("convert -q -f" + input + "single.ini").exitCode, 0) << input;
         EXPECT_EQ(content("single.ini"), expected) << input;
         EXPECT_EQ(tavo("convert -q" + input + "-").out, expected) << input;
-        configurations["/" + entry.path().filename().string()] = expected;
+        configurations[entry.path().filename().string()] = expected;
         inputs += input;
     }
     EXPECT_GT(configurations.size(), 10U);
     for (const std::string jobs : {"1", "3", "256"}) {
         EXPECT_EQ(tavo("convert -q -j " + jobs + " -d jobs" + jobs + inputs).exitCode, 0);
         for (const auto& [name, expected] : configurations)
-            EXPECT_EQ(content("jobs" + jobs + name), expected);
+            EXPECT_EQ(content("jobs" + jobs + "/" + name), expected);
     }
 }
 
@@ -138,20 +142,86 @@ TEST_F(ConvertTest, ABrokenFileStopsNoOther)
     }
 }
 
-TEST_F(ConvertTest, ASignalEndsTheProcessesOfAllJobs)
+TEST_F(ConvertTest, AFileThatAppearsWhileItReadsStays)
+{
+    ASSERT_EQ(mkfifo(path("slow.a2l").c_str(), 0600), 0);
+    const ProgramRun run = tavo("convert slow.a2l", [&](pid_t) {
+        const std::string description = content("d.a2l");
+        const int pipe = open(path("slow.a2l").c_str(), O_WRONLY);
+        write("slow.ini", "other");
+        EXPECT_EQ(::write(pipe, description.data(), description.size()),
+                  static_cast<ssize_t>(description.size()));
+        close(pipe);
+    });
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.err, "tavo: error: slow.ini: exists already, --force replaces it\n");
+    EXPECT_EQ(content("slow.ini"), "other");
+    EXPECT_EQ(names(), "bad.a2l d.a2l slow.a2l slow.ini ");
+}
+
+TEST_F(ConvertTest, APipeWaitsForItsReader)
+{
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    const ProgramRun read = tavo("convert d.a2l pipe", [&](pid_t process) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        EXPECT_EQ(waitpid(process, nullptr, WNOHANG), 0);
+        EXPECT_EQ(content("pipe"), expected_);
+    });
+    EXPECT_EQ(read.exitCode, 0);
+    const ProgramRun ended = tavo("convert d.a2l pipe", [&](pid_t process) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        kill(process, SIGINT);
+    });
+    EXPECT_EQ(ended.exitCode, -SIGINT);
+}
+
+/// Whether nobody reads from this pipe any more, within ten seconds.
+bool losesItsReader(int pipe)
+{
+    pollfd watched = {pipe, 0, 0};
+    return poll(&watched, 1, 10000) == 1;
+}
+
+TEST_F(ConvertTest, AnEndlessInputEndsAtASignal)
+{
+    ASSERT_EQ(mkfifo(path("endless.a2l").c_str(), 0600), 0);
+    const std::string blanks(65536, ' ');
+    // Of two, the second one is read with the means that the first one's writing has set up.
+    for (const std::string words : {"endless.a2l d.a2l", "d.a2l endless.a2l"}) {
+        for (const int signal : {SIGINT, SIGTERM, SIGQUIT}) {
+            fs::remove_all(path("out"));
+            int pipe = -1;
+            const ProgramRun ended = tavo("convert -d out " + words, [&](pid_t process) {
+                pipe = open(path("endless.a2l").c_str(), O_WRONLY);
+                for (int i = 0; i < 100; ++i)
+                    EXPECT_GT(::write(pipe, blanks.data(), blanks.size()), 0);
+                kill(process, signal);
+                EXPECT_TRUE(losesItsReader(pipe));
+            });
+            EXPECT_EQ(ended.exitCode, -signal);
+            EXPECT_EQ(names("out"), words.starts_with("d") ? "d.ini " : "");
+            close(pipe);
+        }
+    }
+}
+
+TEST_F(ConvertTest, TheProcessesOfAllJobsEndWithTheirParent)
 {
     for (const char* name : {"0.a2l", "1.a2l"})
         ASSERT_EQ(mkfifo(path(name).c_str(), 0600), 0);
-    int feeding[2] = {-1, -1};
-    const ProgramRun ended = tavo("convert -j 2 -d out 0.a2l 1.a2l", [&](pid_t process) {
-        // The opening waits until somebody reads.
-        feeding[0] = open(path("0.a2l").c_str(), O_WRONLY);
-        feeding[1] = open(path("1.a2l").c_str(), O_WRONLY);
-        kill(process, SIGTERM);
-    });
-    EXPECT_EQ(ended.exitCode, -SIGTERM);
-    for (const int end : feeding)
-        close(end);
+    for (const int signal : {SIGINT, SIGTERM, SIGQUIT}) {
+        const ProgramRun ended = tavo("convert -j 2 -d out 0.a2l 1.a2l", [&](pid_t process) {
+            // The opening waits until somebody reads.
+            const int feeding[] = {open(path("0.a2l").c_str(), O_WRONLY),
+                                   open(path("1.a2l").c_str(), O_WRONLY)};
+            kill(process, signal);
+            for (const int pipe : feeding)
+                EXPECT_TRUE(losesItsReader(pipe)) << signal;
+            for (const int pipe : feeding)
+                close(pipe);
+        });
+        EXPECT_EQ(ended.exitCode, -signal);
+    }
 }
 
 } // namespace

@@ -13,29 +13,52 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A device, a pipe or a socket: there's nothing to replace, and no place for a file beside it.
+/// A device, a pipe or a socket: there's nothing to replace, and no place for a file next to it.
 bool isSpecial(const std::string& path)
 {
     std::error_code ignored;
     return fs::is_other(fs::status(path, ignored));
 }
 
-/// Of a link that leads to a file, the file: it is to be replaced, and the link to stay.
-std::string followed(const std::string& path)
+/// Where the links lead that begin at `path`. Nothing need exist there.
+std::string followed(std::string path)
 {
-    std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    return error ? path : target.string();
+    constexpr int mostLinks = 40; // As many as Linux follows.
+    for (int links = 0; links < mostLinks; ++links) {
+        std::error_code noLink;
+        const fs::path next = fs::read_symlink(path, noLink);
+        if (noLink)
+            return path;
+        path = (fs::path(path).parent_path() / next).string();
+    }
+    throw systemFailure(path, ELOOP);
+}
+
+/// Whether the name is no place for another file: of a device for example, or of an open file that
+/// has no other name any more.
+bool isWrittenDirectly(const std::string& path, const std::string& target)
+{
+    std::error_code ignored;
+    return isSpecial(path) || (fs::exists(path, ignored) && !fs::equivalent(path, target, ignored));
+}
+
+Failure existsAlready(const std::string& path)
+{
+    return {ExitCode::Trouble, path + ": exists already, --force replaces it"};
 }
 
 } // namespace
 
-OutputFile::OutputFile(const std::string& path) : path_(path), target_(followed(path))
+OutputFile::OutputFile(const std::string& path, bool mayReplace)
+    : path_(path), mayReplace_(mayReplace), target_(mayReplace ? followed(path) : path)
 {
-    if (isSpecial(path))
-        file_ = std::fopen(path.c_str(), "w");
-    else
+    if (isWrittenDirectly(path_, target_)) {
+        file_ = openInPlace(path_.c_str(), mayReplace_);
+        if (!file_ && errno == EEXIST)
+            throw existsAlready(path_);
+    } else {
         createTemporary();
+    }
     if (!file_)
         throw systemFailure(path_, errno);
     stream_.use(file_);
@@ -56,15 +79,11 @@ void OutputFile::createTemporary()
     const std::string name = ".tavo-" + std::to_string(processNumber());
     for (int number = 0; number < 100; ++number) {
         temporary_ = (folder / (name + "-" + std::to_string(number) + ".tmp")).string();
-        removeOnSignal(temporary_.c_str());
-        file_ = createNewFile(temporary_.c_str());
+        file_ = createTemporaryFile(temporary_.c_str());
         if (file_)
             return;
-        const int error = errno;
-        removeOnSignal(nullptr);
         temporary_.clear();
-        errno = error;
-        if (error != EEXIST)
+        if (errno != EEXIST)
             return;
     }
 }
@@ -79,17 +98,28 @@ void OutputFile::commit()
     file_ = nullptr;
     if (error != 0)
         throw systemFailure(path_, error);
-    if (temporary_.empty())
-        return;
-    std::error_code ignored;
-    if (const fs::file_status old = fs::status(target_, ignored); fs::exists(old))
-        fs::permissions(temporary_, old.permissions(), ignored);
-    std::error_code failed;
-    fs::rename(temporary_, target_, failed);
-    if (failed)
-        throw systemFailure(path_, failed.value());
-    removeOnSignal(nullptr);
+    if (!temporary_.empty())
+        putInPlace();
+}
+
+void OutputFile::putInPlace()
+{
+    if (mayReplace_) {
+        std::error_code ignored;
+        if (const fs::file_status old = fs::status(target_, ignored); fs::exists(old))
+            fs::permissions(temporary_, old.permissions(), ignored);
+        std::error_code failed;
+        fs::rename(temporary_, target_, failed);
+        if (failed)
+            throw systemFailure(path_, failed.value());
+    } else if (const int error = moveToFreeName(temporary_.c_str(), target_.c_str())) {
+        throw error == EEXIST ? existsAlready(path_) : systemFailure(path_, error);
+    }
+    releaseTemporaryFile();
     temporary_.clear();
+    const std::string folder = fs::path(target_).parent_path().string();
+    if (const int error = syncFolder(folder.empty() ? "." : folder.c_str()))
+        throw systemFailure(path_, error);
 }
 
 void OutputFile::removeTemporary()
@@ -98,7 +128,7 @@ void OutputFile::removeTemporary()
         return;
     std::error_code ignored;
     fs::remove(temporary_, ignored);
-    removeOnSignal(nullptr);
+    releaseTemporaryFile();
 }
 
 void checkOutput(const std::string& input, const std::string& output, bool force)
@@ -109,7 +139,7 @@ void checkOutput(const std::string& input, const std::string& output, bool force
     if (fs::is_directory(output, ignored))
         throw systemFailure(output, EISDIR);
     if (!force && !isSpecial(output) && fs::exists(fs::symlink_status(output, ignored)))
-        throw Failure(ExitCode::Trouble, output + ": exists already, --force replaces it");
+        throw existsAlready(output);
 }
 
 } // namespace tavo

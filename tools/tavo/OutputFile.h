@@ -7,15 +7,17 @@
 
 namespace tavo {
 
-/// A file that is written as a whole or not at all: a temporary file beside it takes its place in
-/// the end. What isn't a regular file, a device or a pipe for example, is written straight.
+/// A file that is written as a whole or not at all: a temporary file next to it takes its place in
+/// the end. What isn't a regular file, a device or a pipe for example, is written directly; a pipe
+/// waits for its reader.
 ///
 /// The operations throw a `Failure` for what can't be done.
 class OutputFile
 {
 public:
-    /// Creates the temporary file, or opens what isn't a regular file.
-    explicit OutputFile(const std::string& path);
+    /// Creates the temporary file, or opens what is written directly. A link is followed, even to a
+    /// file that doesn't exist yet, if the output may replace a file; else it counts as a file.
+    OutputFile(const std::string& path, bool mayReplace);
     /// Removes the temporary file if it didn't get to its place.
     ~OutputFile();
     OutputFile(const OutputFile&) = delete;
@@ -23,15 +25,18 @@ public:
 
     ConfigurationStream& stream() { return stream_; }
 
-    /// Writes out what is left and puts the file in its place. Nothing may follow.
+    /// Writes out what is left and puts the file in its place, unless something has taken that in
+    /// the meantime and isn't to be replaced. Nothing may follow.
     void commit();
 
 private:
     void createTemporary();
+    void putInPlace();
     void removeTemporary();
 
     std::string path_;
-    std::string target_;    ///< What `path_` names if it is a link.
+    bool mayReplace_;
+    std::string target_;    ///< Where the links of `path_` lead.
     std::string temporary_; ///< "" if there is none.
     std::FILE* file_ = nullptr;
     ConfigurationStream stream_;

@@ -85,7 +85,7 @@ ExitCode convertOne(const Conversion& conversion, bool force, Diagnostics& diagn
         output.finish();
         return exitCode;
     }
-    OutputFile output(conversion.output);
+    OutputFile output(conversion.output, force);
     writeRoot(output.stream(), &description.root());
     output.commit();
     diagnostics.message(("Wrote " + conversion.output).c_str());

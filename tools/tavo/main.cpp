@@ -1,8 +1,10 @@
 #include "Console.h"
 #include "commandLine.h"
+#include "platform.h"
 
 int main(int argc, char** argv)
 {
+    tavo::failBeyondSizeLimit();
     tavo::Console console;
     return static_cast<int>(tavo::runCommandLine(argc, argv, console));
 }

@@ -13,6 +13,8 @@
 #include <process.h>
 #include <sys/stat.h>
 #else
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -26,16 +28,29 @@ bool isTerminal(std::FILE* file) { return _isatty(_fileno(file)) != 0; }
 
 unsigned long processNumber() { return static_cast<unsigned long>(_getpid()); }
 
-std::FILE* createNewFile(const char* path)
+std::FILE* createTemporaryFile(const char* path)
 {
     const int descriptor =
         _open(path, _O_CREAT | _O_EXCL | _O_WRONLY | _O_TEXT, _S_IREAD | _S_IWRITE);
     return descriptor < 0 ? nullptr : _fdopen(descriptor, "w");
 }
 
+void releaseTemporaryFile() {}
+
+std::FILE* openInPlace(const char* path, bool) { return std::fopen(path, "w"); }
+
 int syncToDisk(std::FILE* file) { return _commit(_fileno(file)) == 0 ? 0 : errno; }
 
-void removeOnSignal(const char*) {}
+// A folder can't be opened here.
+int syncFolder(const char*) { return 0; }
+
+// `rename` replaces nothing on this system.
+int moveToFreeName(const char* from, const char* to)
+{
+    return std::rename(from, to) == 0 ? 0 : errno;
+}
+
+void failBeyondSizeLimit() {}
 
 std::vector<int> runSideBySide(std::size_t count, std::size_t,
                                const std::function<int(std::size_t)>& task)
@@ -50,14 +65,15 @@ std::vector<int> runSideBySide(std::size_t count, std::size_t,
 
 namespace {
 
-/// What the signal handler works on. 0 marks a free place among the children.
-std::atomic<const char*> fileToRemove = nullptr;
+/// What the signal handler works on: the temporary file or null, and the processes of the jobs,
+/// where 0 marks a free place.
+std::atomic<const char*> temporaryFile = nullptr;
 std::array<std::atomic<pid_t>, 256> children;
 
 /// Takes the file and the children along. What it calls is allowed in a handler.
 extern "C" void endBySignal(int number)
 {
-    if (const char* path = fileToRemove)
+    if (const char* path = temporaryFile)
         unlink(path);
     for (const std::atomic<pid_t>& child : children)
         if (child != 0)
@@ -66,7 +82,9 @@ extern "C" void endBySignal(int number)
     std::raise(number);
 }
 
-constexpr int endingSignals[] = {SIGINT, SIGTERM, SIGHUP};
+/// What people, shells and limits end a process with. SIGKILL can't be handled.
+constexpr int endingSignals[] = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM, SIGPIPE,
+                                 SIGALRM, SIGUSR1, SIGUSR2, SIGXCPU};
 
 void handleSignals()
 {
@@ -174,7 +192,37 @@ bool isTerminal(std::FILE* file) { return isatty(fileno(file)) != 0; }
 
 unsigned long processNumber() { return static_cast<unsigned long>(getpid()); }
 
-std::FILE* createNewFile(const char* path) { return std::fopen(path, "wx"); }
+std::FILE* createTemporaryFile(const char* path)
+{
+    handleSignals();
+    const SignalPause pause;
+    std::FILE* const file = std::fopen(path, "wx");
+    if (file)
+        temporaryFile = path;
+    return file;
+}
+
+void releaseTemporaryFile() { temporaryFile = nullptr; }
+
+std::FILE* openInPlace(const char* path, bool mayEmpty)
+{
+    const int descriptor = open(path, O_WRONLY | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0)
+        return nullptr;
+    struct stat status = {};
+    int error = fstat(descriptor, &status) == 0 ? 0 : errno;
+    if (error == 0 && S_ISREG(status.st_mode)) {
+        if (!mayEmpty)
+            error = EEXIST;
+        else if (ftruncate(descriptor, 0) != 0)
+            error = errno;
+    }
+    if (error == 0)
+        return fdopen(descriptor, "w");
+    close(descriptor);
+    errno = error;
+    return nullptr;
+}
 
 int syncToDisk(std::FILE* file)
 {
@@ -182,11 +230,43 @@ int syncToDisk(std::FILE* file)
     return fsync(fileno(file)) == 0 || errno == EINVAL ? 0 : errno;
 }
 
-void removeOnSignal(const char* path)
+int syncFolder(const char* path)
 {
-    fileToRemove = path;
-    handleSignals();
+    const int descriptor = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return 0; // It may be written to, but not read.
+    const int error = fsync(descriptor) == 0 || errno == EINVAL ? 0 : errno;
+    close(descriptor);
+    return error;
 }
+
+int moveToFreeName(const char* from, const char* to)
+{
+    const SignalPause pause;
+#if defined(RENAME_NOREPLACE)
+    if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno == EEXIST)
+        return EEXIST;
+#endif
+    if (link(from, to) == 0)
+        return unlink(from) == 0 ? 0 : errno;
+    if (errno == EEXIST)
+        return EEXIST;
+    // The file system knows neither of them, as that of a shared folder of a virtual machine. An
+    // empty file takes the name first.
+    const int descriptor = open(to, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (descriptor < 0)
+        return errno;
+    close(descriptor);
+    if (std::rename(from, to) == 0)
+        return 0;
+    const int error = errno;
+    unlink(to);
+    return error;
+}
+
+void failBeyondSizeLimit() { std::signal(SIGXFSZ, SIG_IGN); }
 
 std::vector<int> runSideBySide(std::size_t count, std::size_t width,
                                const std::function<int(std::size_t)>& task)
