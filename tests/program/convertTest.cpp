@@ -209,7 +209,7 @@ TEST_F(ConvertTest, TheProcessesOfAllJobsEndWithTheirParent)
 {
     for (const char* name : {"0.a2l", "1.a2l"})
         ASSERT_EQ(mkfifo(path(name).c_str(), 0600), 0);
-    for (const int signal : {SIGINT, SIGTERM, SIGQUIT}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGQUIT, SIGKILL}) {
         const ProgramRun ended = tavo("convert -j 2 -d out 0.a2l 1.a2l", [&](pid_t process) {
             // The opening waits until somebody reads.
             const int feeding[] = {open(path("0.a2l").c_str(), O_WRONLY),

@@ -18,6 +18,9 @@
 #include <sys/types.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#if defined(__linux__)
+#include <sys/prctl.h>
+#endif
 #endif
 
 namespace tavo {
@@ -172,13 +175,28 @@ private:
     {
         std::fflush(nullptr); // Else the child would write it a second time.
         const SignalPause pause;
+        const pid_t parent = getpid();
         const pid_t child = fork();
         if (child > 0)
             children[place] = child;
         else if (child == 0)
-            for (std::atomic<pid_t>& sibling : children)
-                sibling = 0;
+            becomeChildOf(parent);
         return child;
+    }
+
+    /// In the new process, while signals are held back.
+    static void becomeChildOf(pid_t parent)
+    {
+        for (std::atomic<pid_t>& sibling : children)
+            sibling = 0;
+#if defined(__linux__)
+        // The handler of the parent forwards signals, but nothing can handle SIGKILL.
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (getppid() != parent)
+            std::_Exit(1);
+#else
+        (void)parent;
+#endif
     }
 
     std::vector<int> results_;
