@@ -1,6 +1,10 @@
 #include "Program.h"
 #include "support/conversion.h"
 
+#include <algorithm>
+#include <pty.h>
+#include <unistd.h>
+
 namespace {
 
 /// With a good, a doubtful and a faulty description, and one whose faults the reading gets over.
@@ -95,6 +99,35 @@ TEST_F(CommandLineTest, TokensComeAsTheReaderLogsThem)
     write("t.a2l", "/begin a \"b\xFC\" 7 0.5 $ /* c */ VERSION");
     EXPECT_EQ(tavo("tokens t.a2l").out,
               "print_tokens ()\n[/begin]\n'a'\n\"b\xFC\"\n7\n0.500000\nt=36\n[VERSION]\nEOF\n");
+}
+
+TEST_F(CommandLineTest, OnlyATerminalGetsEscapes)
+{
+    const std::string named = "n\x1b[2J\xc2\x9b\xfc";
+    write("t.a2l", inModule("/begin MEASUREMENT n \"" + named +
+                            "\" UBYTE NO_COMPU_METHOD 0 0 0 1 /end MEASUREMENT"));
+    int terminal[2] = {-1, -1}; // Its own end, and that of the program.
+    char name[64];
+    ASSERT_EQ(openpty(&terminal[0], &terminal[1], name, nullptr, nullptr), 0);
+    for (const char* words : {"tokens t.a2l", "list --format csv t.a2l", "convert t.a2l -"}) {
+        standardOutput_ = "";
+        const std::string plain = tavo(words).out;
+        EXPECT_NE(plain.find(words[0] == 'l' ? "\x1b[2J\u009b\u00fc" : named), std::string::npos)
+            << plain;
+        standardOutput_ = name;
+        EXPECT_EQ(tavo(words).exitCode, 0);
+        std::string shown(plain.size() + 1000, '\0');
+        const ssize_t size = read(terminal[0], shown.data(), shown.size());
+        ASSERT_GT(size, 0);
+        shown.resize(static_cast<std::size_t>(size));
+        EXPECT_NE(shown.find("n\\x1b[2J\\x9b\u00fc"), std::string::npos) << shown;
+        EXPECT_EQ(shown.find_first_of("\x1b\x9b"), std::string::npos) << shown;
+        EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'),
+                  std::count(plain.begin(), plain.end(), '\n'));
+        EXPECT_EQ(shown.find("\\x0d"), std::string::npos) << shown;
+    }
+    close(terminal[0]);
+    close(terminal[1]);
 }
 
 } // namespace

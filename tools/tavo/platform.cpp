@@ -53,6 +53,15 @@ int moveToFreeName(const char* from, const char* to)
     return std::rename(from, to) == 0 ? 0 : errno;
 }
 
+// `tmpfile` wants to write to the root of the drive on this system.
+std::FILE* createScratchFile()
+{
+    char* const path = _tempnam(nullptr, "tavo");
+    std::FILE* const file = path ? std::fopen(path, "w+bTD") : nullptr;
+    std::free(path);
+    return file;
+}
+
 void failBeyondSizeLimit() {}
 
 std::vector<int> runSideBySide(std::size_t count, std::size_t,
@@ -283,6 +292,8 @@ int moveToFreeName(const char* from, const char* to)
     unlink(to);
     return error;
 }
+
+std::FILE* createScratchFile() { return std::tmpfile(); }
 
 void failBeyondSizeLimit() { std::signal(SIGXFSZ, SIG_IGN); }
 

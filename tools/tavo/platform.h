@@ -32,6 +32,10 @@ int syncFolder(const char* path);
 /// new name, even if it has got it this very moment.
 int moveToFreeName(const char* from, const char* to);
 
+/// A file for writing and reading, for the program alone, that is gone once it is closed. Null,
+/// with `errno`, if that fails.
+std::FILE* createScratchFile();
+
 /// Lets a write beyond the limit for the size of a file fail with EFBIG, where it would end the
 /// program.
 void failBeyondSizeLimit();
