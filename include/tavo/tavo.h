@@ -70,6 +70,9 @@ TAVO_API int32_t tavoInitialize(void);
  * replaced, but only once the description was read without an error. Its writing isn't watched: a
  * full disk gives a short file.
  *
+ * The reading ends with the input, and nothing interrupts it: a pipe that sends blanks for ever is
+ * read for ever.
+ *
  * Returns a `TavoResult`. What was wrong with a description stands on the standard output, each
  * message in the form "-: Error (FILE:LINE): TEXT" or "-: Warning (FILE:LINE): TEXT".
  */
