@@ -28,7 +28,6 @@ unsigned char* foldLineEnds(unsigned char* first, unsigned char* last)
 bool SourceStream::open(const char* path)
 {
     close();
-    makeRoom(0);
     // The line ends are folded here and not by the C library, which does it on some platforms only.
     do {
         errno = 0;
@@ -37,13 +36,26 @@ bool SourceStream::open(const char* path)
     if (!file_)
         return false;
     std::setvbuf(file_, nullptr, _IONBF, 0);
+    begin();
+    return true;
+}
+
+void SourceStream::openMemory(std::string_view text)
+{
+    close();
+    memory_ = text;
+    begin();
+}
+
+void SourceStream::begin()
+{
+    makeRoom(0);
     bytesRead_ = 0;
     readError_ = 0;
     heldBackCr_ = false;
     begin_ = nullptr;
     next_ = end_ = block_.get();
     block_[0] = endMark;
-    return true;
 }
 
 void SourceStream::close()
@@ -51,12 +63,15 @@ void SourceStream::close()
     if (file_)
         std::fclose(file_);
     file_ = nullptr;
+    memory_ = {};
     block_.reset();
     capacity_ = 0;
 }
 
 std::size_t SourceStream::size()
 {
+    if (!file_)
+        return memory_.size();
     if (std::fseek(file_, 0, SEEK_END) != 0)
         return 0;
     const long end = std::ftell(file_);
@@ -97,23 +112,35 @@ int SourceStream::more()
     return *next_;
 }
 
-/// Reads the next characters of the file, line ends folded. 0 at the end of the file.
+/// Gets the next bytes of the source. 0 at its end.
+std::size_t SourceStream::fetch(unsigned char* target)
+{
+    if (!file_) {
+        const std::size_t count = memory_.copy(reinterpret_cast<char*>(target), readSize);
+        memory_.remove_prefix(count);
+        return count;
+    }
+    for (;;) {
+        const std::size_t count = std::fread(target, 1, readSize, file_);
+        if (count > 0 || !std::ferror(file_))
+            return count;
+        if (errno != EINTR) {
+            readError_ = errno;
+            return 0;
+        }
+        std::clearerr(file_);
+    }
+}
+
+/// Reads the next characters, line ends folded. 0 at the end of the source.
 std::size_t SourceStream::read(unsigned char* target)
 {
     std::size_t size = 0;
     while (size == 0) {
         if (heldBackCr_)
             target[size++] = '\r';
-        const std::size_t count = std::fread(target + size, 1, readSize, file_);
+        const std::size_t count = fetch(target + size);
         if (count == 0) {
-            if (std::ferror(file_)) {
-                if (errno == EINTR) {
-                    std::clearerr(file_);
-                    size = 0;
-                    continue;
-                }
-                readError_ = errno;
-            }
             heldBackCr_ = false;
             return size;
         }

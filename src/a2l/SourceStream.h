@@ -12,12 +12,11 @@
 
 namespace tavo {
 
-/// The characters of a description file, read in blocks. A CR LF pair arrives as one LF on every
-/// platform; every other CR stays.
+/// The characters of a description, from a file or from memory, read in blocks. A CR LF pair
+/// arrives as one LF on every platform; every other CR stays.
 ///
-/// The end of the file is told by the end mark, which is also what a byte of this value gives,
-/// wherever it stands in the file. Behind such a byte reading can go on; at the true end the mark
-/// comes again and again.
+/// The end is told by the end mark, which is also what a byte of this value gives, wherever it
+/// stands. After such a byte reading can go on; at the true end the mark comes again and again.
 class SourceStream
 {
 public:
@@ -31,8 +30,10 @@ public:
 
     /// False if the file can't be opened for reading.
     bool open(const char* path);
+    /// Reads from memory, which stays the caller's and outlives the reading.
+    void openMemory(std::string_view text);
     void close();
-    /// Bytes of the open file, or 0 if they can't be told, as those of a pipe. No character has
+    /// Bytes of the open source, or 0 if they can't be told, as those of a pipe. No character has
     /// been read yet.
     std::size_t size();
     /// The system's number of the error that ended the last file ahead of its end, or 0. To the
@@ -78,11 +79,14 @@ public:
     }
 
 private:
+    void begin();
     int more();
     void makeRoom(std::size_t kept);
     std::size_t read(unsigned char* target);
+    std::size_t fetch(unsigned char* target);
 
-    std::FILE* file_ = nullptr;
+    std::FILE* file_ = nullptr; ///< Null while the characters come from memory.
+    std::string_view memory_;   ///< What is left to be read of it.
     Watch watch_;
     std::uint64_t bytesRead_ = 0;
     int readError_ = 0;
