@@ -1,6 +1,8 @@
-#include "a2l/PhA2l.h"
+#include "a2l/Lexer.h"
 
 #include "model/decimal.h"
+
+#include <cstdio>
 
 namespace tavo {
 
@@ -19,56 +21,60 @@ std::int32_t hexadecimalValue(std::string_view text)
 
 } // namespace
 
-/// The next token's code. `value` gets what the token says, if it says anything; its text stands in
-/// `token_` also for a keyword and a number, and is empty for everything else.
-int PhA2l::nextToken(PhTokenValue& value)
+bool Lexer::open(const char* path)
 {
-    int code = scanToken();
-    switch (code) {
-    case ScannedName:
-        code = keywords_->lookup(token_);
-        if (code != 0)
-            return code;
-        value.text = token_;
-        return T_IDENTIFIER;
-    case T_IDENTIFIER:
-    case T_STRING:
-        value.text = token_;
-        return code;
-    case T_INTEGER:
-        value.integer = parseInt32(token_.data(), token_.data() + token_.size());
-        return code;
-    case ScannedHexadecimal:
-        value.integer = hexadecimalValue(token_);
-        return T_INTEGER;
-    case T_DOUBLE:
-        value.real = parseDouble(token_.data(), token_.data() + token_.size());
-        return code;
-    default:
-        return code;
-    }
+    line_ = 1;
+    return source_.open(path);
 }
 
-/// Reads over a token of no use. Gives T_BEGIN, T_END, T_EOF and T_ERROR as `nextToken` does under
-/// a vocabulary that has the two words, and else nothing to rely upon.
-int PhA2l::skipToken()
+void Lexer::openMemory(std::string_view text)
 {
-    const int code = scanToken();
-    if (code == ScannedName && token_.front() == '/') {
-        if (token_ == "/begin")
-            return T_BEGIN;
-        if (token_ == "/end")
-            return T_END;
+    line_ = 1;
+    source_.openMemory(text);
+}
+
+int Lexer::next()
+{
+    int code = scan();
+    const std::string_view text = token_.text;
+    switch (code) {
+    case ScannedName:
+        code = vocabulary_->lookup(text);
+        if (code == 0)
+            code = T_IDENTIFIER;
+        break;
+    case T_INTEGER:
+        token_.integer = parseInt32(text.data(), text.data() + text.size());
+        break;
+    case ScannedHexadecimal:
+        token_.integer = hexadecimalValue(text);
+        code = T_INTEGER;
+        break;
+    case T_DOUBLE:
+        token_.real = parseDouble(text.data(), text.data() + text.size());
+        break;
     }
-    return code;
+    return token_.code = code;
+}
+
+int Lexer::skip()
+{
+    int code = scan();
+    if (code == ScannedName && token_.text.front() == '/') {
+        if (token_.text == "/begin")
+            code = T_BEGIN;
+        else if (token_.text == "/end")
+            code = T_END;
+    }
+    return token_.code = code;
 }
 
 /// Finds the next token and its text, and makes no more of it: a name isn't looked up yet, and a
 /// number has no value.
-int PhA2l::scanToken()
+int Lexer::scan()
 {
-    token_ = {};
-    file_.endText();
+    token_.text = {};
+    source_.endText();
     for (;;) {
         const int first = skipBlanks();
         if (is(first, Letter))
@@ -78,135 +84,138 @@ int PhA2l::scanToken()
         if (first == '"')
             return scanString();
         if (first != '/') {
-            file_.take();
+            source_.take();
             if (first == endMark)
                 return T_EOF;
             return static_cast<signed char>(first);
         }
-        file_.beginText();
-        file_.advance();
-        if (file_.peek() != '*')
+        source_.beginText();
+        source_.advance();
+        if (source_.peek() != '*')
             return finishText(ScannedName, InName);
-        file_.endText();
-        file_.advance();
+        source_.endText();
+        source_.advance();
         if (!skipComment())
             return T_ERROR;
     }
 }
 
 /// The first character that is no blank; it is in hand then.
-int PhA2l::skipBlanks()
+int Lexer::skipBlanks()
 {
     for (;;) {
-        const int character = file_.skipRun(Blank);
+        const int character = source_.skipRun(Blank);
         if (character != '\n')
             return character;
         ++line_;
-        file_.advance();
+        source_.advance();
     }
 }
 
 /// Called behind the opening of a comment. False, with an error, if it has no end.
-bool PhA2l::skipComment()
+bool Lexer::skipComment()
 {
     const int startLine = line();
     for (;;) {
-        file_.skipRun(InComment);
-        const int character = file_.take();
+        source_.skipRun(InComment);
+        const int character = source_.take();
         if (character == '\n') {
             ++line_;
         } else if (character == '*') {
-            if (file_.peek() == '/') {
-                file_.advance();
+            if (source_.peek() == '/') {
+                source_.advance();
                 return true;
             }
         } else {
-            error("Error: Unexpected EOF in Comment (Line %d)", startLine);
+            char text[64];
+            std::snprintf(text, sizeof text, "Error: Unexpected EOF in Comment (Line %d)",
+                          startLine);
+            report_(text);
             return false;
         }
     }
 }
 
 /// Takes the characters of these classes as the rest of the token's text.
-int PhA2l::finishText(int code, unsigned classes)
+int Lexer::finishText(int code, unsigned classes)
 {
-    file_.skipRun(classes);
-    token_ = file_.text();
+    source_.skipRun(classes);
+    token_.text = source_.text();
     return code;
 }
 
-int PhA2l::scanName()
+int Lexer::scanName()
 {
-    file_.beginText();
+    source_.beginText();
     return finishText(ScannedName, InName);
 }
 
-int PhA2l::scanString()
+int Lexer::scanString()
 {
-    file_.advance();
-    file_.beginText();
+    source_.advance();
+    source_.beginText();
     for (;;) {
-        const int character = file_.skipRun(InString);
+        const int character = source_.skipRun(InString);
         if (character == '\n') {
             ++line_;
-            file_.advance();
+            source_.advance();
         } else if (character == '"') {
-            file_.advance();
-            if (file_.peek() != '"') {
-                token_ = file_.text();
-                token_.remove_suffix(1);
+            source_.advance();
+            if (source_.peek() != '"') {
+                token_.text = source_.text();
+                token_.text.remove_suffix(1);
                 return T_STRING;
             }
-            tokenBuffer_.assign(file_.text()); // with the one quote that counts
-            file_.advance();
+            textBuffer_.assign(source_.text()); // with the one quote that counts
+            source_.advance();
             return scanEditedString();
         } else {
-            tokenBuffer_.assign(file_.text());
+            textBuffer_.assign(source_.text());
             return scanEditedString();
         }
     }
 }
 
 /// The rest of a string whose text isn't what stands in the file: the buffer holds the text so far.
-int PhA2l::scanEditedString()
+int Lexer::scanEditedString()
 {
     for (;;) {
-        file_.beginText();
-        file_.skipRun(InString);
-        tokenBuffer_.append(file_.text());
-        file_.endText();
-        int character = file_.take();
+        source_.beginText();
+        source_.skipRun(InString);
+        textBuffer_.append(source_.text());
+        source_.endText();
+        int character = source_.take();
         if (character == '\\') {
-            character = file_.take();
+            character = source_.take();
         } else if (character == '"') {
-            if (file_.peek() != '"') {
-                token_ = tokenBuffer_;
+            if (source_.peek() != '"') {
+                token_.text = textBuffer_;
                 return T_STRING;
             }
-            file_.advance();
+            source_.advance();
         }
         if (character == endMark) {
-            error("Unexpected EOF in string");
+            report_("Unexpected EOF in string");
             return T_NONE;
         }
         if (character == '\n')
             ++line_;
-        tokenBuffer_.push_back(static_cast<char>(character));
+        textBuffer_.push_back(static_cast<char>(character));
     }
 }
 
 /// A number, or a name that begins like one; such a name is never looked up, so no keyword can
 /// begin with a digit. A character that doesn't continue the number where it has to is lost.
-int PhA2l::scanNumber()
+int Lexer::scanNumber()
 {
-    file_.beginText();
-    const int first = file_.peek();
+    source_.beginText();
+    const int first = source_.peek();
     if (first == '.' || first == '-') {
-        file_.advance();
-        if (!is(file_.peek(), Digit))
+        source_.advance();
+        if (!is(source_.peek(), Digit))
             return loseCharacter();
     }
-    switch (const int character = file_.skipRun(Digit)) {
+    switch (const int character = source_.skipRun(Digit)) {
     case '.':
         return scanFraction();
     case 'E':
@@ -219,59 +228,59 @@ int PhA2l::scanNumber()
         if (is(character, Letter))
             return finishText(T_IDENTIFIER, InName);
     }
-    token_ = file_.text();
+    token_.text = source_.text();
     return first == '.' ? T_DOUBLE : T_INTEGER;
 }
 
 /// The point is in hand.
-int PhA2l::scanFraction()
+int Lexer::scanFraction()
 {
-    file_.advance();
-    const int character = file_.skipRun(Digit);
+    source_.advance();
+    const int character = source_.skipRun(Digit);
     if (character == 'E' || character == 'e')
         return scanExponent();
     if (is(character, Letter))
         return finishText(T_IDENTIFIER, InName);
-    token_ = file_.text();
+    token_.text = source_.text();
     return T_DOUBLE;
 }
 
 /// The E is in hand.
-int PhA2l::scanExponent()
+int Lexer::scanExponent()
 {
-    file_.advance();
-    if (file_.peek() == '+' || file_.peek() == '-')
-        file_.advance();
-    if (!is(file_.peek(), Digit))
+    source_.advance();
+    if (source_.peek() == '+' || source_.peek() == '-')
+        source_.advance();
+    if (!is(source_.peek(), Digit))
         return loseCharacter();
     return finishText(T_DOUBLE, Digit);
 }
 
 /// The x is in hand. The text of a hexadecimal number is its sign and its digits alone, which may
 /// be none, and that of a name that looks like one lacks the marker too.
-int PhA2l::scanHexadecimal()
+int Lexer::scanHexadecimal()
 {
-    const bool negative = file_.text() == "-0";
-    if (!negative && file_.text() != "0")
+    const bool negative = source_.text() == "-0";
+    if (!negative && source_.text() != "0")
         return loseCharacter();
-    file_.advance();
-    file_.beginText();
-    const bool name = is(file_.skipRun(HexDigit), Letter);
+    source_.advance();
+    source_.beginText();
+    const bool name = is(source_.skipRun(HexDigit), Letter);
     if (name)
-        file_.skipRun(InName);
-    token_ = file_.text();
+        source_.skipRun(InName);
+    token_.text = source_.text();
     if (negative) {
-        tokenBuffer_ = '-';
-        tokenBuffer_ += token_;
-        token_ = tokenBuffer_;
+        textBuffer_ = '-';
+        textBuffer_ += token_.text;
+        token_.text = textBuffer_;
     }
     return name ? int{T_IDENTIFIER} : int{ScannedHexadecimal};
 }
 
 /// A number came to nothing at the character in hand.
-int PhA2l::loseCharacter()
+int Lexer::loseCharacter()
 {
-    file_.take();
+    source_.take();
     return T_NONE;
 }
 

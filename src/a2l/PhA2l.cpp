@@ -4,7 +4,10 @@
 
 namespace tavo {
 
-PhA2l::PhA2l(const char* path) : PhReader(path) {}
+PhA2l::PhA2l(const char* path)
+    : PhReader(path), lexer_([this](const char* text) { error("%s", text); })
+{
+}
 
 PhA2l::~PhA2l() = default;
 
@@ -15,7 +18,7 @@ void PhA2l::setKeywordTable(int number)
     static constexpr const PhKeywordTable* tables[] = {&coreKeywords, &enumKeywords, &ccpKeywords,
                                                        &xcpKeywords, &kwpKeywords};
     if (number >= 0 && number < static_cast<int>(std::size(tables)))
-        keywords_ = tables[number];
+        lexer_.setVocabulary(*tables[number]);
 }
 
 namespace {
@@ -38,7 +41,7 @@ void PhA2l::warning(const char* format, ...)
     va_start(arguments, format);
     const MessageText message(format, arguments);
     va_end(arguments);
-    report({Severity::Warning, fileName(), line(), message.text});
+    report({Severity::Warning, fileName(), lexer_.line(), message.text});
 }
 
 void PhA2l::error(const char* format, ...)
@@ -47,7 +50,7 @@ void PhA2l::error(const char* format, ...)
     va_start(arguments, format);
     const MessageText message(format, arguments);
     va_end(arguments);
-    report({Severity::Error, fileName(), line(), message.text});
+    report({Severity::Error, fileName(), lexer_.line(), message.text});
 }
 
 } // namespace tavo

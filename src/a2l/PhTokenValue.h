@@ -5,13 +5,14 @@
 
 namespace tavo {
 
-/// What a token says beside its code. `nextToken` sets one member, told by the code, or leaves the
-/// record alone: a keyword, a single character and the end of the file have no value.
+/// A token: its code, and all that it says besides. A number is that of the last token that was
+/// one.
 struct PhTokenValue
 {
+    int code = 0;
+    std::string_view text;    ///< Of a word, a string and a number (without the 0x); else empty.
     std::int32_t integer = 0; ///< Of T_INTEGER.
     double real = 0.0;        ///< Of T_DOUBLE.
-    std::string_view text;    ///< Of T_STRING and T_IDENTIFIER; valid until the next token is read.
 };
 
 } // namespace tavo

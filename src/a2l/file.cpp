@@ -12,10 +12,9 @@ namespace tavo {
 /// 0, or the status of a reading that can't begin: -1 without a file name, -2 without a file.
 int PhA2l::openFile()
 {
-    line_ = 1;
     if (!fileName())
         return -1;
-    return file_.open(fileName()) ? 0 : -2;
+    return lexer_.open(fileName()) ? 0 : -2;
 }
 
 /// { ASAP2_VERSION major minor | PROJECT ... } EOF
@@ -25,137 +24,136 @@ int PhA2l::readFile(PhRoot* root)
     if (const int status = openFile())
         return status;
     // The model of a usual description takes more than half the size of the file.
-    expectBlocks(file_.size() / 2);
-    PhTokenValue value = {};
-    int code = nextToken(value);
+    expectBlocks(lexer_.source().size() / 2);
+    int code = nextToken();
     do
-        code = parseFileItem(root, value, code);
+        code = parseFileItem(root, code);
     while (code != T_EOF && code != T_ERROR);
-    file_.close();
+    lexer_.close();
     return code == T_ERROR ? -1 : 0;
 }
 
 /// ASAP2_VERSION major minor | /begin PROJECT ...
-int PhA2l::parseFileItem(PhRoot* root, PhTokenValue& value, int code)
+int PhA2l::parseFileItem(PhRoot* root, int code)
 {
     if (code == T_ASAP2_VERSION)
-        return afterFields(value, 2);
+        return afterFields(2);
     if (code == T_BEGIN) {
-        code = nextToken(value);
+        code = nextToken();
         if (code == T_PROJECT)
-            return parseProject(root, value);
+            return parseProject(root);
     }
-    return unexpectedToken(value, code);
+    return unexpectedToken();
 }
 
 /// PROJECT name longIdentifier { HEADER ... | MODULE ... } /end PROJECT
-int PhA2l::parseProject(PhRoot* root, PhTokenValue& value)
+int PhA2l::parseProject(PhRoot* root)
 {
     const PhHold<PhGroup> project(new PhGroup);
-    project->setName(readText(value));
-    project->setLongName(readText(value));
+    project->setName(readText());
+    project->setLongName(readText());
     project->setGroupType(PhGroupType::Project);
     root->appendGroup(project.get());
-    progress("  Parse PROJECT '%s'\n", token_);
-    return parseOptions(value, T_PROJECT, [&](int code) {
+    progress("  Parse PROJECT '%s'\n", token().text);
+    return parseOptions(T_PROJECT, [&](int code) {
         if (code != T_BEGIN)
-            return unexpectedToken(value, code);
-        switch (code = nextToken(value)) {
+            return unexpectedToken();
+        switch (code = nextToken()) {
         case T_HEADER:
-            return parseHeader(value);
+            return parseHeader();
         case T_MODULE:
-            return parseModule(project.get(), value);
+            return parseModule(project.get());
         default:
-            return unexpectedToken(value, code);
+            return unexpectedToken();
         }
     });
 }
 
 /// HEADER comment { VERSION x | PROJECT_NO x } /end HEADER
-int PhA2l::parseHeader(PhTokenValue& value)
+int PhA2l::parseHeader()
 {
     dropFields(1);
-    progress("  Parse HEADER '%s'\n", token_);
-    return parseOptions(value, T_HEADER, [&](int code) {
+    progress("  Parse HEADER '%s'\n", token().text);
+    return parseOptions(T_HEADER, [&](int code) {
         if (code == T_VERSION || code == T_PROJECT_NO)
-            return afterFields(value, 1);
-        return unexpectedToken(value, code);
+            return afterFields(1);
+        return unexpectedToken();
     });
 }
 
 /// MODULE name longIdentifier { /begin block | /include file } /end MODULE
-int PhA2l::parseModule(PhGroup* project, PhTokenValue& value)
+int PhA2l::parseModule(PhGroup* project)
 {
     const PhHold<PhGroup> module(new PhGroup);
-    module->setName(readText(value));
-    module->setLongName(readText(value));
+    module->setName(readText());
+    module->setLongName(readText());
     module->setGroupType(PhGroupType::Module);
     project->appendGroup(module.get());
-    progress("  Parse MODULE '%s'\n", token_);
-    return parseOptions(value, T_MODULE, [&](int code) {
+    progress("  Parse MODULE '%s'\n", token().text);
+    return parseOptions(T_MODULE, [&](int code) {
         if (code == T_BEGIN)
-            return parseModuleBlock(module.get(), value);
+            return parseModuleBlock(module.get());
         if (code == T_INCLUDE) {
             warning("/include is not supported");
-            return afterFields(value, 1);
+            return afterFields(1);
         }
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     });
 }
 
 /// The block behind a /begin in a MODULE.
-int PhA2l::parseModuleBlock(PhGroup* module, PhTokenValue& value)
+int PhA2l::parseModuleBlock(PhGroup* module)
 {
-    const int code = nextToken(value);
+    const int code = nextToken();
     switch (code) {
     case T_A2ML:
-        return parseA2ml(value);
+        return parseA2ml();
     case T_AXIS_PTS:
-        return skipBlock(value, code);
+        return skipBlock(code);
     case T_CHARACTERISTIC:
-        return parseCharacteristic(value);
+        return parseCharacteristic();
     case T_COMPU_METHOD:
-        return parseCompuMethod(module, value);
+        return parseCompuMethod(module);
     case T_COMPU_TAB:
-        return parseCompuTab(module, value);
+        return parseCompuTab(module);
     case T_COMPU_VTAB:
-        return parseCompuVtab(module, value);
+        return parseCompuVtab(module);
     case T_COMPU_VTAB_RANGE:
-        return parseCompuVtabRange(module, value);
+        return parseCompuVtabRange(module);
     case T_FRAME:
-        return parseFrame(value);
+        return parseFrame();
     case T_FUNCTION:
-        return parseFunction(value);
+        return parseFunction();
     case T_GROUP:
-        return parseGroup(value);
+        return parseGroup();
     case T_IF_DATA:
-        return parseIfData(module, value);
+        return parseIfData(module);
     case T_MEASUREMENT:
-        return parseMeasurement(module, value);
+        return parseMeasurement(module);
     case T_MOD_COMMON:
-        return parseModCommon(module, value);
+        return parseModCommon(module);
     case T_MOD_PAR:
-        return parseModPar(module, value);
+        return parseModPar(module);
     case T_RECORD_LAYOUT:
-        return parseRecordLayout(value);
+        return parseRecordLayout();
     case T_USER_RIGHTS:
-        return parseUserRights(value);
+        return parseUserRights();
     default:
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     }
 }
 
 /// A2ML ... /end A2ML, of which nothing is interpreted: the first /end closes the block.
-int PhA2l::parseA2ml(PhTokenValue& value)
+int PhA2l::parseA2ml()
 {
     progress("  Parse A2ML \n");
     int code = skipToken();
     while (code != T_END) {
         if (code == T_EOF)
-            return unexpectedToken(value, code);
+            return unexpectedToken();
         code = skipToken();
     }
-    return expectEnd(value, T_A2ML);
+    return expectEnd(T_A2ML);
 }
 
 } // namespace tavo

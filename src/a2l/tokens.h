@@ -19,6 +19,13 @@ enum Token : int
     T_NONE = -1,   ///< A malformed number or a string without an end.
 };
 
+/// What the lexer has in hand before it makes a token of it.
+enum ScannedToken : int
+{
+    ScannedName = 306, ///< A name that may be a keyword.
+    ScannedHexadecimal = 307,
+};
+
 enum CoreToken : int
 {
 #define TAVO_KEYWORD(enumerator, word, code) enumerator = code,
@@ -65,6 +72,11 @@ enum : int
 #include "a2l/kwpKeywords.def"
 };
 } // namespace kwp
+
+// No keyword has the code of another kind of token.
+#define TAVO_KEYWORD(enumerator, word, code)                                                       \
+    static_assert((code > 0 && code < T_INTEGER) || code > ScannedHexadecimal);
+#include "a2l/coreKeywords.def"
 
 // Frozen: the positions of the rows make these numbers.
 static_assert(enumWord::T_BIG_ENDIAN == 1001 && enumWord::T_FORM == 1042);

@@ -63,40 +63,40 @@ private:
 /// Tells a token through `put`, which takes a format and its arguments. A stray character whose
 /// code is a keyword's is told as the keyword.
 template <class Put>
-void tellToken(const PhKeywordTable& keywords, const PhTokenValue& value, int code,
+void tellToken(const PhTokenValue& token, const PhKeywordTable& vocabulary,
                const TokenWording& words, Put put)
 {
-    if (const char* keyword = keywords.keywordName(code))
+    if (const char* keyword = vocabulary.keywordName(token.code))
         put(words.keyword, keyword);
-    else if (code == T_EOF)
+    else if (token.code == T_EOF)
         put(words.end, ""); // a format without a place for it
-    else if (code == T_STRING)
-        put(words.string, ShownText(value.text).get());
-    else if (code == T_IDENTIFIER)
-        put(words.identifier, ShownText(value.text).get());
-    else if (code == T_INTEGER)
-        put(words.integer, value.integer);
-    else if (code == T_DOUBLE)
-        put(words.real, FixedText(value.real).text());
+    else if (token.code == T_STRING)
+        put(words.string, ShownText(token.text).get());
+    else if (token.code == T_IDENTIFIER)
+        put(words.identifier, ShownText(token.text).get());
+    else if (token.code == T_INTEGER)
+        put(words.integer, token.integer);
+    else if (token.code == T_DOUBLE)
+        put(words.real, FixedText(token.real).text());
     else
-        put(words.other, code);
+        put(words.other, token.code);
 }
 
 } // namespace
 
-/// Reports a token that the block in hand doesn't hold. The result is T_ERROR, for the caller to
-/// return.
-int PhA2l::unexpectedToken(const PhTokenValue& value, int code)
+/// Reports the current token, which the block in hand doesn't hold. The result is T_ERROR, for the
+/// caller to return.
+int PhA2l::unexpectedToken()
 {
-    tellToken(*keywords_, value, code, unexpected,
+    tellToken(token(), keywords(), unexpected,
               [this](const char* format, auto argument) { error(format, argument); });
     return T_ERROR;
 }
 
 /// The same words for a token that can be passed over.
-void PhA2l::warnUnexpectedToken(const PhTokenValue& value, int code)
+void PhA2l::warnUnexpectedToken()
 {
-    tellToken(*keywords_, value, code, unexpected,
+    tellToken(token(), keywords(), unexpected,
               [this](const char* format, auto argument) { warning(format, argument); });
 }
 
@@ -105,35 +105,33 @@ int PhA2l::print_tokens()
     log("print_tokens ()\n");
     if (const int status = openFile())
         return status;
-    PhTokenValue value = {};
-    int code = 0;
     do {
-        code = nextToken(value);
-        tellToken(*keywords_, value, code, dumped,
+        nextToken();
+        tellToken(token(), keywords(), dumped,
                   [this](const char* format, auto argument) { log(format, argument); });
         log("\n");
-    } while (code != T_EOF);
-    file_.close();
+    } while (token().code != T_EOF);
+    lexer_.close();
     return 0;
 }
 
 /// Reads a name or text field and gives its text, valid until the next token: of a keyword the
 /// word, of a number its digits (without the 0x), of anything else that is no text the empty text.
-std::string_view PhA2l::readText(PhTokenValue& value)
+std::string_view PhA2l::readText()
 {
-    nextToken(value);
-    return token_;
+    nextToken();
+    return token().text;
 }
 
 /// Reads an integer field. A floating-point number in its place counts truncated toward zero and
 /// saturated, anything else as 0.
-std::int32_t PhA2l::readInteger(PhTokenValue& value)
+std::int32_t PhA2l::readInteger()
 {
-    switch (nextToken(value)) {
+    switch (nextToken()) {
     case T_INTEGER:
-        return value.integer;
+        return token().integer;
     case T_DOUBLE:
-        return truncated<std::int32_t>(value.real);
+        return truncated<std::int32_t>(token().real);
     default:
         return 0;
     }
@@ -147,77 +145,78 @@ void PhA2l::dropFields(int count)
 }
 
 /// The token behind fields of no use.
-int PhA2l::afterFields(PhTokenValue& value, int count)
+int PhA2l::afterFields(int count)
 {
     dropFields(count);
-    return nextToken(value);
+    return nextToken();
 }
 
 /// The first token behind a run, maybe an empty one, of tokens of one code.
-int PhA2l::afterRun(PhTokenValue& value, int code)
+int PhA2l::afterRun(int code)
 {
-    int next = nextToken(value);
+    int next = nextToken();
     while (next == code)
-        next = nextToken(value);
+        next = nextToken();
     return next;
 }
 
 /// { identifier } /end KEYWORD
-int PhA2l::parseNameList(PhTokenValue& value, int keyword, const char* format)
+int PhA2l::parseNameList(int keyword, const char* format)
 {
-    const int code = afterRun(value, T_IDENTIFIER);
-    return code == T_END ? expectEnd(value, keyword, format) : unexpectedToken(value, code);
+    const int code = afterRun(T_IDENTIFIER);
+    return code == T_END ? expectEnd(keyword, format) : unexpectedToken();
 }
 
 /// { token of this code } [ /end KEYWORD ]
 ///
 /// A run that has begun may end at any token: that token is the result, and the list stays open.
-int PhA2l::parseOpenRun(PhTokenValue& value, int runCode, int keyword, const char* format)
+int PhA2l::parseOpenRun(int runCode, int keyword, const char* format)
 {
-    int code = nextToken(value);
+    int code = nextToken();
     if (code != runCode && code != T_END)
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     if (code == runCode)
-        code = afterRun(value, runCode);
-    return code == T_END ? expectEnd(value, keyword, format) : code;
+        code = afterRun(runCode);
+    return code == T_END ? expectEnd(keyword, format) : code;
 }
 
 /// Called behind `/end`: the block's own keyword must follow. Gives the token behind it.
-int PhA2l::expectEnd(PhTokenValue& value, int keyword, const char* format)
+int PhA2l::expectEnd(int keyword, const char* format)
 {
-    if (nextToken(value) != keyword) {
-        error(format, keywords_->keywordName(keyword));
+    if (nextToken() != keyword) {
+        error(format, keywords().keywordName(keyword));
         return T_ERROR;
     }
-    return nextToken(value);
+    return nextToken();
 }
 
 /// For the small blocks that say no more of a missing end than of any other token: `code`, the
 /// current token, must be `/end`, and the block's keyword must follow. Gives the token behind it.
-int PhA2l::expectClosed(PhTokenValue& value, int code, int keyword)
+int PhA2l::expectClosed(int code, int keyword)
 {
     if (code == T_END) {
-        code = nextToken(value);
+        code = nextToken();
         if (code == keyword)
-            return nextToken(value);
+            return nextToken();
     }
-    return unexpectedToken(value, code);
+    return unexpectedToken();
 }
 
-/// The value of a number token, which the caller owns; for any other token a warning and null.
-PhValue* PhA2l::createValue(int code, const PhTokenValue& value)
+/// The value of the current token if it is a number, which the caller owns; for any other token a
+/// warning and null.
+PhValue* PhA2l::createValue()
 {
-    if (code == T_INTEGER)
-        return new PhValue(value.integer);
-    if (code == T_DOUBLE)
-        return new PhValue(value.real);
-    warnUnexpectedToken(value, code);
+    if (token().code == T_INTEGER)
+        return new PhValue(token().integer);
+    if (token().code == T_DOUBLE)
+        return new PhValue(token().real);
+    warnUnexpectedToken();
     return nullptr;
 }
 
 /// Drops a block with all blocks inside it, up to its `/end` and keyword. The end of the file comes
 /// back as the token behind the block.
-int PhA2l::skipBlock(PhTokenValue& value, int keyword)
+int PhA2l::skipBlock(int keyword)
 {
     std::uint64_t depth = 0;
     int code = skipToken();
@@ -230,18 +229,18 @@ int PhA2l::skipBlock(PhTokenValue& value, int keyword)
         if (code == T_EOF || code == T_ERROR)
             return code;
     }
-    return expectEnd(value, keyword);
+    return expectEnd(keyword);
 }
 
 /// MSB_FIRST | LITTLE_ENDIAN | MSB_LAST | BIG_ENDIAN, called behind BYTE_ORDER. Gives the token
 /// behind the word. Any other word leaves the byte order undefined, with a warning.
-int PhA2l::parseByteOrder(PhTokenValue& value, PhEndian& byteOrder)
+int PhA2l::parseByteOrder(PhEndian& byteOrder)
 {
     {
-        const VocabularyScope words(*this, enumKeywords);
-        byteOrder = readWord(value, byteOrderOf);
+        const VocabularyScope words(lexer_, enumKeywords);
+        byteOrder = readWord(byteOrderOf);
     }
-    return nextToken(value);
+    return nextToken();
 }
 
 /// The conversion of this name in `group` or above; if none was read yet, a new placeholder, which

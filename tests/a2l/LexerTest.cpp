@@ -1,6 +1,7 @@
 // Tokens of all vocabularies, of any length and in any place of a file. The golden series of tokens
 // hold the rest.
 
+#include "a2l/Lexer.h"
 #include "a2l/PhA2l.h"
 #include "model/PhList.h"
 #include "support/files.h"
@@ -17,13 +18,39 @@ namespace {
 TEST(LexerTest, AWordIsAKeywordOfTheVocabularyInForceAlone)
 {
     const std::string text = "/begin CHECKSUM RESERVED RAM DAQ_LIST WuP";
-    const char* const expected[] = {"[/begin] [CHECKSUM] [RESERVED] 'RAM' 'DAQ_LIST' 'WuP'",
-                                    "'/begin' 'CHECKSUM' [RESERVED] [RAM] 'DAQ_LIST' 'WuP'",
-                                    "[/begin] [CHECKSUM] 'RESERVED' [RAM] 'DAQ_LIST' 'WuP'",
-                                    "[/begin] [CHECKSUM] 'RESERVED' 'RAM' [DAQ_LIST] 'WuP'",
-                                    "[/begin] [CHECKSUM] 'RESERVED' 'RAM' 'DAQ_LIST' [WuP]"};
-    for (int vocabulary = 0; vocabulary < 5; ++vocabulary)
-        EXPECT_EQ(tokensOf(text, vocabulary), expected[vocabulary]);
+    const std::pair<const PhKeywordTable*, const char*> expected[] = {
+        {&coreKeywords, "[/begin] [CHECKSUM] [RESERVED] 'RAM' 'DAQ_LIST' 'WuP'"},
+        {&enumKeywords, "'/begin' 'CHECKSUM' [RESERVED] [RAM] 'DAQ_LIST' 'WuP'"},
+        {&ccpKeywords, "[/begin] [CHECKSUM] 'RESERVED' [RAM] 'DAQ_LIST' 'WuP'"},
+        {&xcpKeywords, "[/begin] [CHECKSUM] 'RESERVED' 'RAM' [DAQ_LIST] 'WuP'"},
+        {&kwpKeywords, "[/begin] [CHECKSUM] 'RESERVED' 'RAM' 'DAQ_LIST' [WuP]"}};
+    for (const auto& [vocabulary, tokens] : expected)
+        EXPECT_EQ(tokensOf(text, Source::Memory, *vocabulary), tokens);
+}
+
+TEST(LexerTest, ATokenIsReadOverWhateverItIs)
+{
+    const std::string text = "/begin \"a\" 5x /* c\n */ 0x1F /end -.\xFF $ /* ";
+    const int codes[] = {T_BEGIN, 0, 0, 0, T_END, 0, T_EOF, 0, T_ERROR, T_EOF};
+    for (const PhKeywordTable* vocabulary : {&coreKeywords, &enumKeywords}) {
+        int failures = 0;
+        Lexer read([](const char*) {});
+        Lexer skipping([&](const char*) { ++failures; });
+        read.openMemory(text);
+        skipping.openMemory(text);
+        skipping.setVocabulary(*vocabulary);
+        for (const int code : codes) {
+            read.next();
+            const int skipped = skipping.skip();
+            if (code != 0) {
+                EXPECT_EQ(skipped, code);
+            }
+            EXPECT_EQ(skipping.token().code, skipped);
+            EXPECT_EQ(skipping.token().text, read.token().text);
+            EXPECT_EQ(skipping.line(), read.line());
+        }
+        EXPECT_EQ(failures, 1);
+    }
 }
 
 TEST(LexerTest, ATokenIsTheSameWhereverTheBlocksOfTheFileMeet)
@@ -37,7 +64,9 @@ TEST(LexerTest, ATokenIsTheSameWhereverTheBlocksOfTheFileMeet)
         const std::string expected = tokensOf(text);
         for (std::size_t shift = 0; shift <= text.size() + 1; ++shift) {
             EXPECT_EQ(tokensOf(std::string(blockSize - shift, ' ') + text), expected) << shift;
-            EXPECT_EQ(tokensOf(std::string(2 * blockSize - shift, '\r') + text), expected) << shift;
+            EXPECT_EQ(tokensOf(std::string(2 * blockSize - shift, '\r') + text, Source::File),
+                      expected)
+                << shift;
         }
     }
 }

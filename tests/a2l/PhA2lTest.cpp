@@ -23,3 +23,20 @@ TEST(PhA2lTest, StatusTellsThatTheFileIsNamelessOrMissing)
     }
     EXPECT_EQ(root.groups(), nullptr);
 }
+
+TEST(PhA2lTest, AVocabularyIsChosenByItsNumber)
+{
+    PhA2l reader(nullptr);
+    const PhKeywordTable* const vocabularies[] = {&coreKeywords, &enumKeywords, &ccpKeywords,
+                                                  &xcpKeywords, &kwpKeywords};
+    for (int number = 0; number < 5; ++number) {
+        reader.setKeywordTable(number);
+        EXPECT_EQ(&reader.keywords(), vocabularies[number]);
+        for (const int unknown : {-1, 5}) {
+            reader.setKeywordTable(unknown);
+            EXPECT_EQ(&reader.keywords(), vocabularies[number]);
+        }
+    }
+    reader.resetKeywordTable();
+    EXPECT_EQ(&reader.keywords(), &coreKeywords);
+}

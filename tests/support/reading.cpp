@@ -1,5 +1,6 @@
 #include "support/reading.h"
 
+#include "a2l/Lexer.h"
 #include "a2l/PhA2l.h"
 #include "support/RecordingLogger.h"
 #include "support/files.h"
@@ -145,24 +146,42 @@ void put(std::ostream& out, const std::string& indent, const PhGroup& group)
 
 } // namespace
 
-std::string tokensOf(std::string_view text, int vocabulary)
+std::string tokensOf(std::string_view text, Source source, const PhKeywordTable& vocabulary)
 {
-    Reading reading(text);
-    reading.reader.setKeywordTable(vocabulary);
-    reading.reader.setKeywordTable(7); // There is none, so nothing changes.
-    EXPECT_EQ(reading.reader.print_tokens(), 0);
-    const std::string opening = "message: print_tokens ()\n";
-    const std::string end = "EOF ";
-    std::string tokens = reading.log();
-    EXPECT_TRUE(tokens.starts_with(opening));
-    tokens.erase(0, opening.size());
-    replaceAll(tokens, "message: \n", " ");
-    replaceAll(tokens, "\nmessage: ", "}");
-    replaceAll(tokens, "message: ", "");
-    replaceAll(tokens, "error: File 'd.a2l', Line ", "{");
-    EXPECT_TRUE(tokens.ends_with(end)) << tokens;
-    tokens.erase(tokens.size() - end.size());
-    return tokens.substr(0, tokens.find_last_not_of(' ') + 1);
+    std::string tokens;
+    std::string failure;
+    Lexer lexer([&](const char* report) { failure = report; });
+    const TemporaryFolder folder;
+    if (source == Source::Memory) {
+        lexer.openMemory(text);
+    } else {
+        writeFile(folder.path("d.a2l"), text);
+        EXPECT_TRUE(lexer.open(folder.path("d.a2l").c_str()));
+    }
+    lexer.setVocabulary(vocabulary);
+    while (lexer.next() != T_EOF) {
+        const PhTokenValue& token = lexer.token();
+        const std::string itself(token.text);
+        tokens.append(tokens.empty() ? "" : " ");
+        if (!failure.empty())
+            tokens.append("{")
+                .append(std::to_string(lexer.line()))
+                .append(": ")
+                .append(failure + "}");
+        failure.clear();
+        const char quote = token.code == T_STRING ? '"' : '\'';
+        if (const char* keyword = vocabulary.keywordName(token.code))
+            tokens.append("[").append(keyword).append("]");
+        else if (token.code == T_STRING || token.code == T_IDENTIFIER)
+            tokens.append(1, quote).append(itself).append(1, quote);
+        else if (token.code == T_INTEGER)
+            tokens += std::to_string(token.integer);
+        else if (token.code == T_DOUBLE)
+            tokens += std::to_string(token.real);
+        else
+            tokens += "t=" + std::to_string(token.code);
+    }
+    return tokens;
 }
 
 std::string modelOf(std::string_view description, Names names)

@@ -1,12 +1,19 @@
 #pragma once
 
+#include "a2l/PhKeywordTable.h"
+
 #include <string>
 #include <string_view>
 
 /// The tokens of a text up to its end, with a blank between them: [keyword], 'name', "string", the
-/// number or t=code. An error stands ahead of its token as {line: text}. `vocabulary` is the number
-/// of the one that the names are looked up in.
-std::string tokensOf(std::string_view text, int vocabulary = 0);
+/// number or t=code. A failure stands before its token as {line: text}.
+enum class Source
+{
+    Memory,
+    File
+};
+std::string tokensOf(std::string_view text, Source source = Source::Memory,
+                     const tavo::PhKeywordTable& vocabulary = tavo::coreKeywords);
 
 /// What the reading of a description tells, its status, and what it leaves in the model: a line for
 /// each object, with the objects of a group indented. A "?" behind the name of a conversion says

@@ -5,21 +5,21 @@ namespace tavo {
 /// ANNOTATION { ANNOTATION_LABEL x | ANNOTATION_ORIGIN x |
 /// /begin ANNOTATION_TEXT { "text" } /end ANNOTATION_TEXT } /end ANNOTATION, of which nothing is
 /// kept.
-int PhA2l::parseAnnotation(PhTokenValue& value)
+int PhA2l::parseAnnotation()
 {
-    return parseOptions(value, T_ANNOTATION, [&](int code) {
+    return parseOptions(T_ANNOTATION, [&](int code) {
         switch (code) {
         case T_ANNOTATION_LABEL:
         case T_ANNOTATION_ORIGIN:
-            return afterFields(value, 1);
+            return afterFields(1);
         case T_BEGIN:
-            code = nextToken(value);
+            code = nextToken();
             if (code == T_ANNOTATION_TEXT)
                 // The message is known by this byte, an upper-case A with diaeresis in Latin-1.
-                return parseOpenRun(value, T_STRING, code, "Keyword '%s\xC4 expected after /end");
+                return parseOpenRun(T_STRING, code, "Keyword '%s\xC4 expected after /end");
             break;
         }
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     });
 }
 

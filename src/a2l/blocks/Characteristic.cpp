@@ -6,21 +6,21 @@ namespace tavo {
 /// { option } /end CHARACTERISTIC
 ///
 /// A configuration lists measured quantities only, so all of it is dropped.
-int PhA2l::parseCharacteristic(PhTokenValue& value)
+int PhA2l::parseCharacteristic()
 {
     dropFields(2);
-    progress("  Parse CHARACTERISTIC '%s'\n", token_);
+    progress("  Parse CHARACTERISTIC '%s'\n", token().text);
     dropFields(7);
-    return parseOptions(value, T_CHARACTERISTIC,
-                        [&](int code) { return parseCharacteristicOption(value, code); });
+    return parseOptions(T_CHARACTERISTIC,
+                        [&](int code) { return parseCharacteristicOption(code); });
 }
 
-int PhA2l::parseCharacteristicOption(PhTokenValue& value, int code)
+int PhA2l::parseCharacteristicOption(int code)
 {
     switch (code) {
     case T_READ_ONLY:
     case T_GUARD_RAILS:
-        return nextToken(value);
+        return nextToken();
     case T_FORMAT:
     case T_NUMBER:
     case T_DISPLAY_IDENTIFIER:
@@ -29,45 +29,45 @@ int PhA2l::parseCharacteristicOption(PhTokenValue& value, int code)
     case T_BIT_MASK:
     case T_COMPARISON_QUANTITY:
     case T_CALIBRATION_ACCESS:
-        return afterFields(value, 1);
+        return afterFields(1);
     case T_BYTE_ORDER: {
         PhEndian dropped = PhEndian::Undefined;
-        return parseByteOrder(value, dropped);
+        return parseByteOrder(dropped);
     }
     case T_EXTENDED_LIMITS:
     case T_MAX_REFRESH:
-        return afterFields(value, 2);
+        return afterFields(2);
     case T_MATRIX_DIM:
-        return afterFields(value, 3);
+        return afterFields(3);
     case T_FUNCTION_LIST:
     case T_MAP_LIST:
-        return afterRun(value, T_IDENTIFIER);
+        return afterRun(T_IDENTIFIER);
     case T_BEGIN:
-        return parseCharacteristicBlock(value);
+        return parseCharacteristicBlock();
     default:
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     }
 }
 
 /// The block behind a /begin in a CHARACTERISTIC.
-int PhA2l::parseCharacteristicBlock(PhTokenValue& value)
+int PhA2l::parseCharacteristicBlock()
 {
-    const int code = nextToken(value);
+    const int code = nextToken();
     switch (code) {
     case T_IF_DATA:
-        return parseIfData(nullptr, value);
+        return parseIfData(nullptr);
     case T_AXIS_DESCR:
-        return skipBlock(value, code);
+        return skipBlock(code);
     case T_ANNOTATION:
-        return parseAnnotation(value);
+        return parseAnnotation();
     case T_DEPENDENT_CHARACTERISTIC:
     case T_VIRTUAL_CHARACTERISTIC:
         dropFields(1); // the formula
-        return parseNameList(value, code);
+        return parseNameList(code);
     case T_FUNCTION_LIST:
-        return parseNameList(value, code);
+        return parseNameList(code);
     default:
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     }
 }
 

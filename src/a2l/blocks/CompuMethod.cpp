@@ -32,41 +32,41 @@ PhConversionType conversionTypeOf(int code)
 
 /// COMPU_METHOD name longIdentifier conversionType format unit
 /// { COEFFS a b c d e f | COMPU_TAB_REF name | FORMULA ... } /end COMPU_METHOD
-int PhA2l::parseCompuMethod(PhGroup* group, PhTokenValue& value)
+int PhA2l::parseCompuMethod(PhGroup* group)
 {
     const PhHold<PhConversion> conversion(new PhConversion);
-    conversion->setName(readText(value));
-    conversion->setLongName(readText(value));
-    progress("  Parse COMPU_METHOD '%s'\n", token_);
+    conversion->setName(readText());
+    conversion->setLongName(readText());
+    progress("  Parse COMPU_METHOD '%s'\n", token().text);
     {
-        const VocabularyScope words(*this, enumKeywords);
-        conversion->setConversionType(readWord(value, conversionTypeOf));
+        const VocabularyScope words(lexer_, enumKeywords);
+        conversion->setConversionType(readWord(conversionTypeOf));
     }
     dropFields(1); // the format
     const PhHold<PhUnit> unit(new PhUnit);
-    unit->setLabel(readText(value));
+    unit->setLabel(readText());
     conversion->setUnit(unit.get());
     group->appendConversion(conversion.get());
 
-    return parseOptions(value, T_COMPU_METHOD, [&](int code) {
+    return parseOptions(T_COMPU_METHOD, [&](int code) {
         switch (code) {
         case T_COEFFS:
-            parseCoeffs(conversion.get(), value);
-            return nextToken(value);
+            parseCoeffs(conversion.get());
+            return nextToken();
         case T_COMPU_TAB_REF: {
-            PhConversion* table = conversionByName(group, readText(value));
+            PhConversion* table = conversionByName(group, readText());
             // Itself would be a circle. It stands in the group's list, so nothing is lost here.
             if (table != conversion.get())
                 conversion->setConversion(table);
-            return nextToken(value);
+            return nextToken();
         }
         case T_BEGIN:
-            code = nextToken(value);
+            code = nextToken();
             if (code == T_FORMULA)
-                return parseFormula(value);
+                return parseFormula();
             break;
         }
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     });
 }
 
@@ -78,11 +78,11 @@ int PhA2l::parseCompuMethod(PhGroup* group, PhTokenValue& value)
 ///
 /// A value that is no number counts as zero and is left out of the lists. Nothing clears them: a
 /// second COEFFS adds behind the first.
-void PhA2l::parseCoeffs(PhConversion* conversion, PhTokenValue& value)
+void PhA2l::parseCoeffs(PhConversion* conversion)
 {
     const auto read = [&] {
-        const int code = nextToken(value);
-        return createValue(code, value);
+        nextToken();
+        return createValue();
     };
     const PhHold<PhValue> a(read());
     const PhHold<PhValue> b(read());
@@ -111,25 +111,26 @@ void PhA2l::parseCoeffs(PhConversion* conversion, PhTokenValue& value)
         denominator->append(e.get());
         denominator->append(new PhValue(0));
     } else {
-        warning("Unable to compute inverse function in conversion '%s'", conversion->peekName().cStr());
+        warning("Unable to compute inverse function in conversion '%s'",
+                conversion->peekName().cStr());
     }
 }
 
 /// FORMULA [ "formula" ] { FORMULA_INV "formula" } /end FORMULA, of which nothing is kept.
-int PhA2l::parseFormula(PhTokenValue& value)
+int PhA2l::parseFormula()
 {
-    int code = nextToken(value);
+    int code = nextToken();
     if (code == T_STRING)
-        code = nextToken(value);
+        code = nextToken();
     while (code == T_FORMULA_INV) {
-        code = nextToken(value);
+        code = nextToken();
         if (code != T_STRING)
-            return unexpectedToken(value, code);
-        code = nextToken(value);
+            return unexpectedToken();
+        code = nextToken();
     }
     if (code != T_END)
-        return unexpectedToken(value, code);
-    return expectEnd(value, T_FORMULA);
+        return unexpectedToken();
+    return expectEnd(T_FORMULA);
 }
 
 } // namespace tavo

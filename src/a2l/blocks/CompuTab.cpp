@@ -29,68 +29,60 @@ const char* progressLine(int keyword)
 
 /// COMPU_TAB name longIdentifier { TAB_INTP | TAB_NOINTP } count { input output }
 /// { DEFAULT_VALUE x } /end COMPU_TAB
-int PhA2l::parseCompuTab(PhGroup* group, PhTokenValue& value)
-{
-    return parseTable(group, value, T_COMPU_TAB);
-}
+int PhA2l::parseCompuTab(PhGroup* group) { return parseTable(group, T_COMPU_TAB); }
 
 /// COMPU_VTAB name longIdentifier TAB_VERB count { input "text" } { DEFAULT_VALUE x }
 /// /end COMPU_VTAB
-int PhA2l::parseCompuVtab(PhGroup* group, PhTokenValue& value)
-{
-    return parseTable(group, value, T_COMPU_VTAB);
-}
+int PhA2l::parseCompuVtab(PhGroup* group) { return parseTable(group, T_COMPU_VTAB); }
 
 /// COMPU_VTAB_RANGE name longIdentifier count { minimum maximum "text" } { DEFAULT_VALUE x }
 /// /end COMPU_VTAB_RANGE
-int PhA2l::parseCompuVtabRange(PhGroup* group, PhTokenValue& value)
-{
-    return parseTable(group, value, T_COMPU_VTAB_RANGE);
-}
+int PhA2l::parseCompuVtabRange(PhGroup* group) { return parseTable(group, T_COMPU_VTAB_RANGE); }
 
 /// What the three have in common; `keyword` tells which one it is. A table has one kind of
 /// conversion whatever its type word says, and its default isn't kept.
-int PhA2l::parseTable(PhGroup* group, PhTokenValue& value, int keyword)
+int PhA2l::parseTable(PhGroup* group, int keyword)
 {
     const PhHold<PhConversion> table(new PhConversion);
     table->setConversionType(PhConversionType::CtTable);
-    table->setName(readText(value));
-    table->setLongName(readText(value));
-    progress(progressLine(keyword), token_);
+    table->setName(readText());
+    table->setLongName(readText());
+    progress(progressLine(keyword), token().text);
     if (keyword != T_COMPU_VTAB_RANGE)
-        parseTableType(value, keyword);
+        parseTableType(keyword);
     group->appendConversion(table.get());
 
-    if (nextToken(value) != T_INTEGER) {
+    if (nextToken() != T_INTEGER) {
         error("Integer value (element count) expected");
         return T_ERROR;
     }
-    for (std::int32_t count = value.integer; count > 0; --count) {
+    for (std::int32_t count = token().integer; count > 0; --count) {
         const PhHold<PhRange> row(new PhRange);
         if (!readRow(row.get(), keyword))
             return T_ERROR;
         table->appendRange(row.get());
     }
-    return parseOptions(value, keyword, [&](int code) {
+    return parseOptions(keyword, [&](int code) {
         if (code != T_DEFAULT_VALUE)
-            return unexpectedToken(value, code);
+            return unexpectedToken();
         dropFields(1);
         if (debug() && keyword != T_COMPU_TAB)
-            log("T_DEFAULT_VALUE: '%.*s'\n", static_cast<int>(token_.size()), token_.data());
-        return nextToken(value);
+            log("T_DEFAULT_VALUE: '%.*s'\n", static_cast<int>(token().text.size()),
+                token().text.data());
+        return nextToken();
     });
 }
 
 /// The type word, of which nothing is kept but a warning if it is none of the table's.
-void PhA2l::parseTableType(PhTokenValue& value, int keyword)
+void PhA2l::parseTableType(int keyword)
 {
-    const VocabularyScope words(*this, enumKeywords);
-    const int code = nextToken(value);
+    const VocabularyScope words(lexer_, enumKeywords);
+    const int code = nextToken();
     const bool known = keyword == T_COMPU_VTAB
                            ? code == enumWord::T_TAB_VERB
                            : code == enumWord::T_TAB_INTP || code == enumWord::T_TAB_NOINTP;
     if (!known)
-        warnUnexpectedToken(value, code);
+        warnUnexpectedToken();
 }
 
 /// Reads one row of a table. False, with an error, if a value isn't of the kind that belongs there.
@@ -123,13 +115,12 @@ bool PhA2l::readRow(PhRange* row, int keyword)
 
 bool PhA2l::readDouble(PhValue& number)
 {
-    PhTokenValue value = {};
-    switch (nextToken(value)) {
+    switch (nextToken()) {
     case T_INTEGER:
-        number = static_cast<double>(value.integer);
+        number = static_cast<double>(token().integer);
         return true;
     case T_DOUBLE:
-        number = value.real;
+        number = token().real;
         return true;
     default:
         error("Double or integer value expected");
@@ -141,13 +132,12 @@ bool PhA2l::readDouble(PhValue& number)
 /// saturated, so that 2.5 gives 3 and -2.5 gives -2.
 bool PhA2l::readRounded(PhValue& number)
 {
-    PhTokenValue value = {};
-    switch (nextToken(value)) {
+    switch (nextToken()) {
     case T_INTEGER:
-        number = value.integer;
+        number = token().integer;
         return true;
     case T_DOUBLE:
-        number = truncated<std::int32_t>(value.real + 0.5);
+        number = truncated<std::int32_t>(token().real + 0.5);
         return true;
     default:
         error("Double or integer value expected");
@@ -157,12 +147,11 @@ bool PhA2l::readRounded(PhValue& number)
 
 bool PhA2l::readString(PhValue& text)
 {
-    PhTokenValue value = {};
-    if (nextToken(value) != T_STRING) {
+    if (nextToken() != T_STRING) {
         error("String value expected");
         return false;
     }
-    text = PhString(value.text);
+    text = PhString(token().text);
     return true;
 }
 

@@ -24,31 +24,31 @@ bool isNameList(int code)
 
 /// FUNCTION name longIdentifier { FUNCTION_VERSION x | LIST { identifier } |
 /// /begin LIST { identifier } /end LIST | ANNOTATION ... } /end FUNCTION, of which nothing is kept.
-int PhA2l::parseFunction(PhTokenValue& value)
+int PhA2l::parseFunction()
 {
     dropFields(1);
-    progress("  Parse FUNCTION '%s'\n", token_);
+    progress("  Parse FUNCTION '%s'\n", token().text);
     dropFields(1);
-    return parseOptions(value, T_FUNCTION, [&](int code) {
+    return parseOptions(T_FUNCTION, [&](int code) {
         if (code == T_FUNCTION_VERSION)
-            return afterFields(value, 1);
+            return afterFields(1);
         if (isNameList(code))
-            return afterRun(value, T_IDENTIFIER);
+            return afterRun(T_IDENTIFIER);
         if (code == T_BEGIN)
-            return parseFunctionBlock(value);
-        return unexpectedToken(value, code);
+            return parseFunctionBlock();
+        return unexpectedToken();
     });
 }
 
 /// The block behind a /begin in a FUNCTION.
-int PhA2l::parseFunctionBlock(PhTokenValue& value)
+int PhA2l::parseFunctionBlock()
 {
-    const int code = nextToken(value);
+    const int code = nextToken();
     if (isNameList(code))
-        return parseOpenRun(value, T_IDENTIFIER, code);
+        return parseOpenRun(T_IDENTIFIER, code);
     if (code == T_ANNOTATION)
-        return parseAnnotation(value);
-    return unexpectedToken(value, code);
+        return parseAnnotation();
+    return unexpectedToken();
 }
 
 } // namespace tavo

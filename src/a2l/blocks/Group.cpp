@@ -4,26 +4,26 @@ namespace tavo {
 
 /// GROUP name longIdentifier { ROOT | /begin LIST { identifier } /end LIST | ANNOTATION ... }
 /// /end GROUP, of which nothing is kept.
-int PhA2l::parseGroup(PhTokenValue& value)
+int PhA2l::parseGroup()
 {
     dropFields(1);
-    progress("  Parse GROUP '%s'\n", token_);
+    progress("  Parse GROUP '%s'\n", token().text);
     dropFields(1);
-    return parseOptions(value, T_GROUP, [&](int code) {
+    return parseOptions(T_GROUP, [&](int code) {
         if (code == T_ROOT)
-            return nextToken(value);
+            return nextToken();
         if (code != T_BEGIN)
-            return unexpectedToken(value, code);
-        switch (code = nextToken(value)) {
+            return unexpectedToken();
+        switch (code = nextToken()) {
         case T_REF_CHARACTERISTIC:
         case T_REF_MEASUREMENT:
         case T_FUNCTION_LIST:
         case T_SUB_GROUP:
-            return parseNameList(value, code);
+            return parseNameList(code);
         case T_ANNOTATION:
-            return parseAnnotation(value);
+            return parseAnnotation();
         default:
-            return unexpectedToken(value, code);
+            return unexpectedToken();
         }
     });
 }

@@ -9,20 +9,20 @@ namespace tavo {
 ///
 /// What is stored goes to `owner` if that is a group; it may be null. A section of any other name
 /// is passed over up to its `/end IF_DATA`, whatever it holds.
-int PhA2l::parseIfData(PhObject* owner, PhTokenValue& value)
+int PhA2l::parseIfData(PhObject* owner)
 {
-    int code = nextToken(value);
-    if (code == T_IDENTIFIER && value.text == "ASAP1B_CCP")
-        return parseIfDataCcp(owner, value);
-    if (code == T_IDENTIFIER && value.text == "XCP")
-        return parseIfDataXcp(owner, value);
-    progress("  Parse unknown IF_DATA '%s'\n", token_);
+    int code = nextToken();
+    if (code == T_IDENTIFIER && token().text == "ASAP1B_CCP")
+        return parseIfDataCcp(owner);
+    if (code == T_IDENTIFIER && token().text == "XCP")
+        return parseIfDataXcp(owner);
+    progress("  Parse unknown IF_DATA '%s'\n", token().text);
     do {
         code = skipToken();
         if (code == T_END) {
-            code = nextToken(value);
+            code = nextToken();
             if (code == T_IF_DATA)
-                return nextToken(value);
+                return nextToken();
         }
     } while (code != T_EOF);
     return code;

@@ -11,38 +11,37 @@ namespace tavo {
 
 /// MEASUREMENT name longIdentifier dataType conversion resolution accuracy lowerLimit upperLimit
 /// { option } /end MEASUREMENT
-int PhA2l::parseMeasurement(PhGroup* group, PhTokenValue& value)
+int PhA2l::parseMeasurement(PhGroup* group)
 {
     const PhHold<PhEntity> entity(new PhEntity);
-    entity->setName(readText(value));
-    entity->setLongName(readText(value));
+    entity->setName(readText());
+    entity->setLongName(readText());
     group->appendEntity(entity.get());
-    progress("  Parse MEASUREMENT '%s'\n", token_);
+    progress("  Parse MEASUREMENT '%s'\n", token().text);
 
     auto* type = new PhType;
     entity->setType(type);
     type->setEndian(byteOrder_);
-    if (parseDataType(type, value) == T_ERROR)
+    if (parseDataType(type) == T_ERROR)
         return T_ERROR;
-    type->setConversion(conversionByName(group, readText(value)));
+    type->setConversion(conversionByName(group, readText()));
     dropFields(2); // resolution and accuracy
-    entity->setLowerLimit(readLimit(value, "lower"));
-    entity->setUpperLimit(readLimit(value, "upper"));
+    entity->setLowerLimit(readLimit("lower"));
+    entity->setUpperLimit(readLimit("upper"));
 
-    return parseOptions(value, T_MEASUREMENT, [&](int code) {
-        return parseMeasurementOption(entity.get(), value, code);
-    });
+    return parseOptions(T_MEASUREMENT,
+                        [&](int code) { return parseMeasurementOption(entity.get(), code); });
 }
 
 /// UBYTE | SBYTE | UWORD | SWORD | ULONG | SLONG | FLOAT32_IEEE | FLOAT64_IEEE
-int PhA2l::parseDataType(PhType* type, PhTokenValue& value)
+int PhA2l::parseDataType(PhType* type)
 {
     const auto set = [&](PhBaseType baseType, int bitCount) {
         type->setBaseType(baseType);
         type->setBitCount(bitCount);
     };
-    const VocabularyScope words(*this, enumKeywords);
-    const int code = nextToken(value);
+    const VocabularyScope words(lexer_, enumKeywords);
+    const int code = nextToken();
     switch (code) {
     case enumWord::T_UBYTE:
         set(PhBaseType::BtUInteger, 8);
@@ -69,19 +68,19 @@ int PhA2l::parseDataType(PhType* type, PhTokenValue& value)
         set(PhBaseType::BtIeee64, 64);
         break;
     default:
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     }
     return code;
 }
 
 /// A limit keeps its kind, integer or double; anything else leaves it unset, with a warning.
-PhValue* PhA2l::readLimit(PhTokenValue& value, const char* which)
+PhValue* PhA2l::readLimit(const char* which)
 {
-    switch (nextToken(value)) {
+    switch (nextToken()) {
     case T_INTEGER:
-        return new PhValue(value.integer);
+        return new PhValue(token().integer);
     case T_DOUBLE:
-        return new PhValue(value.real);
+        return new PhValue(token().real);
     default:
         warning("Unexpected type for %s limit.", which);
         return nullptr;
@@ -89,73 +88,73 @@ PhValue* PhA2l::readLimit(PhTokenValue& value, const char* which)
 }
 
 /// An address or its extension: a 32-bit pattern, or null, with a warning.
-PhValue* PhA2l::readAddress(PhTokenValue& value)
+PhValue* PhA2l::readAddress()
 {
-    const int code = nextToken(value);
+    const int code = nextToken();
     if (code == T_INTEGER)
-        return new PhValue(static_cast<unsigned>(value.integer));
-    warnUnexpectedToken(value, code);
+        return new PhValue(static_cast<unsigned>(token().integer));
+    warnUnexpectedToken();
     return nullptr;
 }
 
-int PhA2l::parseMeasurementOption(PhEntity* entity, PhTokenValue& value, int code)
+int PhA2l::parseMeasurementOption(PhEntity* entity, int code)
 {
     switch (code) {
     case T_ECU_ADDRESS:
         // One that is no address leaves the one that was given before.
-        if (PhValue* address = readAddress(value))
+        if (PhValue* address = readAddress())
             entity->setAddress(address);
-        return nextToken(value);
+        return nextToken();
     case T_ECU_ADDRESS_EXTENSION:
-        if (PhValue* extension = readAddress(value))
+        if (PhValue* extension = readAddress())
             entity->setAddressExtension(extension);
-        return nextToken(value);
+        return nextToken();
     case T_BIT_MASK:
-        entity->type()->setBitMask(new PhValue(static_cast<unsigned>(readInteger(value))));
-        return nextToken(value);
+        entity->type()->setBitMask(new PhValue(static_cast<unsigned>(readInteger())));
+        return nextToken();
     case T_BYTE_ORDER: {
         PhEndian byteOrder = PhEndian::Undefined;
-        code = parseByteOrder(value, byteOrder);
+        code = parseByteOrder(byteOrder);
         entity->type()->setEndian(byteOrder);
         return code;
     }
     case T_READ_WRITE:
-        return nextToken(value);
+        return nextToken();
     case T_ARRAY_SIZE:
     case T_FORMAT:
     case T_ERROR_MASK:
     case T_DISPLAY_IDENTIFIER:
     case T_REF_MEMORY_SEGMENT:
-        return afterFields(value, 1);
+        return afterFields(1);
     case T_MAX_REFRESH:
-        return afterFields(value, 2);
+        return afterFields(2);
     case T_MATRIX_DIM:
-        return afterFields(value, 3);
+        return afterFields(3);
     case T_FUNCTION_LIST:
-        return afterRun(value, T_IDENTIFIER);
+        return afterRun(T_IDENTIFIER);
     case T_BEGIN:
-        return parseMeasurementBlock(entity, value);
+        return parseMeasurementBlock(entity);
     default:
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     }
 }
 
 /// The block behind a /begin in a MEASUREMENT.
-int PhA2l::parseMeasurementBlock(PhEntity* entity, PhTokenValue& value)
+int PhA2l::parseMeasurementBlock(PhEntity* entity)
 {
-    const int code = nextToken(value);
+    const int code = nextToken();
     switch (code) {
     case T_IF_DATA:
-        return parseIfData(entity, value);
+        return parseIfData(entity);
     case T_ANNOTATION:
-        return parseAnnotation(value);
+        return parseAnnotation();
     case T_BIT_OPERATION:
-        return parseBitOperation(value);
+        return parseBitOperation();
     case T_FUNCTION_LIST:
     case T_VIRTUAL:
-        return parseNameList(value, code);
+        return parseNameList(code);
     default:
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     }
 }
 

@@ -65,29 +65,29 @@ PhLocation locationOf(int code)
 
 /// MEMORY_SEGMENT name longIdentifier pageType memoryType location address size
 /// offset offset offset offset offset { IF_DATA ... } /end MEMORY_SEGMENT
-int PhA2l::parseMemorySegment(PhGroup* group, PhTokenValue& value)
+int PhA2l::parseMemorySegment(PhGroup* group)
 {
     const PhHold<PhMemoryPage> page(new PhMemoryPage);
-    page->setName(readText(value));
-    page->setLongName(readText(value));
+    page->setName(readText());
+    page->setLongName(readText());
     {
-        const VocabularyScope words(*this, enumKeywords);
-        page->setPageType(readWord(value, pageTypeOf));
-        page->setMemoryType(readWord(value, memoryTypeOf));
-        page->setLocation(readWord(value, locationOf));
+        const VocabularyScope words(lexer_, enumKeywords);
+        page->setPageType(readWord(pageTypeOf));
+        page->setMemoryType(readWord(memoryTypeOf));
+        page->setLocation(readWord(locationOf));
     }
-    page->setAddress(new PhValue(readInteger(value)));
-    page->setSize(new PhValue(readInteger(value)));
+    page->setAddress(new PhValue(readInteger()));
+    page->setSize(new PhValue(readInteger()));
     dropFields(5); // the offsets
     group->appendMemoryPage(page.get());
 
-    return parseOptions(value, T_MEMORY_SEGMENT, [&](int code) {
+    return parseOptions(T_MEMORY_SEGMENT, [&](int code) {
         if (code == T_BEGIN) {
-            code = nextToken(value);
+            code = nextToken();
             if (code == T_IF_DATA)
-                return parseIfData(page.get(), value);
+                return parseIfData(page.get());
         }
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     });
 }
 

@@ -10,14 +10,14 @@ namespace tavo {
 ///
 /// A BYTE_ORDER is the default of the types and comm params to come and goes to the module's comm
 /// params that are there already. It holds beyond the module, until the next one.
-int PhA2l::parseModCommon(PhGroup* group, PhTokenValue& value)
+int PhA2l::parseModCommon(PhGroup* group)
 {
     dropFields(1);
-    progress("  Parse MOD_COMMON '%s'\n", token_);
-    return parseOptions(value, T_MOD_COMMON, [&](int code) {
+    progress("  Parse MOD_COMMON '%s'\n", token().text);
+    return parseOptions(T_MOD_COMMON, [&](int code) {
         switch (code) {
         case T_BYTE_ORDER:
-            code = parseByteOrder(value, byteOrder_);
+            code = parseByteOrder(byteOrder_);
             for (PhCommParam* commParam : each<PhCommParam>(group->commParams()))
                 commParam->setEndian(byteOrder_);
             return code;
@@ -29,9 +29,9 @@ int PhA2l::parseModCommon(PhGroup* group, PhTokenValue& value)
         case T_DATA_SIZE:
         case T_DEPOSIT:
         case T_S_REC_LAYOUT:
-            return afterFields(value, 1);
+            return afterFields(1);
         default:
-            return unexpectedToken(value, code);
+            return unexpectedToken();
         }
     });
 }

@@ -4,11 +4,11 @@ namespace tavo {
 
 /// MOD_PAR comment { option x | SYSTEM_CONSTANT name x | MEMORY_SEGMENT ... |
 /// CALIBRATION_METHOD ... } /end MOD_PAR
-int PhA2l::parseModPar(PhGroup* group, PhTokenValue& value)
+int PhA2l::parseModPar(PhGroup* group)
 {
     dropFields(1);
-    progress("  Parse MOD_PAR '%s'\n", token_);
-    return parseOptions(value, T_MOD_PAR, [&](int code) {
+    progress("  Parse MOD_PAR '%s'\n", token().text);
+    return parseOptions(T_MOD_PAR, [&](int code) {
         switch (code) {
         case T_VERSION:
         case T_ADDR_EPK:
@@ -22,19 +22,19 @@ int PhA2l::parseModPar(PhGroup* group, PhTokenValue& value)
         case T_CPU_TYPE:
         case T_ECU_CALIBRATION_OFFSET:
         case T_NO_OF_INTERFACES:
-            return afterFields(value, 1);
+            return afterFields(1);
         case T_SYSTEM_CONSTANT:
-            return afterFields(value, 2);
+            return afterFields(2);
         case T_BEGIN:
-            code = nextToken(value);
+            code = nextToken();
             if (code == T_MEMORY_SEGMENT)
-                return parseMemorySegment(group, value);
+                return parseMemorySegment(group);
             if (code == T_CALIBRATION_METHOD)
-                return skipBlock(value, code);
+                return skipBlock(code);
             // Any other word counts as if it stood alone; even an /end closes the block.
             return code;
         default:
-            return unexpectedToken(value, code);
+            return unexpectedToken();
         }
     });
 }

@@ -59,13 +59,13 @@ int layoutFieldCount(int code)
 } // namespace
 
 /// RECORD_LAYOUT name { keyword fields } /end RECORD_LAYOUT, of which nothing is kept.
-int PhA2l::parseRecordLayout(PhTokenValue& value)
+int PhA2l::parseRecordLayout()
 {
     progress("  Parse RECORD_LAYOUT\n");
     dropFields(1);
-    return parseOptions(value, T_RECORD_LAYOUT, [&](int code) {
+    return parseOptions(T_RECORD_LAYOUT, [&](int code) {
         const int count = layoutFieldCount(code);
-        return count < 0 ? unexpectedToken(value, code) : afterFields(value, count);
+        return count < 0 ? unexpectedToken() : afterFields(count);
     });
 }
 

@@ -4,21 +4,21 @@ namespace tavo {
 
 /// USER_RIGHTS userLevel { READ_ONLY | /begin REF_GROUP { identifier } /end REF_GROUP }
 /// /end USER_RIGHTS, of which nothing is kept.
-int PhA2l::parseUserRights(PhTokenValue& value)
+int PhA2l::parseUserRights()
 {
     dropFields(1);
     progress("  Parse USER_RIGHTS\n");
-    return parseOptions(value, T_USER_RIGHTS, [&](int code) {
+    return parseOptions(T_USER_RIGHTS, [&](int code) {
         switch (code) {
         case T_READ_ONLY:
-            return nextToken(value);
+            return nextToken();
         case T_BEGIN:
-            code = nextToken(value);
+            code = nextToken();
             if (code == T_REF_GROUP)
-                return parseNameList(value, code, "Keyword %s expected after /end");
+                return parseNameList(code, "Keyword %s expected after /end");
             break;
         }
-        return unexpectedToken(value, code);
+        return unexpectedToken();
     });
 }
 
