@@ -10,6 +10,7 @@
 #include "model/PhType.h"
 #include "topology/PhEntity.h"
 #include "topology/PhGroup.h"
+#include "topology/Resolver.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -19,21 +20,9 @@ namespace tavo {
 
 namespace {
 
-/// One warning for each measurement whose conversion isn't defined anywhere.
-void warnOfConversions(const PhGroup& module, const std::string& file, Diagnostics& diagnostics)
+std::string quoted(const PhString& name)
 {
-    for (const PhEntity* entity : each<PhEntity>(module.entities())) {
-        const PhConversion* conversion = entity->type() ? entity->type()->conversion() : nullptr;
-        // The standard's name for no conversion at all.
-        if (!conversion || !conversion->isUnresolved() || conversion->name() == "NO_COMPU_METHOD")
-            continue;
-        const auto quoted = [](const PhString& name) {
-            return std::string("'") + (name.isNull() ? "" : name.cStr()) + "'";
-        };
-        diagnostics.warnAbout(file, "Conversion " + quoted(conversion->name()) +
-                                        " of measurement " + quoted(entity->name()) +
-                                        " is not defined");
-    }
+    return std::string("'").append(name.view()).append("'");
 }
 
 } // namespace
@@ -48,8 +37,10 @@ ExitCode Description::read(Diagnostics& diagnostics)
     });
     if (status != 0)
         return ExitCode::DescriptionFailed;
-    root_.resolve();
-    warnOfModel(diagnostics);
+    resolve(diagnostics);
+    const PhGroup* written = writtenModule();
+    if (!written || written->groupType() != PhGroupType::Module)
+        diagnostics.warnAbout(file_, "The first PROJECT has no MODULE, the configuration is empty");
     return ExitCode::AllWell;
 }
 
@@ -59,14 +50,18 @@ const PhGroup* Description::writtenModule() const
     return project ? writtenGroup(static_cast<PhGroup*>(project)) : nullptr;
 }
 
-void Description::warnOfModel(Diagnostics& diagnostics) const
+/// Gives one warning for each measurement whose conversion isn't defined anywhere.
+void Description::resolve(Diagnostics& diagnostics)
 {
-    for (const PhGroup* project : each<PhGroup>(root_.groups()))
-        for (const PhGroup* module : each<PhGroup>(project->groups()))
-            warnOfConversions(*module, file_, diagnostics);
-    const PhGroup* written = writtenModule();
-    if (!written || written->groupType() != PhGroupType::Module)
-        diagnostics.warnAbout(file_, "The first PROJECT has no MODULE, the configuration is empty");
+    Resolver resolver([&](const PhObject& placeholder, const PhEntity* entity) {
+        // The standard's name for no conversion at all, and what a conversion itself refers to.
+        if (placeholder.name() == "NO_COMPU_METHOD" || entity->type()->conversion() != &placeholder)
+            return;
+        diagnostics.warnAbout(file_, "Conversion " + quoted(placeholder.name()) +
+                                         " of measurement " + quoted(entity->name()) +
+                                         " is not defined");
+    });
+    resolver.resolve(root_);
 }
 
 int runReader(const std::string& file, Diagnostics& diagnostics,

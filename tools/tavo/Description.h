@@ -28,7 +28,7 @@ public:
     const PhGroup* writtenModule() const;
 
 private:
-    void warnOfModel(Diagnostics& diagnostics) const;
+    void resolve(Diagnostics& diagnostics);
 
     std::string file_;
     PhRoot root_;

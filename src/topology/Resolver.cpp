@@ -1,7 +1,4 @@
-// Name resolution. A description may refer to a conversion ahead of its definition; the reader puts
-// a placeholder there, which knows the name and nothing else. Once all is read, this pass replaces
-// the placeholders that entities reach. It never fails: a name that isn't found leaves its
-// placeholder in place, marked as reported.
+#include "topology/Resolver.h"
 
 #include "model/PhConversion.h"
 #include "model/PhList.h"
@@ -10,36 +7,13 @@
 #include "topology/PhGroup.h"
 #include "topology/PhRoot.h"
 
-#include <unordered_map>
-
 namespace tavo {
 
-namespace {
-
-constexpr const char* conversionUnresolved = "Conversion '%s' unresolved.\n";
-constexpr const char* typeUnresolved = "Type '%s' unresolved.\n";
-
-/// One run of the pass, over as much of a model as its first call is about. What it has come by is
-/// forgotten with it, so that the next run goes over everything again.
-class Resolver
+void Resolver::resolve(const PhRoot& root)
 {
-public:
-    explicit Resolver(PhRoot* root) : root_(root) {}
-
-    void resolve(const PhGroup& group);
-    void resolve(PhEntity& entity, const PhGroup& group);
-    void resolve(PhType& type, const PhGroup& group);
-    void resolve(PhConversion& conversion, const PhGroup& group);
-
-private:
-    template <class Object, class Find, class Store>
-    Object* resolved(Object* held, const char* warning, Find find, Store store);
-    bool leadsBack(const PhConversion* from, const PhConversion* start) const;
-
-    PhRoot* root_;
-    /// The conversions that were come by, each with the one at which that walk began.
-    std::unordered_map<const PhConversion*, const PhConversion*> walks_;
-};
+    for (PhGroup* group : each<PhGroup>(root.groups()))
+        resolve(*group);
+}
 
 void Resolver::resolve(const PhGroup& group)
 {
@@ -54,7 +28,7 @@ void Resolver::resolve(const PhGroup& group)
 /// destroys the placeholder. Null if there is nothing to go on with. A placeholder that is found by
 /// its own name is reported and gone on from.
 template <class Object, class Find, class Store>
-Object* Resolver::resolved(Object* held, const char* warning, Find find, Store store)
+Object* Resolver::resolved(Object* held, Find find, Store store)
 {
     if (!held || !held->isUnresolved() || held->isReported())
         return held;
@@ -64,16 +38,15 @@ Object* Resolver::resolved(Object* held, const char* warning, Find find, Store s
         return found;
     }
     held->setReported();
-    if (root_->logger())
-        root_->logger()->warning(warning, held->peekName().isNull() ? "" : held->peekName().cStr());
+    report_(*held, entity_);
     return found;
 }
 
 void Resolver::resolve(PhEntity& entity, const PhGroup& group)
 {
+    entity_ = &entity;
     PhType* next = resolved(
-        entity.type(), typeUnresolved,
-        [&](const PhString& name) { return group.resolveTypeByName(name); },
+        entity.type(), [&](const PhString& name) { return group.resolveTypeByName(name); },
         [&](PhType* found) { entity.setType(found); });
     if (next)
         resolve(*next, group);
@@ -82,8 +55,7 @@ void Resolver::resolve(PhEntity& entity, const PhGroup& group)
 void Resolver::resolve(PhType& type, const PhGroup& group)
 {
     PhConversion* next = resolved(
-        type.conversion(), conversionUnresolved,
-        [&](const PhString& name) { return group.resolveConversion(name); },
+        type.conversion(), [&](const PhString& name) { return group.resolveConversion(name); },
         [&](PhConversion* found) { type.setConversion(found); });
     if (next)
         resolve(*next, group);
@@ -96,7 +68,7 @@ void Resolver::resolve(PhConversion& conversion, const PhGroup& group)
     // with one long chain of conversions behind them don't make a walk each.
     while (owner && owner->conversion() && walks_.emplace(owner, &conversion).second) {
         owner = resolved(
-            owner->conversion(), conversionUnresolved,
+            owner->conversion(),
             // A reference that would close a circle stays a placeholder: the conversions would keep
             // one another alive for good.
             [&](const PhString& name) {
@@ -127,21 +99,41 @@ bool Resolver::leadsBack(const PhConversion* from, const PhConversion* start) co
     return false;
 }
 
-} // namespace
+namespace {
 
-void PhRoot::resolve()
+/// Warns the root's logger, if there is one.
+Resolver::Report warningsOf(const PhRoot* root)
 {
-    Resolver resolver(this);
-    for (PhGroup* group : each<PhGroup>(groups()))
-        resolver.resolve(*group);
+    return [root](const PhObject& placeholder, const PhEntity*) {
+        if (!root->logger())
+            return;
+        const bool isType = placeholder.classId() == PhClassType;
+        const PhString& name = placeholder.peekName();
+        root->logger()->warning(isType ? "Type '%s' unresolved.\n"
+                                       : "Conversion '%s' unresolved.\n",
+                                name.isNull() ? "" : name.cStr());
+    };
 }
 
-void PhGroup::resolve(PhRoot* root) { Resolver(root).resolve(*this); }
+} // namespace
 
-void PhEntity::resolve(PhRoot* root, PhGroup* group) { Resolver(root).resolve(*this, *group); }
+void PhRoot::resolve() { Resolver(warningsOf(this)).resolve(*this); }
 
-void PhType::resolve(PhRoot* root, PhGroup* group) { Resolver(root).resolve(*this, *group); }
+void PhGroup::resolve(PhRoot* root) { Resolver(warningsOf(root)).resolve(*this); }
 
-void PhConversion::resolve(PhRoot* root, PhGroup* group) { Resolver(root).resolve(*this, *group); }
+void PhEntity::resolve(PhRoot* root, PhGroup* group)
+{
+    Resolver(warningsOf(root)).resolve(*this, *group);
+}
+
+void PhType::resolve(PhRoot* root, PhGroup* group)
+{
+    Resolver(warningsOf(root)).resolve(*this, *group);
+}
+
+void PhConversion::resolve(PhRoot* root, PhGroup* group)
+{
+    Resolver(warningsOf(root)).resolve(*this, *group);
+}
 
 } // namespace tavo
