@@ -11,7 +11,8 @@
  * 4. The report and the diagnostics of a conversion go through the C library's `stdout` to the
  *    standard output of the process. The library never flushes it.
  * 5. Conversions in one process run one after the other, on whatever thread: the library starts no
- *    thread, takes no lock, and shares two counters between calls.
+ *    thread and takes no lock. Three counters outlive a call, of which one shows: the number of
+ *    the next source, see `tavoInitialize`.
  * 6. A null `inputPath` counts as a path without the extension (TAVO_UNKNOWN_EXTENSION), a null
  *    `outputPath` as one that can't be opened (TAVO_OUTPUT_NOT_OPENED).
  * 7. Nothing of the process is changed: no locale, no signal handler, no current folder. Numbers

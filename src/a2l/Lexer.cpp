@@ -127,6 +127,7 @@ bool Lexer::skipComment()
                 return true;
             }
         } else {
+            // The second "Error" is frozen, see "What hosts rely on" in docs/architecture.md.
             char text[64];
             std::snprintf(text, sizeof text, "Error: Unexpected EOF in Comment (Line %d)",
                           startLine);

@@ -2,7 +2,7 @@
 
 /// The token codes: plain numbers in one space, shared with the single characters that start no
 /// token. So the character '#' has the code of ASAP2_VERSION and passes for it, and bytes from 0x80
-/// on have negative codes.
+/// on have negative codes. Hosts rely on the numbers (docs/architecture.md).
 ///
 /// A keyword's enumerator is `T_` plus the word. The core vocabulary stands in the namespace of the
 /// library itself, the others in namespaces of their own, since they share words with it.

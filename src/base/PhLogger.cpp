@@ -6,6 +6,7 @@ namespace tavo {
 
 void PhLogger::report(const Diagnostic& diagnostic)
 {
+    // Hosts rely on the format (docs/architecture.md).
     const char* file = diagnostic.file ? diagnostic.file : "";
     switch (diagnostic.severity) {
     case Severity::Error:

@@ -14,7 +14,8 @@
 
 namespace tavo {
 
-/// Size of the buffer that every message is built in. A longer text is cut, never refused.
+/// Size of the buffer that every message is built in. A longer text is cut, never refused. Hosts
+/// rely on it (docs/architecture.md).
 constexpr int messageCapacity = 500;
 
 /// Where a host may take the messages of a reader or of a model's root. The library only calls it:

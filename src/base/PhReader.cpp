@@ -22,6 +22,7 @@ void PhReader::report(const Diagnostic& diagnostic)
         logger_->report(diagnostic);
         return;
     }
+    // Hosts rely on the form (docs/architecture.md).
     static constexpr const char* words[] = {"Error", "Warning", "Note"};
     log("%s (%s:%d): %s\n", words[static_cast<int>(diagnostic.severity)],
         diagnostic.file ? diagnostic.file : "", diagnostic.line, diagnostic.text);

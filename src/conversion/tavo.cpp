@@ -17,6 +17,8 @@ bool hasKnownExtension(const char* path)
     return path && (std::strstr(path, ".a2l") || std::strstr(path, ".A2L"));
 }
 
+/// The report is frozen, odd words included, and nothing here flushes it: "What hosts rely on" in
+/// docs/architecture.md.
 std::int32_t convert(const char* inputPath, const char* outputPath)
 {
     if (!hasKnownExtension(inputPath)) {
@@ -39,7 +41,7 @@ std::int32_t convert(const char* inputPath, const char* outputPath)
         root.resolve();
         result = writeDaqFile(&root, outputPath) == 0 ? TAVO_OK : TAVO_OUTPUT_NOT_OPENED;
     }
-    reader.reset(); // ahead of the root
+    reader.reset(); // before the root
     return result;
 }
 

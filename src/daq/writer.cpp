@@ -1,3 +1,5 @@
+// The sections of a configuration. Hosts rely on every byte (docs/architecture.md).
+
 #include "daq/writer.h"
 
 #include "daq/ConfigurationStream.h"

@@ -15,7 +15,7 @@ int PhA2l::parseAnnotation()
         case T_BEGIN:
             code = nextToken();
             if (code == T_ANNOTATION_TEXT)
-                // The message is known by this byte, an upper-case A with diaeresis in Latin-1.
+                // Hosts rely on this byte (docs/architecture.md), an A with diaeresis in Latin-1.
                 return parseOpenRun(T_STRING, code, "Keyword '%s\xC4 expected after /end");
             break;
         }

@@ -14,6 +14,7 @@ int PhA2l::parseUserRights()
             return nextToken();
         case T_BEGIN:
             code = nextToken();
+            // The message has no quotes, which hosts rely on (docs/architecture.md).
             if (code == T_REF_GROUP)
                 return parseNameList(code, "Keyword %s expected after /end");
             break;
