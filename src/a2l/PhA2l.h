@@ -99,7 +99,7 @@ private:
     template <class Option>
     int parseSection(const PhKeywordTable& vocabulary, const char* name, Option option);
     template <class Enumeration> Enumeration readWord(Enumeration (*meaning)(int code));
-    PhValue* createValue();
+    PhValue readNumber();
     int skipBlock(int keyword);
     int unexpectedToken();
     void warnUnexpectedToken();
@@ -135,10 +135,10 @@ private:
     int parseCompuVtabRange(PhGroup* group);
     int parseTable(PhGroup* group, int keyword);
     void parseTableType(int keyword);
-    bool readRow(PhRange* row, int keyword);
+    bool readRow(PhConversion& table, int keyword);
     bool readDouble(PhValue& number);
     bool readRounded(PhValue& number);
-    bool readString(PhValue& text);
+    bool readString(std::string_view& text);
 
     // The blocks that are read for their form only.
     int parseCharacteristic();

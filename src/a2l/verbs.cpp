@@ -202,16 +202,19 @@ int PhA2l::expectClosed(int code, int keyword)
     return unexpectedToken();
 }
 
-/// The value of the current token if it is a number, which the caller owns; for any other token a
-/// warning and null.
-PhValue* PhA2l::createValue()
+/// The value of the next token, which should be a number; for any other token a warning and no
+/// value.
+PhValue PhA2l::readNumber()
 {
-    if (token().code == T_INTEGER)
-        return new PhValue(token().integer);
-    if (token().code == T_DOUBLE)
-        return new PhValue(token().real);
-    warnUnexpectedToken();
-    return nullptr;
+    switch (nextToken()) {
+    case T_INTEGER:
+        return PhValue(token().integer);
+    case T_DOUBLE:
+        return PhValue(token().real);
+    default:
+        warnUnexpectedToken();
+        return PhValue();
+    }
 }
 
 /// Drops a block with all blocks inside it, up to its `/end` and keyword. The end of the file comes

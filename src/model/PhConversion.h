@@ -3,6 +3,8 @@
 #include "model/PhObject.h"
 #include "model/enumerations.h"
 
+#include <string_view>
+
 namespace tavo {
 
 class PhGroup;
@@ -42,15 +44,25 @@ public:
     PhConversion* conversion() const;
     void setConversion(PhConversion* conversion);
 
-    /// The rows of the table in file order, as `PhRange`.
+    /// The rows of the table in file order, as `PhRange`. Rows that were appended without an object
+    /// become objects when the list is first asked for, which can run out of memory.
     PhList* ranges() const;
     void appendRange(PhRange* range);
+    /// Append a row whose limit markers are set. As long as nobody asks for the list, it takes some
+    /// twenty bytes and its text if its limits are plain numbers, and its result one or a text.
+    void appendRow(const PhValue& lower, const PhValue& upper, const PhValue& result);
+    /// The same for a text, which may end at a NUL in it.
+    void appendRow(const PhValue& lower, const PhValue& upper, std::string_view result);
 
     /// The coefficients as `PhValue`, highest power first, so that the constant term stands last.
+    /// Plain numbers become objects when one of the lists is first asked for, which can run out of
+    /// memory.
     PhList* numerator() const;
     PhList* denominator() const;
     PhList* createNumerator();
     PhList* createDenominator();
+    /// Makes both lists, but no objects yet, if they are missing.
+    void createCoefficients();
     /// Append a copy; the argument stays the caller's.
     void appendNumerator(const PhValue& coefficient);
     void appendDenominator(const PhValue& coefficient);

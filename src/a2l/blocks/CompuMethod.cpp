@@ -80,36 +80,32 @@ int PhA2l::parseCompuMethod(PhGroup* group)
 /// second COEFFS adds behind the first.
 void PhA2l::parseCoeffs(PhConversion* conversion)
 {
-    const auto read = [&] {
-        nextToken();
-        return createValue();
+    const PhValue a = readNumber();
+    const PhValue b = readNumber();
+    PhValue c = readNumber();
+    const PhValue d = readNumber();
+    const PhValue e = readNumber();
+    PhValue f = readNumber();
+    const auto zero = [](const PhValue& number) { return !number.isValid() || number.isZero(); };
+    const auto above = [&](const PhValue& number) {
+        if (number.isValid())
+            conversion->appendNumerator(number);
     };
-    const PhHold<PhValue> a(read());
-    const PhHold<PhValue> b(read());
-    const PhHold<PhValue> c(read());
-    const PhHold<PhValue> d(read());
-    const PhHold<PhValue> e(read());
-    const PhHold<PhValue> f(read());
-    const auto zero = [](const PhHold<PhValue>& number) {
-        return !number.get() || number->isZero();
-    };
-    const auto negated = [](const PhHold<PhValue>& number) {
-        if (number.get())
-            number->negate();
-        return number.get();
+    const auto below = [&](const PhValue& number) {
+        if (number.isValid())
+            conversion->appendDenominator(number);
     };
 
-    PhList* numerator = conversion->createNumerator();
-    PhList* denominator = conversion->createDenominator();
+    conversion->createCoefficients();
     if (zero(a) && zero(d) && zero(e)) {
-        numerator->append(f.get());
-        numerator->append(negated(c));
-        denominator->append(b.get());
+        above(f);
+        above(c.negate());
+        below(b);
     } else if (zero(a) && zero(b) && zero(d)) {
-        numerator->append(negated(f));
-        numerator->append(c.get());
-        denominator->append(e.get());
-        denominator->append(new PhValue(0));
+        above(f.negate());
+        above(c);
+        below(e);
+        below(PhValue(0));
     } else {
         warning("Unable to compute inverse function in conversion '%s'",
                 conversion->peekName().cStr());

@@ -3,7 +3,6 @@
 #include "a2l/PhA2l.h"
 
 #include "model/PhConversion.h"
-#include "model/PhRange.h"
 #include "model/PhValue.h"
 #include "model/decimal.h"
 #include "model/ownership.h"
@@ -56,12 +55,9 @@ int PhA2l::parseTable(PhGroup* group, int keyword)
         error("Integer value (element count) expected");
         return T_ERROR;
     }
-    for (std::int32_t count = token().integer; count > 0; --count) {
-        const PhHold<PhRange> row(new PhRange);
-        if (!readRow(row.get(), keyword))
+    for (std::int32_t count = token().integer; count > 0; --count)
+        if (!readRow(*table, keyword))
             return T_ERROR;
-        table->appendRange(row.get());
-    }
     return parseOptions(keyword, [&](int code) {
         if (code != T_DEFAULT_VALUE)
             return unexpectedToken();
@@ -86,31 +82,29 @@ void PhA2l::parseTableType(int keyword)
 }
 
 /// Reads one row of a table. False, with an error, if a value isn't of the kind that belongs there.
-bool PhA2l::readRow(PhRange* row, int keyword)
+bool PhA2l::readRow(PhConversion& table, int keyword)
 {
     PhValue lower;
     PhValue upper;
     PhValue result;
-    bool complete = false;
+    std::string_view text;
     switch (keyword) {
     case T_COMPU_TAB:
-        complete = readDouble(lower) && readDouble(result);
-        break;
+        if (!readDouble(lower) || !readDouble(result))
+            return false;
+        table.appendRow(lower, lower, result);
+        return true;
     case T_COMPU_VTAB:
-        complete = readRounded(lower) && readString(result);
-        break;
+        if (!readRounded(lower) || !readString(text))
+            return false;
+        table.appendRow(lower, lower, text);
+        return true;
     default:
-        complete = readDouble(lower) && readDouble(upper) && readString(result);
-        break;
+        if (!readDouble(lower) || !readDouble(upper) || !readString(text))
+            return false;
+        table.appendRow(lower, upper, text);
+        return true;
     }
-    if (!complete)
-        return false;
-    row->setLowerLimitFlag(1);
-    row->setUpperLimitFlag(1);
-    row->setLowerLimit(lower);
-    row->setUpperLimit(keyword == T_COMPU_VTAB_RANGE ? upper : lower);
-    row->setResult(result);
-    return true;
 }
 
 bool PhA2l::readDouble(PhValue& number)
@@ -145,13 +139,14 @@ bool PhA2l::readRounded(PhValue& number)
     }
 }
 
-bool PhA2l::readString(PhValue& text)
+/// The text is valid until the next token is read.
+bool PhA2l::readString(std::string_view& text)
 {
     if (nextToken() != T_STRING) {
         error("String value expected");
         return false;
     }
-    text = PhString(token().text);
+    text = token().text;
     return true;
 }
 
