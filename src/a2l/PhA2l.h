@@ -104,6 +104,7 @@ private:
     int unexpectedToken();
     void warnUnexpectedToken();
     int parseByteOrder(PhEndian& byteOrder);
+    const PhString& sharedName(std::string_view name);
     PhConversion* conversionByName(PhGroup* group, std::string_view name);
     void progress(const char* format, std::string_view text = {});
 
@@ -181,8 +182,8 @@ private:
     int parseXcpEvent(PhCommParam* commParam);
 
     Lexer lexer_; ///< Open during `readFile` and `print_tokens` only.
-    /// Names that were looked up lately, by their hash: placeholders of one name share its text.
-    PhString lookedUp_[1024];
+    /// Names that were given lately, by their hash: objects of one name share its text.
+    PhString sharedNames_[1024];
     /// Default of the types and comm params made from here on: the last BYTE_ORDER of a MOD_COMMON.
     PhEndian byteOrder_ = PhEndian::Undefined;
 };

@@ -246,13 +246,20 @@ int PhA2l::parseByteOrder(PhEndian& byteOrder)
     return nextToken();
 }
 
+/// A text that is likely to be given again soon. The reference is valid until the next call.
+const PhString& PhA2l::sharedName(std::string_view name)
+{
+    PhString& shared = sharedNames_[std::hash<std::string_view>()(name) % std::size(sharedNames_)];
+    if (shared.isNull() || shared.view() != name)
+        shared.set(name);
+    return shared;
+}
+
 /// The conversion of this name in `group` or above; if none was read yet, a new placeholder, which
 /// stands in no list and is the caller's to store.
 PhConversion* PhA2l::conversionByName(PhGroup* group, std::string_view name)
 {
-    PhString& wanted = lookedUp_[std::hash<std::string_view>()(name) % std::size(lookedUp_)];
-    if (wanted.isNull() || wanted.view() != name)
-        wanted.set(name);
+    const PhString& wanted = sharedName(name);
     if (PhConversion* conversion = group->resolveConversion(wanted))
         return conversion;
     auto placeholder = std::make_unique<PhConversion>();

@@ -72,7 +72,7 @@ Ending Host::wait()
     while (wait4(process_, &status, 0, &usage) < 0 && errno == EINTR) {
     }
     Ending ending;
-    ending.peakMegabytes = usage.ru_maxrss / 1024;
+    ending.peakBytes = usage.ru_maxrss * 1024;
     if (WIFEXITED(status))
         ending.status = WEXITSTATUS(status);
     else

@@ -12,9 +12,9 @@ bool isFull();
 /// How a host program ended.
 struct Ending
 {
-    int status = -1;        ///< Its exit status; -1 if a signal ended it.
-    int signal = 0;         ///< The signal that ended it, or 0.
-    long peakMegabytes = 0; ///< The most memory that it had.
+    int status = -1;    ///< Its exit status; -1 if a signal ended it.
+    int signal = 0;     ///< The signal that ended it, or 0.
+    long peakBytes = 0; ///< The most memory that it had.
 };
 
 /// Runs the smallest host there is, `tavo-host`, in a process of its own: with a stack of 256 KiB,

@@ -33,7 +33,7 @@ PhValue* appendListValue(PhList* list)
 }
 
 /// Appends an integer under `name`, which is null for one without a name.
-void appendInteger(PhList* list, const char* name, std::int32_t number)
+void appendInteger(PhList* list, const PhString& name, std::int32_t number)
 {
     const PhHold<PhValue> entry(new PhValue(number));
     entry->setName(name);
@@ -93,8 +93,8 @@ int PhA2l::parseCcpSource(PhCommParam* commParam)
 {
     PhValue* source = appendListValue(collection(commParam, "sources"));
     source->setName(readText());
-    appendInteger(source->list(), "scaling_unit", readInteger());
-    appendInteger(source->list(), "period", readInteger());
+    appendInteger(source->list(), sharedName("scaling_unit"), readInteger());
+    appendInteger(source->list(), sharedName("period"), readInteger());
     progress("  Parse IF_DATA ASAP1B_CCP/SOURCE\n");
     return parseOptions(ccp::T_SOURCE, [&](int code) {
         switch (code) {
@@ -168,7 +168,7 @@ int PhA2l::parseCcpEventGroup(PhCommParam* commParam)
     while (code == ccp::T_RASTER) {
         if (!rasters) {
             rasters = appendListValue(group->list());
-            rasters->setName("rasters");
+            rasters->setName(sharedName("rasters"));
         }
         appendInteger(rasters->list(), nullptr, readInteger());
         code = nextToken();
