@@ -33,7 +33,7 @@ python)
     [ -z "$(python3 "$sources/examples/host.py" "$sources/examples/engine.a2l" engine.ini)" ]
     ;;
 program)
-    tavo --version | grep -F "$version"
+    tavo --version | grep -Ex "tavo ${version//./\\.}( \([0-9a-f]{7,}\+?\))?"
     tavo convert "$sources/examples/engine.a2l" engine.ini
     prefix=$(dirname "$(dirname "$(command -v tavo)")")
     for file in share/man/man1/tavo.1 share/bash-completion/completions/tavo \

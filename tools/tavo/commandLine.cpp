@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "StandardOutput.h"
 #include "commands.h"
+#include "version.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,8 +12,6 @@
 namespace tavo {
 
 namespace {
-
-constexpr const char* version = "tavo " TAVO_VERSION "\n";
 
 constexpr const char* programFooter = R"(Examples:
   tavo convert ecu.a2l                            writes ecu.ini
@@ -208,7 +207,7 @@ ExitCode runCommandLine(int argc, char** argv, Console& console)
         "Turns ECU descriptions (ASAM MCD-2 MC, .a2l) into data-acquisition configurations.");
     app.formatter(std::make_shared<HelpFormatter>("Usage: tavo COMMAND [OPTIONS] ...\n"));
     app.footer(programFooter);
-    app.set_version_flag("-V,--version", version, "Show the version");
+    app.set_version_flag("-V,--version", versionLine, "Show the version");
     app.set_help_flag("-h,--help", "Show this help");
     app.require_subcommand(1);
     addConvert(app, arguments);
@@ -223,7 +222,7 @@ ExitCode runCommandLine(int argc, char** argv, Console& console)
             StandardOutput::print((commands.empty() ? &app : commands.front())->help());
             return ExitCode::AllWell;
         } catch (const CLI::CallForVersion&) {
-            StandardOutput::print(version);
+            StandardOutput::print(versionLine);
             return ExitCode::AllWell;
         } catch (const CLI::ParseError& error) {
             throw usageFailure(app, error);
