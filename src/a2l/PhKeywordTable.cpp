@@ -2,9 +2,7 @@
 
 #include "a2l/tokens.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <new>
 
 namespace tavo {
 
@@ -47,11 +45,6 @@ constexpr PhKeywordEntry kwpEntries[] = {
     {nullptr, -1},
 };
 
-template <std::size_t Size> constexpr std::size_t rows(const PhKeywordEntry (&)[Size])
-{
-    return Size - 1;
-}
-
 template <std::size_t Size> constexpr bool codesDiffer(const PhKeywordEntry (&entries)[Size])
 {
     for (std::size_t i = 0; i < Size; ++i)
@@ -61,81 +54,22 @@ template <std::size_t Size> constexpr bool codesDiffer(const PhKeywordEntry (&en
     return true;
 }
 
-template <std::size_t Size> constexpr bool wordsFit(const PhKeywordEntry (&entries)[Size])
-{
-    return std::all_of(entries, entries + Size - 1, [](const PhKeywordEntry& entry) {
-        return std::string_view(entry.text).size() <= PhKeywordTable::longest;
-    });
-}
+static_assert(codesDiffer(coreEntries) && codesDiffer(enumEntries) && codesDiffer(ccpEntries) &&
+              codesDiffer(xcpEntries) && codesDiffer(kwpEntries));
 
-static_assert(wordsFit(coreEntries) && wordsFit(enumEntries) && wordsFit(ccpEntries) &&
-              wordsFit(xcpEntries) && wordsFit(kwpEntries));
-static_assert(rows(coreEntries) == 154 && codesDiffer(coreEntries));
-static_assert(rows(enumEntries) == 42 && codesDiffer(enumEntries));
-static_assert(rows(ccpEntries) == 53 && codesDiffer(ccpEntries));
-static_assert(rows(xcpEntries) == 211 && codesDiffer(xcpEntries));
-static_assert(rows(kwpEntries) == 31 && codesDiffer(kwpEntries));
+constexpr PhKeywordSlots<401> coreSlots(coreEntries);
+constexpr PhKeywordSlots<101> enumSlots(enumEntries);
+constexpr PhKeywordSlots<201> ccpSlots(ccpEntries);
+constexpr PhKeywordSlots<301> xcpSlots(xcpEntries);
+constexpr PhKeywordSlots<101> kwpSlots(kwpEntries);
 
 } // namespace
 
-const PhKeywordTable coreKeywords(coreEntries, 400);
-const PhKeywordTable enumKeywords(enumEntries, 100);
-const PhKeywordTable ccpKeywords(ccpEntries, 200);
-const PhKeywordTable xcpKeywords(xcpEntries, 300);
-const PhKeywordTable kwpKeywords(kwpEntries, 100);
-
-std::uint32_t keywordHash(const char* text)
-{
-    return text ? keywordHash(std::string_view(text)) : 0;
-}
-
-std::uint32_t keywordHash(std::string_view text)
-{
-    // Nothing climbs above bit 23 within the first sixteen bytes.
-    constexpr std::size_t withoutFold = 16;
-    std::uint32_t hash = 0;
-    for (const char c : text.substr(0, withoutFold))
-        hash = hash * 2 + static_cast<unsigned char>(c);
-    for (std::size_t i = withoutFold; i < text.size(); ++i)
-        hash = keywordHashStep(hash, static_cast<unsigned char>(text[i]));
-    return hash;
-}
-
-namespace {
-
-std::uint64_t lastCharacterBit(std::string_view text)
-{
-    return std::uint64_t{1} << (static_cast<unsigned char>(text.back()) & 63U);
-}
-
-} // namespace
-
-PhKeywordTable::PhKeywordTable(const PhKeywordEntry* entries, std::int32_t size)
-    : entries_(entries), slotCount_(static_cast<std::uint32_t>(size) + 1)
-{
-    for (const PhKeywordEntry* entry = entries_; entry->text; ++entry) {
-        const std::string_view text = entry->text;
-        lastCharacters_[text.size()] |= lastCharacterBit(text);
-    }
-    rebuild();
-}
-
-void PhKeywordTable::rebuild()
-{
-    if (!slots_)
-        slots_.reset(new (std::nothrow) PhKeywordSlot[slotCount_]);
-    if (!slots_)
-        return;
-    std::fill_n(slots_.get(), slotCount_, PhKeywordSlot());
-    for (const PhKeywordEntry* entry = entries_; entry->text; ++entry) {
-        const std::string_view text = entry->text;
-        const std::uint32_t hash = keywordHash(text);
-        std::uint32_t slot = hash % slotCount_;
-        while (slots_[slot].entry)
-            slot = (slot + 1) % slotCount_;
-        slots_[slot] = {hash, static_cast<std::uint32_t>(text.size()), entry};
-    }
-}
+constinit const PhKeywordTable coreKeywords(coreEntries, coreSlots);
+constinit const PhKeywordTable enumKeywords(enumEntries, enumSlots);
+constinit const PhKeywordTable ccpKeywords(ccpEntries, ccpSlots);
+constinit const PhKeywordTable xcpKeywords(xcpEntries, xcpSlots);
+constinit const PhKeywordTable kwpKeywords(kwpEntries, kwpSlots);
 
 bool PhKeywordTable::mayHold(std::string_view text) const
 {
@@ -147,17 +81,14 @@ std::int32_t PhKeywordTable::lookup(std::string_view text) const
 {
     if (!mayHold(text))
         return 0;
-    if (!slots_) {
-        for (const PhKeywordEntry* entry = entries_; entry->text; ++entry)
-            if (text == entry->text)
-                return entry->code;
-        return 0;
-    }
     const std::uint32_t hash = keywordHash(text);
-    for (std::uint32_t i = hash % slotCount_; slots_[i].entry; i = (i + 1) % slotCount_) {
+    for (std::uint32_t i = hash % slotCount_; slots_[i].row != 0; i = (i + 1) % slotCount_) {
         const PhKeywordSlot& slot = slots_[i];
-        if (slot.hash == hash && text == std::string_view(slot.entry->text, slot.length))
-            return slot.entry->code;
+        if (slot.hash != hash)
+            continue;
+        const PhKeywordEntry& entry = entries_[slot.row - 1];
+        if (text == std::string_view(entry.text, slot.length))
+            return entry.code;
     }
     return 0;
 }
