@@ -138,7 +138,7 @@ PhObject* PhList::findByName(const PhString& name) const
 }
 
 /// The index of names, made anew if there is none or it can't be relied upon.
-const PhNameIndex& PhList::nameIndex() const
+PhNameIndex& PhList::nameIndex() const
 {
     if (!nameIndex_ || nameIndex_->isStale()) {
         auto index = std::make_unique<PhNameIndex>();

@@ -97,7 +97,7 @@ private:
     void insert(PhObject* object, PhListNode* before, PhListNode* behind);
     void join(PhListNode* left, PhListNode* right);
     void indexName(PhObject* object) noexcept;
-    const PhNameIndex& nameIndex() const;
+    PhNameIndex& nameIndex() const;
     template <class Matches> PhListNode* findNode(Matches matches) const;
 
     PhListNode* head_ = nullptr;

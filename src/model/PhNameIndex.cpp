@@ -23,6 +23,7 @@ void PhNameIndex::append(PhObject* object)
     object->setNameIndexed();
     if (object->peekName().isNull())
         return;
+    ++callCount_;
     if (!ordered_.empty()) {
         ordered_.insert(object);
         return;
@@ -30,22 +31,23 @@ void PhNameIndex::append(PhObject* object)
     if (count_ * 2 >= slots_.size())
         grow();
     const std::size_t hash = hashOf(object->peekName());
-    const std::size_t place = slotOf(object->peekName(), hash);
-    if (slots_[place].object)
-        return;
-    slots_[place] = {hash, object};
-    ++count_;
-    constexpr std::size_t farAway = 1000;
-    const std::size_t mask = slots_.size() - 1;
-    if (((place - hash) & mask) > farAway)
-        becomeOrdered();
+    Slot& slot = slots_[slotOf(object->peekName(), hash)];
+    if (!slot.object) {
+        slot = {hash, object};
+        ++count_;
+    }
+    becomeOrderedIfSlow();
 }
 
-void PhNameIndex::becomeOrdered()
+void PhNameIndex::becomeOrderedIfSlow()
 {
+    if (stepCount_ <= stepLimit())
+        return;
+    std::set<PhObject*, ByName> ordered;
     for (const Slot& slot : slots_)
         if (slot.object)
-            ordered_.insert(slot.object);
+            ordered.insert(slot.object);
+    ordered_.swap(ordered);
     slots_ = {};
 }
 
@@ -64,23 +66,27 @@ bool PhNameIndex::ByName::operator()(std::string_view left, const PhObject* righ
     return left < right->peekName().view();
 }
 
-PhObject* PhNameIndex::find(const PhString& name) const
+PhObject* PhNameIndex::find(const PhString& name)
 {
-    if (!ordered_.empty()) {
-        const auto found = ordered_.find(name.view());
-        return found == ordered_.end() ? nullptr : *found;
+    ++callCount_;
+    if (ordered_.empty() && !slots_.empty()) {
+        PhObject* found = slots_[slotOf(name, hashOf(name))].object;
+        becomeOrderedIfSlow();
+        return found;
     }
-    return slots_.empty() ? nullptr : slots_[slotOf(name, hashOf(name))].object;
+    const auto found = ordered_.find(name.view());
+    return found == ordered_.end() ? nullptr : *found;
 }
 
 /// The slot of the object of this name, or the free slot where it would be.
-std::size_t PhNameIndex::slotOf(const PhString& name, std::size_t hash) const
+std::size_t PhNameIndex::slotOf(const PhString& name, std::size_t hash)
 {
     const std::size_t mask = slots_.size() - 1;
     std::size_t i = hash & mask;
-    while (slots_[i].object &&
-           (slots_[i].hash != hash || !sameText(slots_[i].object->peekName(), name)))
-        i = (i + 1) & mask;
+    for (; slots_[i].object &&
+           (slots_[i].hash != hash || !sameText(slots_[i].object->peekName(), name));
+         i = (i + 1) & mask)
+        ++stepCount_;
     return i;
 }
 
@@ -93,8 +99,8 @@ void PhNameIndex::grow()
         if (!slot.object)
             continue;
         std::size_t i = slot.hash & mask;
-        while (slots[i].object)
-            i = (i + 1) & mask;
+        for (; slots[i].object; i = (i + 1) & mask)
+            ++stepCount_;
         slots[i] = slot;
     }
     slots_.swap(slots);

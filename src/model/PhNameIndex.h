@@ -18,6 +18,10 @@ class PhObject;
 /// the head would give, and grows.
 ///
 /// It stays right while objects are appended; anything else that happens to the list must drop it.
+///
+/// Whatever the names are, n calls take no more than about n log n steps. Names can be made so that
+/// they share their places in a table, or fill a long row of places beside one another. So the
+/// steps beyond the first one are counted, and an index that takes too many becomes an ordered one.
 class PhNameIndex
 {
 public:
@@ -27,8 +31,15 @@ public:
     bool isStale() const;
     /// Enters the object at the list's tail. One of the same name that is there already stays.
     void append(PhObject* object);
-    /// The first object of this name, or null. `name` is not null.
-    PhObject* find(const PhString& name) const;
+    /// The first object of this name, or null. `name` is not null. Should memory run out, which
+    /// can happen once, all stays as it is.
+    PhObject* find(const PhString& name);
+
+    /// The calls of `append` and `find` so far, and the places that they looked at in vain.
+    std::size_t callCount() const { return callCount_; }
+    std::size_t stepCount() const { return stepCount_; }
+    /// As many steps as are allowed before the index becomes an ordered one.
+    std::size_t stepLimit() const { return 8 * callCount_ + 1000; }
 
 private:
     struct Slot
@@ -46,16 +57,16 @@ private:
         bool operator()(std::string_view left, const PhObject* right) const;
     };
 
-    std::size_t slotOf(const PhString& name, std::size_t hash) const;
+    std::size_t slotOf(const PhString& name, std::size_t hash);
     void grow();
-    void becomeOrdered();
+    void becomeOrderedIfSlow();
 
     std::vector<Slot> slots_; ///< A power of two, at most half of them taken.
     std::size_t count_ = 0;
     std::uint64_t nameChanges_; ///< When this index was made.
-    /// Takes the place of the slots when many names share a place, as names made for that purpose
-    /// do: else each look-up would walk over all of them.
-    std::set<PhObject*, ByName> ordered_;
+    std::size_t callCount_ = 0;
+    std::size_t stepCount_ = 0;
+    std::set<PhObject*, ByName> ordered_; ///< Takes the place of the slots once it isn't empty.
 };
 
 } // namespace tavo
