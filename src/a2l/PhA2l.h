@@ -99,7 +99,8 @@ private:
     template <class Option>
     int parseSection(const PhKeywordTable& vocabulary, const char* name, Option option);
     template <class Enumeration> Enumeration readWord(Enumeration (*meaning)(int code));
-    PhValue readNumber();
+    bool readNumber();
+    PhValue number() const;
     int skipBlock(int keyword);
     int unexpectedToken();
     void warnUnexpectedToken();
@@ -134,12 +135,11 @@ private:
     int parseCompuTab(PhGroup* group);
     int parseCompuVtab(PhGroup* group);
     int parseCompuVtabRange(PhGroup* group);
-    int parseTable(PhGroup* group, int keyword);
-    void parseTableType(int keyword);
-    bool readRow(PhConversion& table, int keyword);
-    bool readDouble(PhValue& number);
-    bool readRounded(PhValue& number);
-    bool readString(std::string_view& text);
+    struct TableKind;
+    int parseTable(PhGroup* group, const TableKind& kind);
+    void parseTableType(const TableKind& kind);
+    bool parseTableRow(PhConversion& table, const TableKind& kind);
+    bool readTableNumber(PhValue& result, bool isRounded);
 
     // The blocks that are read for their form only.
     int parseCharacteristic();

@@ -18,7 +18,7 @@ PhEndian byteOrderOf(int code)
 {
     switch (code) {
     // LITTLE_ENDIAN goes with MSB_FIRST and BIG_ENDIAN with MSB_LAST, not the reverse: descriptions
-    // use these two words with their meanings exchanged.
+    // use these two words with their meanings exchanged. Hosts rely on it (docs/architecture.md).
     case enumWord::T_MSB_FIRST:
     case enumWord::T_LITTLE_ENDIAN:
         return PhEndian::BigEndian;
@@ -202,19 +202,17 @@ int PhA2l::expectClosed(int code, int keyword)
     return unexpectedToken();
 }
 
-/// The value of the next token, which should be a number; for any other token a warning and no
-/// value.
-PhValue PhA2l::readNumber()
+/// Reads a field. False if it is no number; what to say about that is the caller's matter.
+bool PhA2l::readNumber()
 {
-    switch (nextToken()) {
-    case T_INTEGER:
-        return PhValue(token().integer);
-    case T_DOUBLE:
-        return PhValue(token().real);
-    default:
-        warnUnexpectedToken();
-        return PhValue();
-    }
+    const int code = nextToken();
+    return code == T_INTEGER || code == T_DOUBLE;
+}
+
+/// The current token, a number, as a value of its kind, integer or double.
+PhValue PhA2l::number() const
+{
+    return token().code == T_INTEGER ? PhValue(token().integer) : PhValue(token().real);
 }
 
 /// Drops a block with all blocks inside it, up to its `/end` and keyword. The end of the file comes

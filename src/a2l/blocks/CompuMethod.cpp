@@ -80,12 +80,18 @@ int PhA2l::parseCompuMethod(PhGroup* group)
 /// second COEFFS adds behind the first.
 void PhA2l::parseCoeffs(PhConversion* conversion)
 {
-    const PhValue a = readNumber();
-    const PhValue b = readNumber();
-    PhValue c = readNumber();
-    const PhValue d = readNumber();
-    const PhValue e = readNumber();
-    PhValue f = readNumber();
+    const auto read = [&] {
+        if (readNumber())
+            return number();
+        warnUnexpectedToken();
+        return PhValue();
+    };
+    const PhValue a = read();
+    const PhValue b = read();
+    PhValue c = read();
+    const PhValue d = read();
+    const PhValue e = read();
+    PhValue f = read();
     const auto zero = [](const PhValue& number) { return !number.isValid() || number.isZero(); };
     const auto above = [&](const PhValue& number) {
         if (number.isValid())

@@ -8,47 +8,69 @@
 #include "model/ownership.h"
 #include "topology/PhGroup.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace tavo {
 
-namespace {
-
-const char* progressLine(int keyword)
+/// What the three kinds differ in.
+struct PhA2l::TableKind
 {
-    switch (keyword) {
-    case T_COMPU_TAB:
-        return "  Parse COMPU_TAB '%s'\n";
-    case T_COMPU_VTAB:
-        return "  Parse COMPU_VTAB '%s'\n";
-    default:
-        return "  Parse COMPU_VTAB_RANGE '%s'\n";
-    }
-}
-
-} // namespace
+    int keyword;
+    const char* progressLine;
+    std::initializer_list<int> typeWords; ///< Without any, there is no such field.
+    bool isRounded;                       ///< The input is an integer, not a double.
+    bool isRange;                         ///< The input is two numbers.
+    bool isVerbal;                        ///< The output is a text, not a number.
+};
 
 /// COMPU_TAB name longIdentifier { TAB_INTP | TAB_NOINTP } count { input output }
 /// { DEFAULT_VALUE x } /end COMPU_TAB
-int PhA2l::parseCompuTab(PhGroup* group) { return parseTable(group, T_COMPU_TAB); }
+int PhA2l::parseCompuTab(PhGroup* group)
+{
+    return parseTable(group, {.keyword = T_COMPU_TAB,
+                              .progressLine = "  Parse COMPU_TAB '%s'\n",
+                              .typeWords = {enumWord::T_TAB_INTP, enumWord::T_TAB_NOINTP},
+                              .isRounded = false,
+                              .isRange = false,
+                              .isVerbal = false});
+}
 
 /// COMPU_VTAB name longIdentifier TAB_VERB count { input "text" } { DEFAULT_VALUE x }
 /// /end COMPU_VTAB
-int PhA2l::parseCompuVtab(PhGroup* group) { return parseTable(group, T_COMPU_VTAB); }
+int PhA2l::parseCompuVtab(PhGroup* group)
+{
+    return parseTable(group, {.keyword = T_COMPU_VTAB,
+                              .progressLine = "  Parse COMPU_VTAB '%s'\n",
+                              .typeWords = {enumWord::T_TAB_VERB},
+                              .isRounded = true,
+                              .isRange = false,
+                              .isVerbal = true});
+}
 
 /// COMPU_VTAB_RANGE name longIdentifier count { minimum maximum "text" } { DEFAULT_VALUE x }
 /// /end COMPU_VTAB_RANGE
-int PhA2l::parseCompuVtabRange(PhGroup* group) { return parseTable(group, T_COMPU_VTAB_RANGE); }
+int PhA2l::parseCompuVtabRange(PhGroup* group)
+{
+    return parseTable(group, {.keyword = T_COMPU_VTAB_RANGE,
+                              .progressLine = "  Parse COMPU_VTAB_RANGE '%s'\n",
+                              .typeWords = {},
+                              .isRounded = false,
+                              .isRange = true,
+                              .isVerbal = true});
+}
 
-/// What the three have in common; `keyword` tells which one it is. A table has one kind of
-/// conversion whatever its type word says, and its default isn't kept.
-int PhA2l::parseTable(PhGroup* group, int keyword)
+/// What the three have in common. A table has one kind of conversion whatever its type word says,
+/// and its default isn't kept.
+int PhA2l::parseTable(PhGroup* group, const TableKind& kind)
 {
     const PhHold<PhConversion> table(new PhConversion);
     table->setConversionType(PhConversionType::CtTable);
     table->setName(readText());
     table->setLongName(readText());
-    progress(progressLine(keyword), token().text);
-    if (keyword != T_COMPU_VTAB_RANGE)
-        parseTableType(keyword);
+    progress(kind.progressLine, token().text);
+    if (kind.typeWords.size() > 0)
+        parseTableType(kind);
     group->appendConversion(table.get());
 
     if (nextToken() != T_INTEGER) {
@@ -56,13 +78,13 @@ int PhA2l::parseTable(PhGroup* group, int keyword)
         return T_ERROR;
     }
     for (std::int32_t count = token().integer; count > 0; --count)
-        if (!readRow(*table, keyword))
+        if (!parseTableRow(*table, kind))
             return T_ERROR;
-    return parseOptions(keyword, [&](int code) {
+    return parseOptions(kind.keyword, [&](int code) {
         if (code != T_DEFAULT_VALUE)
             return unexpectedToken();
         dropFields(1);
-        if (debug() && keyword != T_COMPU_TAB)
+        if (debug() && kind.isVerbal)
             log("T_DEFAULT_VALUE: '%.*s'\n", static_cast<int>(token().text.size()),
                 token().text.data());
         return nextToken();
@@ -70,83 +92,52 @@ int PhA2l::parseTable(PhGroup* group, int keyword)
 }
 
 /// The type word, of which nothing is kept but a warning if it is none of the table's.
-void PhA2l::parseTableType(int keyword)
+void PhA2l::parseTableType(const TableKind& kind)
 {
     const VocabularyScope words(lexer_, enumKeywords);
     const int code = nextToken();
-    const bool known = keyword == T_COMPU_VTAB
-                           ? code == enumWord::T_TAB_VERB
-                           : code == enumWord::T_TAB_INTP || code == enumWord::T_TAB_NOINTP;
-    if (!known)
+    if (std::ranges::find(kind.typeWords, code) == kind.typeWords.end())
         warnUnexpectedToken();
 }
 
-/// Reads one row of a table. False, with an error, if a value isn't of the kind that belongs there.
-bool PhA2l::readRow(PhConversion& table, int keyword)
+/// input [ upper ] ( output | "text" ). False, with an error, if a value isn't of the kind that
+/// belongs there.
+bool PhA2l::parseTableRow(PhConversion& table, const TableKind& kind)
 {
     PhValue lower;
     PhValue upper;
-    PhValue result;
-    std::string_view text;
-    switch (keyword) {
-    case T_COMPU_TAB:
-        if (!readDouble(lower) || !readDouble(result))
-            return false;
-        table.appendRow(lower, lower, result);
-        return true;
-    case T_COMPU_VTAB:
-        if (!readRounded(lower) || !readString(text))
-            return false;
-        table.appendRow(lower, lower, text);
-        return true;
-    default:
-        if (!readDouble(lower) || !readDouble(upper) || !readString(text))
-            return false;
-        table.appendRow(lower, upper, text);
-        return true;
-    }
-}
-
-bool PhA2l::readDouble(PhValue& number)
-{
-    switch (nextToken()) {
-    case T_INTEGER:
-        number = static_cast<double>(token().integer);
-        return true;
-    case T_DOUBLE:
-        number = token().real;
-        return true;
-    default:
-        error("Double or integer value expected");
+    if (!readTableNumber(lower, kind.isRounded) ||
+        (kind.isRange && !readTableNumber(upper, kind.isRounded)))
         return false;
-    }
-}
-
-/// Reads a number as an integer: a floating-point one counts plus a half and then toward zero,
-/// saturated, so that 2.5 gives 3 and -2.5 gives -2.
-bool PhA2l::readRounded(PhValue& number)
-{
-    switch (nextToken()) {
-    case T_INTEGER:
-        number = token().integer;
+    const PhValue& last = kind.isRange ? upper : lower;
+    if (!kind.isVerbal) {
+        PhValue output;
+        if (!readTableNumber(output, false))
+            return false;
+        table.appendRow(lower, last, output);
         return true;
-    case T_DOUBLE:
-        number = truncated<std::int32_t>(token().real + 0.5);
-        return true;
-    default:
-        error("Double or integer value expected");
-        return false;
     }
-}
-
-/// The text is valid until the next token is read.
-bool PhA2l::readString(std::string_view& text)
-{
     if (nextToken() != T_STRING) {
         error("String value expected");
         return false;
     }
-    text = token().text;
+    table.appendRow(lower, last, token().text);
+    return true;
+}
+
+/// Reads a number as a double, or rounded to an integer: plus a half and then toward zero,
+/// saturated, so that 2.5 gives 3 and -2.5 gives -2.
+bool PhA2l::readTableNumber(PhValue& result, bool isRounded)
+{
+    if (!readNumber()) {
+        error("Double or integer value expected");
+        return false;
+    }
+    const bool isInteger = token().code == T_INTEGER;
+    if (!isRounded)
+        result = isInteger ? token().integer : token().real;
+    else
+        result = isInteger ? token().integer : truncated<std::int32_t>(token().real + 0.5);
     return true;
 }
 

@@ -76,15 +76,10 @@ int PhA2l::parseDataType(PhType* type)
 /// A limit keeps its kind, integer or double; anything else leaves it unset, with a warning.
 PhValue* PhA2l::readLimit(const char* which)
 {
-    switch (nextToken()) {
-    case T_INTEGER:
-        return new PhValue(token().integer);
-    case T_DOUBLE:
-        return new PhValue(token().real);
-    default:
-        warning("Unexpected type for %s limit.", which);
-        return nullptr;
-    }
+    if (readNumber())
+        return new PhValue(number());
+    warning("Unexpected type for %s limit.", which);
+    return nullptr;
 }
 
 /// An address or its extension: a 32-bit pattern, or null, with a warning.
