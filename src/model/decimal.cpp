@@ -33,32 +33,6 @@ bool isAboveOne(const char* first, const char* last)
     return power + exponent > 0;
 }
 
-/// Reads digits with at most one point among them, and nothing else, as long as the number can be
-/// had by one exact division, which rounds as it should. False for everything else.
-bool parseShort(const char* first, const char* last, double& number)
-{
-    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    constexpr std::ptrdiff_t mostDigits = 15; // ten to this power is still exact
-    const char* point = last;
-    std::int64_t mantissa = 0;
-    for (const char* p = first; p != last; ++p) {
-        if (isDigit(*p))
-            mantissa = mantissa * 10 + (*p - '0');
-        else if (*p == '.' && point == last)
-            point = p;
-        else
-            return false;
-        if (p - first > mostDigits)
-            return false;
-    }
-    const std::ptrdiff_t decimals = point == last ? 0 : last - point - 1;
-    if (last - first - (point != last) > mostDigits || last - first == (point != last))
-        return false;
-    number = static_cast<double>(mantissa) / powers[decimals];
-    return true;
-}
-
 } // namespace
 
 double parseDouble(const char* first, const char* last)
@@ -68,8 +42,6 @@ double parseDouble(const char* first, const char* last)
     if (digits == last || (!isDigit(*digits) && *digits != '.'))
         return 0.0;
     double number = 0.0;
-    if (parseShort(digits, last, number))
-        return isNegative(first, last) ? -number : number;
     const auto [end, error] = std::from_chars(digits, last, number);
     if (error == std::errc::invalid_argument)
         return 0.0;
