@@ -1,6 +1,7 @@
 #include "tavo/tavo.h"
 
 #include "a2l/PhA2l.h"
+#include "conversion/entry.h"
 #include "daq/writer.h"
 #include "topology/PhRoot.h"
 
@@ -58,12 +59,7 @@ std::int32_t tavoInitialize(void) { return restart("tavoInitialize"); }
 
 std::int32_t tavoConvert(const char* inputPath, const char* outputPath)
 {
-    try {
-        return convert(inputPath, outputPath);
-    } catch (...) {
-        // Memory is exhausted; everything was released on the way here.
-        return TAVO_NOT_READ;
-    }
+    return enter([&] { return convert(inputPath, outputPath); });
 }
 
 std::int32_t tavoDeinitialize(void) { return restart("tavoDeinitialize"); }
