@@ -1,8 +1,15 @@
 #include "a2l/SourceStream.h"
 
+#include "base/CancellationHold.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+
+#if !defined(_WIN32)
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace tavo {
 
@@ -23,7 +30,30 @@ unsigned char* foldLineEnds(unsigned char* first, unsigned char* last)
     return target;
 }
 
+#if defined(_WIN32)
+std::FILE* openFile(const char* path) { return std::fopen(path, "rb"); }
+#else
+/// `fopen` would lose its memory if the thread were cancelled while it waits for a writer.
+std::FILE* openFile(const char* path)
+{
+    const int descriptor = ::open(path, O_RDONLY);
+    if (descriptor < 0)
+        return nullptr;
+    const CancellationHold hold;
+    std::FILE* file = fdopen(descriptor, "rb");
+    if (!file)
+        ::close(descriptor);
+    return file;
+}
+#endif
+
 } // namespace
+
+SourceStream::~SourceStream()
+{
+    const CancellationHold hold;
+    close();
+}
 
 bool SourceStream::open(const char* path)
 {
@@ -31,7 +61,7 @@ bool SourceStream::open(const char* path)
     // The line ends are folded here and not by the C library, which does it on some platforms only.
     do {
         errno = 0;
-        file_ = std::fopen(path, "rb");
+        file_ = openFile(path);
     } while (!file_ && errno == EINTR); // a signal, while it waits for the writer of a pipe
     if (!file_)
         return false;

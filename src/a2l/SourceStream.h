@@ -24,7 +24,7 @@ public:
     using Watch = std::function<void(std::uint64_t bytesRead)>;
 
     SourceStream() = default;
-    ~SourceStream() { close(); }
+    ~SourceStream();
     SourceStream(const SourceStream&) = delete;
     SourceStream& operator=(const SourceStream&) = delete;
 

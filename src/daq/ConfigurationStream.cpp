@@ -1,5 +1,6 @@
 #include "daq/ConfigurationStream.h"
 
+#include "base/CancellationHold.h"
 #include "model/decimal.h"
 
 #include <cerrno>
@@ -9,6 +10,13 @@
 namespace tavo {
 
 ConfigurationStream::ConfigurationStream() : buffer_(new char[capacity]) {}
+
+ConfigurationStream::~ConfigurationStream()
+{
+    const CancellationHold hold;
+    if (file_ && owned_)
+        std::fclose(file_);
+}
 
 bool ConfigurationStream::open(const char* path)
 {

@@ -19,7 +19,9 @@ class ConfigurationStream
 public:
     /// Makes the buffer, and nothing else yet.
     ConfigurationStream();
-    ~ConfigurationStream() { close(); }
+    /// Drops what is left of an open file, as only a failure or the end of the thread leaves one:
+    /// to write it could take for ever.
+    ~ConfigurationStream();
     ConfigurationStream(const ConfigurationStream&) = delete;
     ConfigurationStream& operator=(const ConfigurationStream&) = delete;
 

@@ -191,6 +191,7 @@ int writeDaqFile(PhRoot* root, const char* path)
     if (!stream.open(path))
         return -2;
     writeRoot(stream, root);
+    stream.close(); // whether all of it could be written isn't told
     return 0;
 }
 

@@ -24,6 +24,7 @@ std::string written(const std::function<void(ConfigurationStream&)>& write)
         ConfigurationStream stream;
         EXPECT_TRUE(stream.open(path.c_str()));
         write(stream);
+        EXPECT_EQ(stream.close(), 0);
     }
     return readFile(path);
 }

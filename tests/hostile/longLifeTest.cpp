@@ -75,6 +75,57 @@ TEST_F(LongLife, canBeLoadedAndUnloadedAgainAndAgain)
     }
 }
 
+/// How a thread ends that is cancelled while it converts `input` into pipe.ini.
+void* cancelled(const char* input)
+{
+    pthread_t thread = 0;
+    const auto convert = [](void* path) -> void* {
+        tavoConvert(static_cast<const char*>(path), "pipe.ini");
+        return nullptr;
+    };
+    EXPECT_EQ(pthread_create(&thread, nullptr, convert, const_cast<char*>(input)), 0);
+    usleep(50'000);
+    pthread_cancel(thread);
+    void* result = nullptr;
+    pthread_join(thread, &result);
+    return result;
+}
+
+TEST_F(LongLife, losesNothingIfItsThreadIsCancelledWhileItWaits)
+{
+    const std::string description = readFile(TAVO_EXAMPLE ".a2l");
+    writeFile("whole.a2l", description);
+    for (const char* pipe : {"unopened.a2l", "half.a2l", "pipe.ini"})
+        ASSERT_EQ(mkfifo(pipe, 0600), 0);
+    const int half = open("half.a2l", O_RDWR | O_CLOEXEC);
+    const int output = open("pipe.ini", O_RDWR | O_CLOEXEC);
+    ASSERT_GT(fcntl(half, F_SETPIPE_SZ, 1 << 20), 0);
+    ASSERT_GT(fcntl(output, F_SETPIPE_SZ, 4096), 0);
+    testing::internal::CaptureStdout();
+    // What it waits for: a writer, more input, and a reader of its output.
+    for (const char* input : {"unopened.a2l", "half.a2l", "whole.a2l"}) {
+        SCOPED_TRACE(input);
+        long files = 0;
+        std::size_t memory = 0;
+        for (int i = 0; i < 10; ++i) {
+            const std::size_t size = description.size() / 2;
+            if (input == std::string("half.a2l")) {
+                EXPECT_EQ(write(half, description.data(), size), static_cast<ssize_t>(size));
+            }
+            EXPECT_EQ(cancelled(input), PTHREAD_CANCELED);
+            if (i == 1) { // what the first ones leave belongs to the C library
+                files = openFiles();
+                memory = mallinfo2().uordblks;
+            }
+        }
+        EXPECT_EQ(openFiles(), files);
+        EXPECT_EQ(mallinfo2().uordblks, memory);
+    }
+    testing::internal::GetCapturedStdout();
+    close(half);
+    close(output);
+}
+
 /// Interrupts this thread's system calls a thousand times a second for the length of a scope.
 class Interruptions
 {
