@@ -49,7 +49,7 @@ int PhA2l::parseFileItem(PhRoot* root, int code)
 /// PROJECT name longIdentifier { HEADER ... | MODULE ... } /end PROJECT
 int PhA2l::parseProject(PhRoot* root)
 {
-    const PhHold<PhGroup> project(new PhGroup);
+    const PhRef<PhGroup> project(new PhGroup);
     project->setName(readText());
     project->setLongName(readText());
     project->setGroupType(PhGroupType::Project);
@@ -84,7 +84,7 @@ int PhA2l::parseHeader()
 /// MODULE name longIdentifier { /begin block | /include file } /end MODULE
 int PhA2l::parseModule(PhGroup* project)
 {
-    const PhHold<PhGroup> module(new PhGroup);
+    const PhRef<PhGroup> module(new PhGroup);
     module->setName(readText());
     module->setLongName(readText());
     module->setGroupType(PhGroupType::Module);

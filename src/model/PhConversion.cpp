@@ -29,16 +29,35 @@ enum Mark
 
 struct PhConversionPrivate : Pooled
 {
+    /// A file can chain any number of conversions. As far as this reference holds the last count,
+    /// the chain is taken apart link by link: a conversion that refers to no other destroys only
+    /// itself.
+    class Chain : public PhRef<PhConversion>
+    {
+    public:
+        using PhRef::operator=;
+        ~Chain()
+        {
+            PhConversion* held = release();
+            while (held && held->refCount() <= 1) {
+                PhConversion* next = held->d ? held->d->conversion.release() : nullptr;
+                PhObject::unlink(held);
+                held = next;
+            }
+            PhObject::unlink(held);
+        }
+    };
+
     PhConversionType conversionType = PhConversionType::CtUndefined;
     bool hasPackedNumerator = false; ///< There is one, in `coefficients` as far as it has any.
     bool hasPackedDenominator = false;
-    PhUnit* unit = nullptr;
-    PhPackedValues rows; ///< All rows, as long as there is no list of them.
-    PhList* ranges = nullptr;
+    PhPackedValues rows;         ///< All rows, as long as there is no list of them.
     PhPackedValues coefficients; ///< All coefficients, as long as there is a list of none.
-    PhList* numerator = nullptr;
-    PhList* denominator = nullptr;
-    PhConversion* conversion = nullptr;
+    PhRef<PhUnit> unit;
+    Chain conversion;
+    PhLazyList denominator;
+    PhLazyList numerator;
+    PhLazyList ranges;
 
     void packLimits(const PhValue& lower, const PhValue& upper);
     void unpackRows();
@@ -47,8 +66,6 @@ struct PhConversionPrivate : Pooled
 };
 
 namespace {
-
-constexpr PhConversionPrivate nothing;
 
 bool areSame(const PhValue& a, const PhValue& b)
 {
@@ -94,7 +111,7 @@ void PhConversionPrivate::unpackRows()
             row->setResult(item.value());
         return true;
     });
-    ranges = list.release();
+    ranges.adopt(std::move(list));
     rows.clear();
 }
 
@@ -106,7 +123,7 @@ void PhConversionPrivate::appendCoefficient(Mark mark, const PhValue& coefficien
         coefficients.append(mark, coefficient);
     } else {
         unpackCoefficients();
-        appendTo(isUpper ? numerator : denominator, new PhValue(coefficient));
+        (isUpper ? numerator : denominator).append(new PhValue(coefficient));
     }
 }
 
@@ -121,88 +138,66 @@ void PhConversionPrivate::unpackCoefficients()
         (item.mark() == Numerator ? upper : lower)->append(new PhValue(item.value()));
         return true;
     });
-    numerator = upper.release();
-    denominator = lower.release();
+    numerator.adopt(std::move(upper));
+    denominator.adopt(std::move(lower));
     hasPackedNumerator = hasPackedDenominator = false;
     coefficients.clear();
 }
 
-const PhConversionPrivate& PhConversion::kept() const { return d ? *d : nothing; }
-
-PhConversionPrivate& PhConversion::made()
-{
-    if (!d)
-        d = std::make_unique<PhConversionPrivate>();
-    return *d;
-}
-
 PhConversion::PhConversion() : PhObject(PhClassConversion) {}
 
-PhConversion::~PhConversion()
-{
-    if (!d)
-        return;
-    releaseList(d->ranges);
-    releaseList(d->numerator);
-    releaseList(d->denominator);
-    // A file can chain any number of conversions. As far as this one holds the last count, the
-    // chain is taken apart link by link: a conversion that refers to no other destroys only itself.
-    PhConversion* held = std::exchange(d->conversion, nullptr);
-    while (held && held->refCount() <= 1) {
-        PhConversion* next = held->d ? std::exchange(held->d->conversion, nullptr) : nullptr;
-        unlink(held);
-        held = next;
-    }
-    unlink(held);
-    setUnit(nullptr);
-}
+PhConversion::~PhConversion() = default;
 
-PhConversionType PhConversion::conversionType() const { return kept().conversionType; }
+PhConversionType PhConversion::conversionType() const
+{
+    return d ? d->conversionType : PhConversionType::CtUndefined;
+}
 
 void PhConversion::setConversionType(PhConversionType conversionType)
 {
-    made().conversionType = conversionType;
+    d.made().conversionType = conversionType;
 }
 
-PhUnit* PhConversion::unit() const { return kept().unit; }
+PhUnit* PhConversion::unit() const { return d ? d->unit.get() : nullptr; }
 
 void PhConversion::setUnit(PhUnit* unit)
 {
-    const PhHold<PhUnit> hold(unit);
-    setRef(made().unit, unit);
+    const PhRef<PhUnit> hold(unit);
+    d.made().unit = unit;
 }
 
-PhConversion* PhConversion::conversion() const { return kept().conversion; }
+PhConversion* PhConversion::conversion() const { return d ? d->conversion.get() : nullptr; }
 
 void PhConversion::setConversion(PhConversion* conversion)
 {
-    const PhHold<PhConversion> hold(conversion);
-    setRef(made().conversion, conversion);
+    const PhRef<PhConversion> hold(conversion);
+    d.made().conversion = conversion;
 }
 
 PhList* PhConversion::ranges() const
 {
-    if (d)
-        d->unpackRows();
-    return kept().ranges;
+    if (!d)
+        return nullptr;
+    d->unpackRows();
+    return d->ranges;
 }
 
 void PhConversion::appendRange(PhRange* range)
 {
-    const PhHold<PhRange> hold(range);
-    made().unpackRows();
-    appendTo(d->ranges, range);
+    const PhRef<PhRange> hold(range);
+    d.made().unpackRows();
+    d->ranges.append(range);
 }
 
 void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, const PhValue& result)
 {
-    if (!made().ranges && isPlainNumber(lower) && isPlainNumber(upper) &&
+    if (!d.made().ranges && isPlainNumber(lower) && isPlainNumber(upper) &&
         PhPackedValues::canHold(result)) {
         d->packLimits(lower, upper);
         d->rows.append(Result, result);
         return;
     }
-    const PhHold<PhRange> row(new PhRange);
+    const PhRef<PhRange> row(new PhRange);
     row->setLowerLimitFlag(1);
     row->setUpperLimitFlag(1);
     row->setLowerLimit(lower);
@@ -213,7 +208,7 @@ void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, const P
 
 void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, std::string_view result)
 {
-    if (!made().ranges && isPlainNumber(lower) && isPlainNumber(upper)) {
+    if (!d.made().ranges && isPlainNumber(lower) && isPlainNumber(upper)) {
         d->packLimits(lower, upper);
         d->rows.append(Result, result);
     } else {
@@ -223,35 +218,37 @@ void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, std::st
 
 PhList* PhConversion::numerator() const
 {
-    if (d)
-        d->unpackCoefficients();
-    return kept().numerator;
+    if (!d)
+        return nullptr;
+    d->unpackCoefficients();
+    return d->numerator;
 }
 
 PhList* PhConversion::denominator() const
 {
-    if (d)
-        d->unpackCoefficients();
-    return kept().denominator;
+    if (!d)
+        return nullptr;
+    d->unpackCoefficients();
+    return d->denominator;
 }
 
 PhList* PhConversion::createNumerator()
 {
-    made().unpackCoefficients();
-    return createList(d->numerator);
+    d.made().unpackCoefficients();
+    return d->numerator.made();
 }
 
 PhList* PhConversion::createDenominator()
 {
-    made().unpackCoefficients();
-    return createList(d->denominator);
+    d.made().unpackCoefficients();
+    return d->denominator.made();
 }
 
 void PhConversion::createCoefficients()
 {
-    if (made().numerator || d->denominator) {
-        createList(d->numerator);
-        createList(d->denominator);
+    if (d.made().numerator || d->denominator) {
+        d->numerator.made();
+        d->denominator.made();
     } else {
         d->hasPackedNumerator = d->hasPackedDenominator = true;
     }
@@ -259,12 +256,12 @@ void PhConversion::createCoefficients()
 
 void PhConversion::appendNumerator(const PhValue& coefficient)
 {
-    made().appendCoefficient(Numerator, coefficient);
+    d.made().appendCoefficient(Numerator, coefficient);
 }
 
 void PhConversion::appendDenominator(const PhValue& coefficient)
 {
-    made().appendCoefficient(Denominator, coefficient);
+    d.made().appendCoefficient(Denominator, coefficient);
 }
 
 namespace {
@@ -316,16 +313,18 @@ bool PhConversion::getLinearFactors(double* factor, double* offset) const
 {
     LinearFunction function;
     bool isLinear = true;
-    kept().coefficients.forEach([&](const PhPackedValues::Item& item) {
-        return isLinear = function.add(item.mark(), item.doubleValue());
-    });
     const auto addAll = [&](const PhList* list, Mark mark) {
         for (const PhValue* coefficient : each<PhValue>(list))
             if (!isLinear || !(isLinear = function.add(mark, coefficient->doubleValue())))
                 return;
     };
-    addAll(kept().numerator, Numerator);
-    addAll(kept().denominator, Denominator);
+    if (d) {
+        d->coefficients.forEach([&](const PhPackedValues::Item& item) {
+            return isLinear = function.add(item.mark(), item.doubleValue());
+        });
+        addAll(d->numerator, Numerator);
+        addAll(d->denominator, Denominator);
+    }
     if (!isLinear)
         return false;
     const int count = function.numeratorCount;
@@ -349,7 +348,7 @@ void PhConversion::convert(const PhValue& x, PhValue& y) const
         power *= x;
     }
     y = numeratorSum;
-    if (hasNonZero(kept().denominator))
+    if (hasNonZero(denominator()))
         y /= denominatorSum;
 }
 

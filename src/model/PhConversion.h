@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/PhObject.h"
+#include "model/PhRare.h"
 #include "model/enumerations.h"
 
 #include <string_view>
@@ -83,10 +84,9 @@ public:
     void resolve(PhRoot* root, PhGroup* group);
 
 private:
-    const PhConversionPrivate& kept() const;
-    PhConversionPrivate& made();
+    friend struct PhConversionPrivate;
 
-    std::unique_ptr<PhConversionPrivate> d; ///< Null while the conversion has but its texts.
+    PhRare<PhConversionPrivate> d; ///< A placeholder has none.
 };
 
 } // namespace tavo

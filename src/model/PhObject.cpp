@@ -25,18 +25,6 @@ PhObject::PhObject(std::int32_t classId)
 
 PhObject::~PhObject() = default;
 
-PhObjectTexts& PhObject::madeTexts() const
-{
-    texts_ = std::make_unique<PhObjectTexts>();
-    return *texts_;
-}
-
-PhObjectRareParts& PhObject::madeRareParts() const
-{
-    texts().rare = std::make_unique<PhObjectRareParts>();
-    return *texts_->rare;
-}
-
 void PhObject::setText(PhString PhObjectTexts::*slot, const PhString& text)
 {
     if (texts_ || !text.isNull())

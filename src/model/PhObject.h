@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Ph.h"
+#include "model/PhRare.h"
 #include "model/PhString.h"
 #include "model/pool.h"
 
@@ -58,7 +59,7 @@ struct PhObjectTexts : Pooled
 {
     PhString name;
     PhString longName;
-    std::unique_ptr<PhObjectRareParts> rare; ///< Null until one of them is needed.
+    PhRare<PhObjectRareParts> rare;
 };
 
 /// Base of every model object: a class number, a creation number, four texts, marker flags and a
@@ -161,13 +162,8 @@ private:
         Reported = 2
     };
 
-    PhObjectTexts& texts() const { return texts_ ? *texts_ : madeTexts(); }
-    PhObjectRareParts& rareParts() const
-    {
-        return texts_ && texts_->rare ? *texts_->rare : madeRareParts();
-    }
-    PhObjectTexts& madeTexts() const;
-    PhObjectRareParts& madeRareParts() const;
+    PhObjectTexts& texts() const { return texts_.made(); }
+    PhObjectRareParts& rareParts() const { return texts().rare.made(); }
     void setText(PhString PhObjectTexts::*slot, const PhString& text);
     void setText(PhString PhObjectRareParts::*slot, const PhString& text);
 
@@ -186,8 +182,8 @@ protected:
     mutable std::uint32_t spare_ : 9;
 
 private:
-    /// Null until the first text is set or asked for; it stays where it is from then on.
-    mutable std::unique_ptr<PhObjectTexts> texts_;
+    /// Mutable, since to ask for a text makes room for it.
+    mutable PhRare<PhObjectTexts> texts_;
 };
 
 } // namespace tavo

@@ -8,29 +8,19 @@ namespace tavo {
 struct PhParameterPrivate : Pooled
 {
     PhServiceParameterType serviceParameterType = PhServiceParameterType::Undefined;
-    PhObject* auxRef1 = nullptr;
-    PhType* type = nullptr;
-    PhObject* auxRef2 = nullptr;
-    PhObject* auxRef3 = nullptr;
-    PhObject* auxRef4 = nullptr;
-    PhObject* auxRef5 = nullptr;
-    PhObject* auxRef6 = nullptr;
-    PhObject* auxRef7 = nullptr;
+    PhRef<PhObject> auxRef7;
+    PhRef<PhObject> auxRef6;
+    PhRef<PhObject> auxRef5;
+    PhRef<PhObject> auxRef4;
+    PhRef<PhObject> auxRef3;
+    PhRef<PhObject> auxRef2;
+    PhRef<PhType> type;
+    PhRef<PhObject> auxRef1;
 };
 
 PhParameter::PhParameter() : PhObject(PhClassParameter), d(new PhParameterPrivate) {}
 
-PhParameter::~PhParameter()
-{
-    setAuxRef1(nullptr);
-    setType(nullptr);
-    setAuxRef2(nullptr);
-    setAuxRef3(nullptr);
-    setAuxRef4(nullptr);
-    setAuxRef5(nullptr);
-    setAuxRef6(nullptr);
-    setAuxRef7(nullptr);
-}
+PhParameter::~PhParameter() = default;
 
 PhServiceParameterType PhParameter::serviceParameterType() const { return d->serviceParameterType; }
 
@@ -41,7 +31,7 @@ void PhParameter::setServiceParameterType(PhServiceParameterType serviceParamete
 
 PhType* PhParameter::type() const { return d->type; }
 
-void PhParameter::setType(PhType* type) { setRef(d->type, type); }
+void PhParameter::setType(PhType* type) { d->type = type; }
 
 PhObject* PhParameter::auxRef1() const { return d->auxRef1; }
 
@@ -57,18 +47,18 @@ PhObject* PhParameter::auxRef6() const { return d->auxRef6; }
 
 PhObject* PhParameter::auxRef7() const { return d->auxRef7; }
 
-void PhParameter::setAuxRef1(PhObject* object) { setRef(d->auxRef1, object); }
+void PhParameter::setAuxRef1(PhObject* object) { d->auxRef1 = object; }
 
-void PhParameter::setAuxRef2(PhObject* object) { setRef(d->auxRef2, object); }
+void PhParameter::setAuxRef2(PhObject* object) { d->auxRef2 = object; }
 
-void PhParameter::setAuxRef3(PhObject* object) { setRef(d->auxRef3, object); }
+void PhParameter::setAuxRef3(PhObject* object) { d->auxRef3 = object; }
 
-void PhParameter::setAuxRef4(PhObject* object) { setRef(d->auxRef4, object); }
+void PhParameter::setAuxRef4(PhObject* object) { d->auxRef4 = object; }
 
-void PhParameter::setAuxRef5(PhObject* object) { setRef(d->auxRef5, object); }
+void PhParameter::setAuxRef5(PhObject* object) { d->auxRef5 = object; }
 
-void PhParameter::setAuxRef6(PhObject* object) { setRef(d->auxRef6, object); }
+void PhParameter::setAuxRef6(PhObject* object) { d->auxRef6 = object; }
 
-void PhParameter::setAuxRef7(PhObject* object) { setRef(d->auxRef7, object); }
+void PhParameter::setAuxRef7(PhObject* object) { d->auxRef7 = object; }
 
 } // namespace tavo

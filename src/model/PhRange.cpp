@@ -14,17 +14,13 @@ struct PhRangePrivate : Pooled
     PhValue upperLimit;
     PhValue result;
     PhValue inverseValue;
-    PhObject* auxRef = nullptr;
-    PhConversion* conversion = nullptr;
+    PhRef<PhObject> auxRef;
+    PhRef<PhConversion> conversion;
 };
 
 PhRange::PhRange() : PhObject(PhClassRange), d(new PhRangePrivate) {}
 
-PhRange::~PhRange()
-{
-    setConversion(nullptr);
-    setAuxRef(nullptr);
-}
+PhRange::~PhRange() = default;
 
 std::uint8_t PhRange::lowerLimitFlag() const { return d->lowerLimitFlag; }
 
@@ -52,10 +48,10 @@ void PhRange::setInverseValue(const PhValue& value) { d->inverseValue = value; }
 
 PhObject* PhRange::auxRef() const { return d->auxRef; }
 
-void PhRange::setAuxRef(PhObject* object) { setRef(d->auxRef, object); }
+void PhRange::setAuxRef(PhObject* object) { d->auxRef = object; }
 
 PhConversion* PhRange::conversion() const { return d->conversion; }
 
-void PhRange::setConversion(PhConversion* conversion) { setRef(d->conversion, conversion); }
+void PhRange::setConversion(PhConversion* conversion) { d->conversion = conversion; }
 
 } // namespace tavo

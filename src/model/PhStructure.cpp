@@ -10,23 +10,16 @@ struct PhStructurePrivate : Pooled
 {
     std::int32_t value1 = 0;
     std::int32_t value2 = 0;
-    PhObject* auxRef1 = nullptr;
-    PhObject* auxRef2 = nullptr;
-    PhList* ranges = nullptr;
-    PhList* parameters = nullptr;
-    PhObject* auxRef3 = nullptr;
+    PhRef<PhObject> auxRef3;
+    PhLazyList parameters;
+    PhLazyList ranges;
+    PhRef<PhObject> auxRef2;
+    PhRef<PhObject> auxRef1;
 };
 
 PhStructure::PhStructure() : PhObject(PhClassStructure), d(new PhStructurePrivate) {}
 
-PhStructure::~PhStructure()
-{
-    setAuxRef1(nullptr);
-    setAuxRef2(nullptr);
-    releaseList(d->ranges);
-    releaseList(d->parameters);
-    setAuxRef3(nullptr);
-}
+PhStructure::~PhStructure() = default;
 
 std::int32_t PhStructure::value1() const { return d->value1; }
 
@@ -38,11 +31,11 @@ void PhStructure::setValue2(std::int32_t value) { d->value2 = value; }
 
 PhList* PhStructure::ranges() const { return d->ranges; }
 
-void PhStructure::appendRange(PhRange* range) { appendTo(d->ranges, range); }
+void PhStructure::appendRange(PhRange* range) { d->ranges.append(range); }
 
 PhList* PhStructure::parameters() const { return d->parameters; }
 
-void PhStructure::appendParameter(PhParameter* parameter) { appendTo(d->parameters, parameter); }
+void PhStructure::appendParameter(PhParameter* parameter) { d->parameters.append(parameter); }
 
 PhObject* PhStructure::auxRef1() const { return d->auxRef1; }
 
@@ -50,10 +43,10 @@ PhObject* PhStructure::auxRef2() const { return d->auxRef2; }
 
 PhObject* PhStructure::auxRef3() const { return d->auxRef3; }
 
-void PhStructure::setAuxRef1(PhObject* object) { setRef(d->auxRef1, object); }
+void PhStructure::setAuxRef1(PhObject* object) { d->auxRef1 = object; }
 
-void PhStructure::setAuxRef2(PhObject* object) { setRef(d->auxRef2, object); }
+void PhStructure::setAuxRef2(PhObject* object) { d->auxRef2 = object; }
 
-void PhStructure::setAuxRef3(PhObject* object) { setRef(d->auxRef3, object); }
+void PhStructure::setAuxRef3(PhObject* object) { d->auxRef3 = object; }
 
 } // namespace tavo

@@ -12,19 +12,14 @@ struct PhTypePrivate : Pooled
     PhBaseType baseType = PhBaseType::BtUndefined;
     PhEndian endian = PhEndian::BigEndian;
     int bitCount = 0; ///< Width of the stored value.
-    PhValue* bitMask = nullptr;
-    PhUnit* unit = nullptr;
-    PhConversion* conversion = nullptr;
+    PhRef<PhValue> bitMask;
+    PhRef<PhConversion> conversion;
+    PhRef<PhUnit> unit;
 };
 
 PhType::PhType() : PhObject(PhClassType), d(new PhTypePrivate) {}
 
-PhType::~PhType()
-{
-    setUnit(nullptr);
-    setConversion(nullptr);
-    setBitMask(nullptr);
-}
+PhType::~PhType() = default;
 
 PhBaseType PhType::baseType() const { return d->baseType; }
 
@@ -40,14 +35,14 @@ void PhType::setBitCount(int bitCount) { d->bitCount = bitCount; }
 
 PhValue* PhType::bitMask() const { return d->bitMask; }
 
-void PhType::setBitMask(PhValue* bitMask) { setRef(d->bitMask, bitMask); }
+void PhType::setBitMask(PhValue* bitMask) { d->bitMask = bitMask; }
 
 PhUnit* PhType::unit() const { return d->unit; }
 
-void PhType::setUnit(PhUnit* unit) { setRef(d->unit, unit); }
+void PhType::setUnit(PhUnit* unit) { d->unit = unit; }
 
 PhConversion* PhType::conversion() const { return d->conversion; }
 
-void PhType::setConversion(PhConversion* conversion) { setRef(d->conversion, conversion); }
+void PhType::setConversion(PhConversion* conversion) { d->conversion = conversion; }
 
 } // namespace tavo

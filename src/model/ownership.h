@@ -3,67 +3,77 @@
 #include "model/PhList.h"
 
 #include <cstdint>
+#include <memory>
+#include <utility>
 
 namespace tavo {
 
-/// Holds one count of an object for the length of a scope. It carries a fresh object from its
-/// making to its being stored: an object that nobody stored by then dies with the scope, on the way
-/// of an exception too.
-template <class Object> class PhHold
+// How the classes of the model hold what they own. The fields of a record are released from the
+// last to the first. That order can be seen by the objects that die, so it stays as it is: a record
+// lists its fields in it, backwards.
+
+/// A reference that owns a count of its object, or null. As a field it is what a setter assigns to.
+/// On the stack it carries a fresh object from its making to its being stored: an object that
+/// nobody stored by then dies with the scope, on the way of an exception too.
+template <class Object> class PhRef
 {
 public:
-    explicit PhHold(Object* object) : object_(object) { PhObject::link(object); }
-    ~PhHold() { PhObject::unlink(object_); }
-    PhHold(const PhHold&) = delete;
-    PhHold& operator=(const PhHold&) = delete;
+    PhRef() = default;
+    explicit PhRef(Object* object) : object_(object) { PhObject::link(object); }
+    ~PhRef() { PhObject::unlink(object_); }
+    PhRef(const PhRef&) = delete;
+    PhRef& operator=(const PhRef&) = delete;
 
+    PhRef& operator=(Object* object)
+    {
+        // The new count comes first: `object` may be what the field holds, or be held by that
+        // alone.
+        PhObject::link(object);
+        PhObject::unlink(std::exchange(object_, object));
+        return *this;
+    }
+
+    operator Object*() const { return object_; }
     Object* get() const { return object_; }
     Object* operator->() const { return object_; }
     Object& operator*() const { return *object_; }
+    /// Gives the object away with its count.
+    Object* release() { return std::exchange(object_, nullptr); }
 
 private:
-    Object* object_;
+    Object* object_ = nullptr;
 };
 
-/// Stores `value`, which may be null, in a reference field that owns a count: the body of every
-/// setter of such a field. Releasing a field is storing null in it.
-template <class Object> void setRef(Object*& field, Object* value)
+/// A list that comes to life with its first element.
+class PhLazyList
 {
-    // The new count comes first: `value` may be what the field holds, or be held by that alone.
-    PhObject::link(value);
-    Object* old = field;
-    field = value;
-    PhObject::unlink(old);
-}
+public:
+    /// Null as long as there is no list.
+    operator PhList*() const { return list_.get(); }
+    PhList* operator->() const { return list_.get(); }
+    /// The list, made if it is missing.
+    PhList* made()
+    {
+        if (!list_)
+            list_ = std::make_unique<PhList>();
+        return list_.get();
+    }
+    /// Puts a list in the place of one that is missing.
+    void adopt(std::unique_ptr<PhList> list) { list_ = std::move(list); }
+    void append(PhObject* object)
+    {
+        const PhRef<PhObject> hold(object);
+        made()->append(object);
+    }
+    /// Takes the first object with this id out, if there is one.
+    void remove(std::uint32_t id)
+    {
+        if (list_)
+            list_->removeById(id);
+    }
 
-/// The list of a field, made if it is missing: the body of every create operation.
-inline PhList* createList(PhList*& list)
-{
-    if (!list)
-        list = new PhList;
-    return list;
-}
-
-/// Appends to a list that is made at its first element: the body of every append operation.
-inline void appendTo(PhList*& list, PhObject* object)
-{
-    const PhHold<PhObject> hold(object);
-    createList(list)->append(object);
-}
-
-/// Removes the first object with this id from a list that may be missing: the body of every removal
-/// by id.
-inline void removeFrom(PhList* list, std::uint32_t id)
-{
-    if (list)
-        list->removeById(id);
-}
-
-/// Clears and deletes a list that may be missing: what each destructor does with its lists.
-inline void releaseList(PhList*& list)
-{
-    delete list;
-    list = nullptr;
-}
+private:
+    std::unique_ptr<PhList> list_;
+};
 
 } // namespace tavo

@@ -10,19 +10,14 @@ namespace tavo {
 struct PhChannelPrivate : Pooled
 {
     PhChannelType channelType = PhChannelType::Undefined;
-    PhList* frameTriggerings = nullptr;
-    PhCluster* cluster = nullptr;
-    PhScheduleTable* scheduleTable = nullptr;
+    PhLazyList frameTriggerings;
+    PhRef<PhScheduleTable> scheduleTable;
+    PhRef<PhCluster> cluster;
 };
 
 PhChannel::PhChannel() : PhObject(PhClassChannel), d(new PhChannelPrivate) {}
 
-PhChannel::~PhChannel()
-{
-    setCluster(nullptr);
-    setScheduleTable(nullptr);
-    releaseList(d->frameTriggerings);
-}
+PhChannel::~PhChannel() = default;
 
 PhChannelType PhChannel::channelType() const { return d->channelType; }
 
@@ -30,20 +25,20 @@ void PhChannel::setChannelType(PhChannelType channelType) { d->channelType = cha
 
 PhCluster* PhChannel::cluster() const { return d->cluster; }
 
-void PhChannel::setCluster(PhCluster* cluster) { setRef(d->cluster, cluster); }
+void PhChannel::setCluster(PhCluster* cluster) { d->cluster = cluster; }
 
 PhScheduleTable* PhChannel::scheduleTable() const { return d->scheduleTable; }
 
 void PhChannel::setScheduleTable(PhScheduleTable* scheduleTable)
 {
-    setRef(d->scheduleTable, scheduleTable);
+    d->scheduleTable = scheduleTable;
 }
 
 PhList* PhChannel::frameTriggerings() const { return d->frameTriggerings; }
 
 void PhChannel::appendFrameTriggering(PhFrameTriggering* frameTriggering)
 {
-    appendTo(d->frameTriggerings, frameTriggering);
+    d->frameTriggerings.append(frameTriggering);
 }
 
 } // namespace tavo

@@ -9,19 +9,14 @@ struct PhClusterPrivate : Pooled
 {
     std::int32_t clusterCode = 0;
     PhChannelType channelType = PhChannelType::Undefined;
-    PhObject* auxRef1 = nullptr;
-    PhList* channels = nullptr;
-    PhObject* auxRef2 = nullptr;
+    PhRef<PhObject> auxRef2;
+    PhRef<PhObject> auxRef1;
+    PhLazyList channels;
 };
 
 PhCluster::PhCluster() : PhObject(PhClassCluster), d(new PhClusterPrivate) {}
 
-PhCluster::~PhCluster()
-{
-    releaseList(d->channels);
-    setAuxRef1(nullptr);
-    setAuxRef2(nullptr);
-}
+PhCluster::~PhCluster() = default;
 
 std::int32_t PhCluster::clusterCode() const { return d->clusterCode; }
 
@@ -33,14 +28,14 @@ void PhCluster::setChannelType(PhChannelType channelType) { d->channelType = cha
 
 PhObject* PhCluster::auxRef1() const { return d->auxRef1; }
 
-void PhCluster::setAuxRef1(PhObject* auxRef1) { setRef(d->auxRef1, auxRef1); }
+void PhCluster::setAuxRef1(PhObject* auxRef1) { d->auxRef1 = auxRef1; }
 
 PhObject* PhCluster::auxRef2() const { return d->auxRef2; }
 
-void PhCluster::setAuxRef2(PhObject* auxRef2) { setRef(d->auxRef2, auxRef2); }
+void PhCluster::setAuxRef2(PhObject* auxRef2) { d->auxRef2 = auxRef2; }
 
 PhList* PhCluster::channels() const { return d->channels; }
 
-void PhCluster::appendChannel(PhChannel* channel) { appendTo(d->channels, channel); }
+void PhCluster::appendChannel(PhChannel* channel) { d->channels.append(channel); }
 
 } // namespace tavo

@@ -9,48 +9,38 @@ namespace tavo {
 
 struct PhConnectorPrivate : Pooled
 {
-    PhChannel* channel = nullptr;
-    PhController* controller = nullptr;
-    PhList* frameTriggerings = nullptr;
-    PhList* inputSignals = nullptr;
-    PhList* inputFrames = nullptr;
+    PhLazyList inputFrames;
+    PhLazyList inputSignals;
+    PhLazyList frameTriggerings;
+    PhRef<PhChannel> channel;
+    PhRef<PhController> controller;
 };
 
 PhConnector::PhConnector() : PhObject(PhClassConnector), d(new PhConnectorPrivate) {}
 
-PhConnector::~PhConnector()
-{
-    setController(nullptr);
-    setChannel(nullptr);
-    releaseList(d->frameTriggerings);
-    releaseList(d->inputSignals);
-    releaseList(d->inputFrames);
-}
+PhConnector::~PhConnector() = default;
 
 PhChannel* PhConnector::channel() const { return d->channel; }
 
-void PhConnector::setChannel(PhChannel* channel) { setRef(d->channel, channel); }
+void PhConnector::setChannel(PhChannel* channel) { d->channel = channel; }
 
 PhController* PhConnector::controller() const { return d->controller; }
 
-void PhConnector::setController(PhController* controller) { setRef(d->controller, controller); }
+void PhConnector::setController(PhController* controller) { d->controller = controller; }
 
 PhList* PhConnector::frameTriggerings() const { return d->frameTriggerings; }
 
 void PhConnector::appendFrameTriggering(PhFrameTriggering* frameTriggering)
 {
-    appendTo(d->frameTriggerings, frameTriggering);
+    d->frameTriggerings.append(frameTriggering);
 }
 
 PhList* PhConnector::inputSignals() const { return d->inputSignals; }
 
-void PhConnector::appendInputSignal(PhObject* inputSignal)
-{
-    appendTo(d->inputSignals, inputSignal);
-}
+void PhConnector::appendInputSignal(PhObject* inputSignal) { d->inputSignals.append(inputSignal); }
 
 PhList* PhConnector::inputFrames() const { return d->inputFrames; }
 
-void PhConnector::appendInputFrame(PhObject* inputFrame) { appendTo(d->inputFrames, inputFrame); }
+void PhConnector::appendInputFrame(PhObject* inputFrame) { d->inputFrames.append(inputFrame); }
 
 } // namespace tavo

@@ -7,9 +7,9 @@ namespace tavo {
 
 struct PhConnectorMappingPrivate : Pooled
 {
-    PhObject* source = nullptr;
-    PhObject* target = nullptr;
-    PhList* frameMappings = nullptr;
+    PhLazyList frameMappings;
+    PhRef<PhObject> target;
+    PhRef<PhObject> source;
 };
 
 PhConnectorMapping::PhConnectorMapping()
@@ -17,26 +17,21 @@ PhConnectorMapping::PhConnectorMapping()
 {
 }
 
-PhConnectorMapping::~PhConnectorMapping()
-{
-    setSource(nullptr);
-    setTarget(nullptr);
-    releaseList(d->frameMappings);
-}
+PhConnectorMapping::~PhConnectorMapping() = default;
 
 PhObject* PhConnectorMapping::source() const { return d->source; }
 
-void PhConnectorMapping::setSource(PhObject* source) { setRef(d->source, source); }
+void PhConnectorMapping::setSource(PhObject* source) { d->source = source; }
 
 PhObject* PhConnectorMapping::target() const { return d->target; }
 
-void PhConnectorMapping::setTarget(PhObject* target) { setRef(d->target, target); }
+void PhConnectorMapping::setTarget(PhObject* target) { d->target = target; }
 
 PhList* PhConnectorMapping::frameMappings() const { return d->frameMappings; }
 
 void PhConnectorMapping::appendFrameMapping(PhFrameMapping* frameMapping)
 {
-    appendTo(d->frameMappings, frameMapping);
+    d->frameMappings.append(frameMapping);
 }
 
 PhFrameMapping* PhConnectorMapping::findOrCreateFrameMapping(PhObject* source, PhObject* target)

@@ -7,15 +7,15 @@ namespace tavo {
 
 struct PhControllerPrivate : Pooled
 {
-    PhChannel* channel = nullptr;
+    PhRef<PhChannel> channel;
 };
 
 PhController::PhController() : PhObject(PhClassController), d(new PhControllerPrivate) {}
 
-PhController::~PhController() { setChannel(nullptr); }
+PhController::~PhController() = default;
 
 PhChannel* PhController::channel() const { return d->channel; }
 
-void PhController::setChannel(PhChannel* channel) { setRef(d->channel, channel); }
+void PhController::setChannel(PhChannel* channel) { d->channel = channel; }
 
 } // namespace tavo

@@ -12,29 +12,23 @@ namespace tavo {
 
 struct PhEcuPrivate : Pooled
 {
-    PhList* functions = nullptr;
-    PhList* connectors = nullptr;
-    PhList* controllers = nullptr;
-    PhList* connectorMappings = nullptr;
+    PhLazyList connectorMappings;
+    PhLazyList controllers;
+    PhLazyList connectors;
+    PhLazyList functions;
 };
 
 PhEcu::PhEcu() : PhObject(PhClassEcu), d(new PhEcuPrivate) {}
 
-PhEcu::~PhEcu()
-{
-    releaseList(d->functions);
-    releaseList(d->connectors);
-    releaseList(d->controllers);
-    releaseList(d->connectorMappings);
-}
+PhEcu::~PhEcu() = default;
 
 PhList* PhEcu::functions() const { return d->functions; }
 
-void PhEcu::appendFunction(PhFunction* function) { appendTo(d->functions, function); }
+void PhEcu::appendFunction(PhFunction* function) { d->functions.append(function); }
 
 PhList* PhEcu::connectors() const { return d->connectors; }
 
-void PhEcu::appendConnector(PhConnector* connector) { appendTo(d->connectors, connector); }
+void PhEcu::appendConnector(PhConnector* connector) { d->connectors.append(connector); }
 
 PhConnector* PhEcu::findConnector(const PhChannel* channel) const
 {
@@ -46,7 +40,7 @@ PhConnector* PhEcu::findConnector(const PhChannel* channel) const
 
 PhList* PhEcu::controllers() const { return d->controllers; }
 
-void PhEcu::appendController(PhController* controller) { appendTo(d->controllers, controller); }
+void PhEcu::appendController(PhController* controller) { d->controllers.append(controller); }
 
 PhController* PhEcu::resolveController(const PhString& externalId) const
 {
@@ -57,7 +51,7 @@ PhList* PhEcu::connectorMappings() const { return d->connectorMappings; }
 
 void PhEcu::appendConnectorMapping(PhConnectorMapping* connectorMapping)
 {
-    appendTo(d->connectorMappings, connectorMapping);
+    d->connectorMappings.append(connectorMapping);
 }
 
 PhConnectorMapping* PhEcu::findOrCreateConnectorMapping(PhObject* source, PhObject* target)

@@ -6,31 +6,26 @@ namespace tavo {
 
 struct PhEntityRefPrivate : Pooled
 {
-    PhObject* primaryRef = nullptr;
-    PhObject* secondaryRef = nullptr;
-    PhObject* localRef = nullptr; ///< Not copied.
+    PhRef<PhObject> localRef; ///< Not copied.
+    PhRef<PhObject> primaryRef;
+    PhRef<PhObject> secondaryRef;
 };
 
 PhEntityRef::PhEntityRef() : PhObject(PhClassEntityRef), d(new PhEntityRefPrivate) {}
 
-PhEntityRef::~PhEntityRef()
-{
-    setSecondaryRef(nullptr);
-    setPrimaryRef(nullptr);
-    setLocalRef(nullptr);
-}
+PhEntityRef::~PhEntityRef() = default;
 
 PhObject* PhEntityRef::primaryRef() const { return d->primaryRef; }
 
-void PhEntityRef::setPrimaryRef(PhObject* primaryRef) { setRef(d->primaryRef, primaryRef); }
+void PhEntityRef::setPrimaryRef(PhObject* primaryRef) { d->primaryRef = primaryRef; }
 
 PhObject* PhEntityRef::secondaryRef() const { return d->secondaryRef; }
 
-void PhEntityRef::setSecondaryRef(PhObject* secondaryRef) { setRef(d->secondaryRef, secondaryRef); }
+void PhEntityRef::setSecondaryRef(PhObject* secondaryRef) { d->secondaryRef = secondaryRef; }
 
 PhObject* PhEntityRef::localRef() const { return d->localRef; }
 
-void PhEntityRef::setLocalRef(PhObject* localRef) { setRef(d->localRef, localRef); }
+void PhEntityRef::setLocalRef(PhObject* localRef) { d->localRef = localRef; }
 
 PhEntityRef* PhEntityRef::duplicate() const
 {

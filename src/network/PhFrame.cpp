@@ -7,12 +7,12 @@ namespace tavo {
 struct PhFramePrivate : Pooled
 {
     PhFrameType frameType = PhFrameType::Undefined;
-    PhObject* structure = nullptr; ///< Layout.
+    PhRef<PhObject> structure; ///< Layout.
 };
 
 PhFrame::PhFrame() : PhObject(PhClassFrame), d(new PhFramePrivate) {}
 
-PhFrame::~PhFrame() { setStructure(nullptr); }
+PhFrame::~PhFrame() = default;
 
 PhFrameType PhFrame::frameType() const { return d->frameType; }
 
@@ -20,6 +20,6 @@ void PhFrame::setFrameType(PhFrameType frameType) { d->frameType = frameType; }
 
 PhObject* PhFrame::structure() const { return d->structure; }
 
-void PhFrame::setStructure(PhObject* structure) { setRef(d->structure, structure); }
+void PhFrame::setStructure(PhObject* structure) { d->structure = structure; }
 
 } // namespace tavo

@@ -7,33 +7,28 @@ namespace tavo {
 
 struct PhFrameMappingPrivate : Pooled
 {
-    PhObject* source = nullptr;
-    PhObject* target = nullptr;
-    PhList* signalMappings = nullptr;
+    PhLazyList signalMappings;
+    PhRef<PhObject> target;
+    PhRef<PhObject> source;
 };
 
 PhFrameMapping::PhFrameMapping() : PhObject(PhClassFrameMapping), d(new PhFrameMappingPrivate) {}
 
-PhFrameMapping::~PhFrameMapping()
-{
-    setSource(nullptr);
-    setTarget(nullptr);
-    releaseList(d->signalMappings);
-}
+PhFrameMapping::~PhFrameMapping() = default;
 
 PhObject* PhFrameMapping::source() const { return d->source; }
 
-void PhFrameMapping::setSource(PhObject* source) { setRef(d->source, source); }
+void PhFrameMapping::setSource(PhObject* source) { d->source = source; }
 
 PhObject* PhFrameMapping::target() const { return d->target; }
 
-void PhFrameMapping::setTarget(PhObject* target) { setRef(d->target, target); }
+void PhFrameMapping::setTarget(PhObject* target) { d->target = target; }
 
 PhList* PhFrameMapping::signalMappings() const { return d->signalMappings; }
 
 void PhFrameMapping::appendSignalMapping(PhSignalMapping* signalMapping)
 {
-    appendTo(d->signalMappings, signalMapping);
+    d->signalMappings.append(signalMapping);
 }
 
 PhSignalMapping* PhFrameMapping::findOrCreateSignalMapping(PhObject* source, PhObject* target)

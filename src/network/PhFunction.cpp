@@ -6,30 +6,23 @@ namespace tavo {
 
 struct PhFunctionPrivate : Pooled
 {
-    PhList* inputSignals = nullptr;
-    PhList* outputSignals = nullptr;
+    PhLazyList outputSignals;
+    PhLazyList inputSignals;
 };
 
 PhFunction::PhFunction() : PhObject(PhClassFunction), d(new PhFunctionPrivate) {}
 
-PhFunction::~PhFunction()
-{
-    releaseList(d->inputSignals);
-    releaseList(d->outputSignals);
-}
+PhFunction::~PhFunction() = default;
 
 PhList* PhFunction::inputSignals() const { return d->inputSignals; }
 
 PhList* PhFunction::outputSignals() const { return d->outputSignals; }
 
-void PhFunction::appendInputSignal(PhObject* inputSignal)
-{
-    appendTo(d->inputSignals, inputSignal);
-}
+void PhFunction::appendInputSignal(PhObject* inputSignal) { d->inputSignals.append(inputSignal); }
 
 void PhFunction::appendOutputSignal(PhObject* outputSignal)
 {
-    appendTo(d->outputSignals, outputSignal);
+    d->outputSignals.append(outputSignal);
 }
 
 } // namespace tavo

@@ -7,20 +7,20 @@ namespace tavo {
 
 struct PhScheduleTablePrivate : Pooled
 {
-    PhList* scheduleTableEntries = nullptr;
+    PhLazyList scheduleTableEntries;
 };
 
 PhScheduleTable::PhScheduleTable() : PhObject(PhClassScheduleTable), d(new PhScheduleTablePrivate)
 {
 }
 
-PhScheduleTable::~PhScheduleTable() { releaseList(d->scheduleTableEntries); }
+PhScheduleTable::~PhScheduleTable() = default;
 
 PhList* PhScheduleTable::scheduleTableEntries() const { return d->scheduleTableEntries; }
 
 void PhScheduleTable::appendScheduleTableEntry(PhScheduleTableEntry* scheduleTableEntry)
 {
-    appendTo(d->scheduleTableEntries, scheduleTableEntry);
+    d->scheduleTableEntries.append(scheduleTableEntry);
 }
 
 std::uint32_t PhScheduleTable::size() const { return countOf(d->scheduleTableEntries); }

@@ -8,9 +8,9 @@ namespace tavo {
 
 struct PhScheduleTableEntryPrivate : Pooled
 {
-    PhObject* auxRef = nullptr;
-    PhValue* delay = nullptr;
-    PhFrame* frame = nullptr;
+    PhRef<PhFrame> frame;
+    PhRef<PhValue> delay;
+    PhRef<PhObject> auxRef;
 };
 
 PhScheduleTableEntry::PhScheduleTableEntry()
@@ -18,23 +18,18 @@ PhScheduleTableEntry::PhScheduleTableEntry()
 {
 }
 
-PhScheduleTableEntry::~PhScheduleTableEntry()
-{
-    setAuxRef(nullptr);
-    setDelay(nullptr);
-    setFrame(nullptr);
-}
+PhScheduleTableEntry::~PhScheduleTableEntry() = default;
 
 PhValue* PhScheduleTableEntry::delay() const { return d->delay; }
 
-void PhScheduleTableEntry::setDelay(PhValue* delay) { setRef(d->delay, delay); }
+void PhScheduleTableEntry::setDelay(PhValue* delay) { d->delay = delay; }
 
 PhFrame* PhScheduleTableEntry::frame() const { return d->frame; }
 
-void PhScheduleTableEntry::setFrame(PhFrame* frame) { setRef(d->frame, frame); }
+void PhScheduleTableEntry::setFrame(PhFrame* frame) { d->frame = frame; }
 
 PhObject* PhScheduleTableEntry::auxRef() const { return d->auxRef; }
 
-void PhScheduleTableEntry::setAuxRef(PhObject* auxRef) { setRef(d->auxRef, auxRef); }
+void PhScheduleTableEntry::setAuxRef(PhObject* auxRef) { d->auxRef = auxRef; }
 
 } // namespace tavo

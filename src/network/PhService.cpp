@@ -6,24 +6,20 @@ namespace tavo {
 
 struct PhServicePrivate : Pooled
 {
-    PhObject* request = nullptr;
-    PhList* responses = nullptr;
+    PhLazyList responses;
+    PhRef<PhObject> request;
 };
 
 PhService::PhService() : PhObject(PhClassService), d(new PhServicePrivate) {}
 
-PhService::~PhService()
-{
-    setRequest(nullptr);
-    releaseList(d->responses);
-}
+PhService::~PhService() = default;
 
 PhObject* PhService::request() const { return d->request; }
 
-void PhService::setRequest(PhObject* request) { setRef(d->request, request); }
+void PhService::setRequest(PhObject* request) { d->request = request; }
 
 PhList* PhService::responses() const { return d->responses; }
 
-void PhService::appendResponse(PhObject* response) { appendTo(d->responses, response); }
+void PhService::appendResponse(PhObject* response) { d->responses.append(response); }
 
 } // namespace tavo

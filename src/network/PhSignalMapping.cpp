@@ -6,26 +6,22 @@ namespace tavo {
 
 struct PhSignalMappingPrivate : Pooled
 {
-    PhObject* source = nullptr;
-    PhObject* target = nullptr;
+    PhRef<PhObject> target;
+    PhRef<PhObject> source;
 };
 
 PhSignalMapping::PhSignalMapping() : PhObject(PhClassSignalMapping), d(new PhSignalMappingPrivate)
 {
 }
 
-PhSignalMapping::~PhSignalMapping()
-{
-    setSource(nullptr);
-    setTarget(nullptr);
-}
+PhSignalMapping::~PhSignalMapping() = default;
 
 PhObject* PhSignalMapping::source() const { return d->source; }
 
-void PhSignalMapping::setSource(PhObject* source) { setRef(d->source, source); }
+void PhSignalMapping::setSource(PhObject* source) { d->source = source; }
 
 PhObject* PhSignalMapping::target() const { return d->target; }
 
-void PhSignalMapping::setTarget(PhObject* target) { setRef(d->target, target); }
+void PhSignalMapping::setTarget(PhObject* target) { d->target = target; }
 
 } // namespace tavo

@@ -8,17 +8,13 @@ namespace tavo {
 struct PhTimingPrivate : Pooled
 {
     std::int32_t timingType = 0;
-    PhValue* delay = nullptr;
-    PhValue* cycle = nullptr;
+    PhRef<PhValue> cycle;
+    PhRef<PhValue> delay;
 };
 
 PhTiming::PhTiming() : PhObject(PhClassTiming), d(new PhTimingPrivate) {}
 
-PhTiming::~PhTiming()
-{
-    setDelay(nullptr);
-    setCycle(nullptr);
-}
+PhTiming::~PhTiming() = default;
 
 std::int32_t PhTiming::timingType() const { return d->timingType; }
 
@@ -26,10 +22,10 @@ void PhTiming::setTimingType(std::int32_t timingType) { d->timingType = timingTy
 
 PhValue* PhTiming::delay() const { return d->delay; }
 
-void PhTiming::setDelay(PhValue* delay) { setRef(d->delay, delay); }
+void PhTiming::setDelay(PhValue* delay) { d->delay = delay; }
 
 PhValue* PhTiming::cycle() const { return d->cycle; }
 
-void PhTiming::setCycle(PhValue* cycle) { setRef(d->cycle, cycle); }
+void PhTiming::setCycle(PhValue* cycle) { d->cycle = cycle; }
 
 } // namespace tavo

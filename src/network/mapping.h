@@ -17,7 +17,7 @@ inline bool sameExternalId(const PhObject* a, const PhObject* b)
 /// Ends are compared by external id. A null end matches nothing, so with one a fresh mapping, that
 /// has null at this end, is appended at each call. Never null; the list holds the only count.
 template <class Mapping>
-Mapping* findOrCreateMapping(PhList*& mappings, PhObject* source, PhObject* target)
+Mapping* findOrCreateMapping(PhLazyList& mappings, PhObject* source, PhObject* target)
 {
     for (Mapping* known : each<Mapping>(mappings))
         if (sameExternalId(known->source(), source) && sameExternalId(known->target(), target))
@@ -26,7 +26,7 @@ Mapping* findOrCreateMapping(PhList*& mappings, PhObject* source, PhObject* targ
     auto* fresh = new Mapping;
     fresh->setSource(source);
     fresh->setTarget(target);
-    appendTo(mappings, fresh);
+    mappings.append(fresh);
     return fresh;
 }
 

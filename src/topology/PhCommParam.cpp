@@ -11,30 +11,21 @@ struct PhCommParamPrivate : Pooled
     PhProtocol protocol = PhProtocol::Undefined;
     PhTransport transport = PhTransport::Undefined;
     PhEndian endian = PhEndian::Undefined;
-    PhList* properties = nullptr; ///< Named values, the one list that is there from the start.
-    PhList* rasters = nullptr;
-    PhValue* slaveId = nullptr;
-    PhValue* masterId = nullptr;
-    PhValue* stationAddress = nullptr;
-    PhValue* port = nullptr;
-    PhValue* host = nullptr;
+    PhRef<PhValue> host;
+    PhRef<PhValue> port;
+    PhRef<PhValue> stationAddress;
+    PhRef<PhValue> masterId;
+    PhRef<PhValue> slaveId;
+    PhLazyList rasters;
+    PhLazyList properties; ///< Named values, the one list that is there from the start.
 };
 
 PhCommParam::PhCommParam() : PhObject(PhClassCommParam), d(new PhCommParamPrivate)
 {
-    d->properties = new PhList;
+    d->properties.made();
 }
 
-PhCommParam::~PhCommParam()
-{
-    releaseList(d->properties);
-    releaseList(d->rasters);
-    setSlaveId(nullptr);
-    setMasterId(nullptr);
-    setStationAddress(nullptr);
-    setPort(nullptr);
-    setHost(nullptr);
-}
+PhCommParam::~PhCommParam() = default;
 
 PhProtocol PhCommParam::protocol() const { return d->protocol; }
 
@@ -50,26 +41,23 @@ void PhCommParam::setEndian(PhEndian endian) { d->endian = endian; }
 
 PhValue* PhCommParam::slaveId() const { return d->slaveId; }
 
-void PhCommParam::setSlaveId(PhValue* slaveId) { setRef(d->slaveId, slaveId); }
+void PhCommParam::setSlaveId(PhValue* slaveId) { d->slaveId = slaveId; }
 
 PhValue* PhCommParam::masterId() const { return d->masterId; }
 
-void PhCommParam::setMasterId(PhValue* masterId) { setRef(d->masterId, masterId); }
+void PhCommParam::setMasterId(PhValue* masterId) { d->masterId = masterId; }
 
 PhValue* PhCommParam::stationAddress() const { return d->stationAddress; }
 
-void PhCommParam::setStationAddress(PhValue* stationAddress)
-{
-    setRef(d->stationAddress, stationAddress);
-}
+void PhCommParam::setStationAddress(PhValue* stationAddress) { d->stationAddress = stationAddress; }
 
 PhValue* PhCommParam::port() const { return d->port; }
 
-void PhCommParam::setPort(PhValue* port) { setRef(d->port, port); }
+void PhCommParam::setPort(PhValue* port) { d->port = port; }
 
 PhValue* PhCommParam::host() const { return d->host; }
 
-void PhCommParam::setHost(PhValue* host) { setRef(d->host, host); }
+void PhCommParam::setHost(PhValue* host) { d->host = host; }
 
 PhList* PhCommParam::properties() const { return d->properties; }
 
@@ -85,7 +73,7 @@ PhValue* findOrCreateProperty(PhList* properties, const PhString& name)
 {
     if (auto* known = findByName<PhValue>(properties, name))
         return known;
-    const PhHold<PhValue> fresh(new PhValue);
+    const PhRef<PhValue> fresh(new PhValue);
     fresh->setName(name);
     properties->append(fresh.get());
     return fresh.get();
@@ -126,7 +114,7 @@ PhValue* PhCommParam::setProperty(const PhString& name, PhList* list)
 
 PhList* PhCommParam::rasters() const { return d->rasters; }
 
-void PhCommParam::appendRaster(PhRaster* raster) { appendTo(d->rasters, raster); }
+void PhCommParam::appendRaster(PhRaster* raster) { d->rasters.append(raster); }
 
 PhRaster* PhCommParam::findRaster(const PhString& name) const
 {

@@ -1,5 +1,6 @@
 #include "topology/PhEntity.h"
 
+#include "model/PhRare.h"
 #include "model/PhType.h"
 #include "model/PhValue.h"
 #include "model/ownership.h"
@@ -9,37 +10,31 @@ namespace tavo {
 /// What no file gives an entity.
 struct PhEntityExtras : Pooled
 {
-    PhObject* auxRef1 = nullptr;
-    PhObject* auxRef2 = nullptr;
-    PhObject* auxRef3 = nullptr;
-    PhObject* auxRef4 = nullptr;
     std::unique_ptr<PhString> extraText; ///< The one text that isn't a slot of the base.
+    PhRef<PhObject> auxRef4;
+    PhRef<PhObject> auxRef3;
+    PhRef<PhObject> auxRef2;
+    PhRef<PhObject> auxRef1;
 };
 
 struct PhEntityPrivate : Pooled
 {
-    PhValue* address = nullptr;
-    PhValue* addressExtension = nullptr;
-    PhValue* lowerLimit = nullptr;
-    PhValue* upperLimit = nullptr;
-    PhType* type = nullptr;
-    std::unique_ptr<PhEntityExtras> extras; ///< Null until one of them is set.
+    PhRef<PhValue> upperLimit;
+    PhRef<PhValue> lowerLimit;
+    PhRare<PhEntityExtras> extras;
+    PhRef<PhType> type;
+    PhRef<PhValue> addressExtension;
+    PhRef<PhValue> address;
 
-    PhObject* reference(PhObject* PhEntityExtras::*field) const
+    PhObject* reference(PhRef<PhObject> PhEntityExtras::*field) const
     {
-        return extras ? extras.get()->*field : nullptr;
+        return extras ? ((*extras).*field).get() : nullptr;
     }
-    void setReference(PhObject* PhEntityExtras::*field, PhObject* object)
+    void setReference(PhRef<PhObject> PhEntityExtras::*field, PhObject* object)
     {
-        const PhHold<PhObject> hold(object);
+        const PhRef<PhObject> hold(object);
         if (object || extras)
-            setRef(madeExtras().*field, object);
-    }
-    PhEntityExtras& madeExtras()
-    {
-        if (!extras)
-            extras = std::make_unique<PhEntityExtras>();
-        return *extras;
+            extras.made().*field = object;
     }
 };
 
@@ -47,39 +42,35 @@ PhEntity::PhEntity() : PhObject(PhClassEntity), d(new PhEntityPrivate) {}
 
 PhEntity::~PhEntity()
 {
+    // Two of the extras go before the type, which the order of the fields can't say.
     setAddress(nullptr);
     setAddressExtension(nullptr);
     setAuxRef1(nullptr);
     setAuxRef2(nullptr);
-    setType(nullptr);
-    setAuxRef3(nullptr);
-    setAuxRef4(nullptr);
-    setLowerLimit(nullptr);
-    setUpperLimit(nullptr);
 }
 
 PhValue* PhEntity::address() const { return d->address; }
 
-void PhEntity::setAddress(PhValue* address) { setRef(d->address, address); }
+void PhEntity::setAddress(PhValue* address) { d->address = address; }
 
 PhValue* PhEntity::addressExtension() const { return d->addressExtension; }
 
 void PhEntity::setAddressExtension(PhValue* addressExtension)
 {
-    setRef(d->addressExtension, addressExtension);
+    d->addressExtension = addressExtension;
 }
 
 PhValue* PhEntity::lowerLimit() const { return d->lowerLimit; }
 
-void PhEntity::setLowerLimit(PhValue* lowerLimit) { setRef(d->lowerLimit, lowerLimit); }
+void PhEntity::setLowerLimit(PhValue* lowerLimit) { d->lowerLimit = lowerLimit; }
 
 PhValue* PhEntity::upperLimit() const { return d->upperLimit; }
 
-void PhEntity::setUpperLimit(PhValue* upperLimit) { setRef(d->upperLimit, upperLimit); }
+void PhEntity::setUpperLimit(PhValue* upperLimit) { d->upperLimit = upperLimit; }
 
 PhType* PhEntity::type() const { return d->type; }
 
-void PhEntity::setType(PhType* type) { setRef(d->type, type); }
+void PhEntity::setType(PhType* type) { d->type = type; }
 
 PhObject* PhEntity::auxRef1() const { return d->reference(&PhEntityExtras::auxRef1); }
 
@@ -104,7 +95,7 @@ void PhEntity::setExtraText(PhString* extraText)
     if (extraText == this->extraText())
         return;
     std::unique_ptr<PhString> text(extraText);
-    d->madeExtras().extraText = std::move(text);
+    d->extras.made().extraText = std::move(text);
 }
 
 } // namespace tavo

@@ -19,42 +19,47 @@
 
 namespace tavo {
 
+namespace {
+
+/// The children of a group, which may outlive it: none of them leads back to it then.
+class Children : public PhLazyList
+{
+public:
+    ~Children()
+    {
+        for (PhGroup* child : each<PhGroup>(*this))
+            child->setParent(nullptr);
+    }
+};
+
+} // namespace
+
 struct PhGroupPrivate : Pooled
 {
     PhGroupType groupType = PhGroupType::Undefined;
     PhGroup* parent = nullptr; ///< Back pointer without a count.
-    PhList* memoryPages = nullptr;
-    PhList* commParams = nullptr;
-    PhList* units = nullptr;
-    PhList* types = nullptr;
-    PhList* signals = nullptr;
-    PhList* structures = nullptr;
-    PhList* services = nullptr;
-    PhList* frames = nullptr;
-    PhList* conversions = nullptr;
-    PhList* entities = nullptr;
-    PhList* requests = nullptr;
-    PhList* responses = nullptr;
-    PhList* functions = nullptr;
-    PhList* ecus = nullptr;
-    PhList* channels = nullptr;
-    PhList* clusters = nullptr;
-    PhList* groups = nullptr; ///< Children.
+    Children groups;
+    PhLazyList clusters;
+    PhLazyList channels;
+    PhLazyList ecus;
+    PhLazyList functions;
+    PhLazyList responses;
+    PhLazyList requests;
+    PhLazyList entities;
+    PhLazyList conversions;
+    PhLazyList frames;
+    PhLazyList services;
+    PhLazyList structures;
+    PhLazyList signals;
+    PhLazyList types;
+    PhLazyList units;
+    PhLazyList memoryPages;
+    PhLazyList commParams;
 };
 
 PhGroup::PhGroup() : PhObject(PhClassGroup), d(new PhGroupPrivate) {}
 
-PhGroup::~PhGroup()
-{
-    for (PhList** list :
-         {&d->commParams, &d->memoryPages, &d->units, &d->types, &d->signals, &d->structures,
-          &d->services, &d->frames, &d->conversions, &d->entities, &d->requests, &d->responses,
-          &d->functions, &d->ecus, &d->channels, &d->clusters})
-        releaseList(*list);
-    for (PhGroup* child : each<PhGroup>(d->groups))
-        child->setParent(nullptr);
-    releaseList(d->groups);
-}
+PhGroup::~PhGroup() = default;
 
 PhGroupType PhGroup::groupType() const { return d->groupType; }
 
@@ -82,47 +87,47 @@ PhList* PhGroup::channels() const { return d->channels; }
 PhList* PhGroup::clusters() const { return d->clusters; }
 PhList* PhGroup::groups() const { return d->groups; }
 
-void PhGroup::appendMemoryPage(PhMemoryPage* memoryPage) { appendTo(d->memoryPages, memoryPage); }
-void PhGroup::appendCommParam(PhCommParam* commParam) { appendTo(d->commParams, commParam); }
-void PhGroup::appendUnit(PhUnit* unit) { appendTo(d->units, unit); }
-void PhGroup::appendType(PhType* type) { appendTo(d->types, type); }
-void PhGroup::appendSignal(PhSignal* signal) { appendTo(d->signals, signal); }
-void PhGroup::appendStructure(PhStructure* structure) { appendTo(d->structures, structure); }
-void PhGroup::appendService(PhService* service) { appendTo(d->services, service); }
-void PhGroup::appendFrame(PhFrame* frame) { appendTo(d->frames, frame); }
-void PhGroup::appendConversion(PhConversion* conversion) { appendTo(d->conversions, conversion); }
-void PhGroup::appendEntity(PhEntity* entity) { appendTo(d->entities, entity); }
-void PhGroup::appendRequest(PhObject* request) { appendTo(d->requests, request); }
-void PhGroup::appendResponse(PhObject* response) { appendTo(d->responses, response); }
-void PhGroup::appendFunction(PhFunction* function) { appendTo(d->functions, function); }
-void PhGroup::appendEcu(PhEcu* ecu) { appendTo(d->ecus, ecu); }
-void PhGroup::appendChannel(PhChannel* channel) { appendTo(d->channels, channel); }
-void PhGroup::appendCluster(PhCluster* cluster) { appendTo(d->clusters, cluster); }
+void PhGroup::appendMemoryPage(PhMemoryPage* memoryPage) { d->memoryPages.append(memoryPage); }
+void PhGroup::appendCommParam(PhCommParam* commParam) { d->commParams.append(commParam); }
+void PhGroup::appendUnit(PhUnit* unit) { d->units.append(unit); }
+void PhGroup::appendType(PhType* type) { d->types.append(type); }
+void PhGroup::appendSignal(PhSignal* signal) { d->signals.append(signal); }
+void PhGroup::appendStructure(PhStructure* structure) { d->structures.append(structure); }
+void PhGroup::appendService(PhService* service) { d->services.append(service); }
+void PhGroup::appendFrame(PhFrame* frame) { d->frames.append(frame); }
+void PhGroup::appendConversion(PhConversion* conversion) { d->conversions.append(conversion); }
+void PhGroup::appendEntity(PhEntity* entity) { d->entities.append(entity); }
+void PhGroup::appendRequest(PhObject* request) { d->requests.append(request); }
+void PhGroup::appendResponse(PhObject* response) { d->responses.append(response); }
+void PhGroup::appendFunction(PhFunction* function) { d->functions.append(function); }
+void PhGroup::appendEcu(PhEcu* ecu) { d->ecus.append(ecu); }
+void PhGroup::appendChannel(PhChannel* channel) { d->channels.append(channel); }
+void PhGroup::appendCluster(PhCluster* cluster) { d->clusters.append(cluster); }
 
 void PhGroup::appendGroup(PhGroup* group)
 {
-    appendTo(d->groups, group);
+    d->groups.append(group);
     if (group)
         group->setParent(this);
 }
 
-void PhGroup::removeUnit(std::uint32_t id) { removeFrom(d->units, id); }
-void PhGroup::removeType(std::uint32_t id) { removeFrom(d->types, id); }
-void PhGroup::removeSignal(std::uint32_t id) { removeFrom(d->signals, id); }
-void PhGroup::removeStructure(std::uint32_t id) { removeFrom(d->structures, id); }
-void PhGroup::removeService(std::uint32_t id) { removeFrom(d->services, id); }
-void PhGroup::removeFrame(std::uint32_t id) { removeFrom(d->frames, id); }
-void PhGroup::removeConversion(std::uint32_t id) { removeFrom(d->conversions, id); }
-void PhGroup::removeEntity(std::uint32_t id) { removeFrom(d->entities, id); }
-void PhGroup::removeRequest(std::uint32_t id) { removeFrom(d->requests, id); }
-void PhGroup::removeResponse(std::uint32_t id) { removeFrom(d->responses, id); }
+void PhGroup::removeUnit(std::uint32_t id) { d->units.remove(id); }
+void PhGroup::removeType(std::uint32_t id) { d->types.remove(id); }
+void PhGroup::removeSignal(std::uint32_t id) { d->signals.remove(id); }
+void PhGroup::removeStructure(std::uint32_t id) { d->structures.remove(id); }
+void PhGroup::removeService(std::uint32_t id) { d->services.remove(id); }
+void PhGroup::removeFrame(std::uint32_t id) { d->frames.remove(id); }
+void PhGroup::removeConversion(std::uint32_t id) { d->conversions.remove(id); }
+void PhGroup::removeEntity(std::uint32_t id) { d->entities.remove(id); }
+void PhGroup::removeRequest(std::uint32_t id) { d->requests.remove(id); }
+void PhGroup::removeResponse(std::uint32_t id) { d->responses.remove(id); }
 
 void PhGroup::removeGroup(std::uint32_t id)
 {
     PhListNode* node = d->groups ? d->groups->findNodeById(id) : nullptr;
     if (!node)
         return;
-    const PhHold<PhGroup> child(static_cast<PhGroup*>(node->object()));
+    const PhRef<PhGroup> child(static_cast<PhGroup*>(node->object()));
     d->groups->remove(node);
     // Nobody would take the back pointer of a surviving child away when this group dies.
     if (child->parent() == this && !d->groups->findById(id))

@@ -10,17 +10,13 @@ struct PhMemoryPagePrivate : Pooled
     PhMemoryType memoryType = PhMemoryType::Undefined;
     PhLocation location = PhLocation::Undefined;
     PhPageType pageType = PhPageType::Undefined;
-    PhValue* size = nullptr;
-    PhValue* address = nullptr;
+    PhRef<PhValue> address;
+    PhRef<PhValue> size;
 };
 
 PhMemoryPage::PhMemoryPage() : PhObject(PhClassMemoryPage), d(new PhMemoryPagePrivate) {}
 
-PhMemoryPage::~PhMemoryPage()
-{
-    setSize(nullptr);
-    setAddress(nullptr);
-}
+PhMemoryPage::~PhMemoryPage() = default;
 
 PhMemoryType PhMemoryPage::memoryType() const { return d->memoryType; }
 
@@ -36,10 +32,10 @@ void PhMemoryPage::setPageType(PhPageType pageType) { d->pageType = pageType; }
 
 PhValue* PhMemoryPage::size() const { return d->size; }
 
-void PhMemoryPage::setSize(PhValue* size) { setRef(d->size, size); }
+void PhMemoryPage::setSize(PhValue* size) { d->size = size; }
 
 PhValue* PhMemoryPage::address() const { return d->address; }
 
-void PhMemoryPage::setAddress(PhValue* address) { setRef(d->address, address); }
+void PhMemoryPage::setAddress(PhValue* address) { d->address = address; }
 
 } // namespace tavo

@@ -8,19 +8,14 @@ namespace tavo {
 struct PhRasterPrivate : Pooled
 {
     PhTimeUnit timeUnit = PhTimeUnit::Undefined;
-    PhValue* rate = nullptr;
-    PhValue* channel = nullptr;
-    PhObject* auxRef = nullptr;
+    PhRef<PhObject> auxRef;
+    PhRef<PhValue> channel;
+    PhRef<PhValue> rate;
 };
 
 PhRaster::PhRaster() : PhObject(PhClassRaster), d(new PhRasterPrivate) {}
 
-PhRaster::~PhRaster()
-{
-    setRate(nullptr);
-    setChannel(nullptr);
-    setAuxRef(nullptr);
-}
+PhRaster::~PhRaster() = default;
 
 PhTimeUnit PhRaster::timeUnit() const { return d->timeUnit; }
 
@@ -28,14 +23,14 @@ void PhRaster::setTimeUnit(PhTimeUnit timeUnit) { d->timeUnit = timeUnit; }
 
 PhValue* PhRaster::rate() const { return d->rate; }
 
-void PhRaster::setRate(PhValue* rate) { setRef(d->rate, rate); }
+void PhRaster::setRate(PhValue* rate) { d->rate = rate; }
 
 PhValue* PhRaster::channel() const { return d->channel; }
 
-void PhRaster::setChannel(PhValue* channel) { setRef(d->channel, channel); }
+void PhRaster::setChannel(PhValue* channel) { d->channel = channel; }
 
 PhObject* PhRaster::auxRef() const { return d->auxRef; }
 
-void PhRaster::setAuxRef(PhObject* auxRef) { setRef(d->auxRef, auxRef); }
+void PhRaster::setAuxRef(PhObject* auxRef) { d->auxRef = auxRef; }
 
 } // namespace tavo

@@ -8,19 +8,19 @@ namespace tavo {
 
 struct PhRootPrivate : Pooled
 {
-    PhList* groups = nullptr;   ///< Top-level groups.
     PhLogger* logger = nullptr; ///< Sink of the messages, not owned.
+    PhLazyList groups;          ///< Top-level groups.
 };
 
 PhRoot::PhRoot() : PhObject(PhClassRoot), d(new PhRootPrivate) {}
 
-PhRoot::~PhRoot() { releaseList(d->groups); }
+PhRoot::~PhRoot() = default;
 
 PhList* PhRoot::groups() const { return d->groups; }
 
-void PhRoot::appendGroup(PhGroup* group) { appendTo(d->groups, group); }
+void PhRoot::appendGroup(PhGroup* group) { d->groups.append(group); }
 
-void PhRoot::removeGroup(std::uint32_t id) { removeFrom(d->groups, id); }
+void PhRoot::removeGroup(std::uint32_t id) { d->groups.remove(id); }
 
 PhGroup* PhRoot::findGroupByExternalId(const PhString& externalId) const
 {

@@ -140,7 +140,7 @@ TEST(PhConversionTest, RowsAndCoefficientsReadAsIfEachHadBeenAnObject)
 TEST(PhConversionTest, AChainOfAnyLengthDiesUpToWhatIsHeldElsewhere)
 {
     constexpr int length = 1000000;
-    const PhHold<PhConversion> end(new PhConversion);
+    const PhRef<PhConversion> end(new PhConversion);
     PhConversion* middle = nullptr;
     PhConversion* chain = end.get();
     for (int i = 0; i < length; ++i) {

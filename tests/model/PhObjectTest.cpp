@@ -92,37 +92,37 @@ TEST(PhObjectTest, KeepsAllBitsOfAClassNumber)
     }
 }
 
-TEST(OwnershipTest, AFieldOwnsOneCountOfWhatItHolds)
+TEST(OwnershipTest, AReferenceOwnsOneCountOfWhatItHolds)
 {
-    PhObject* field = nullptr;
+    PhRef<PhObject> field;
     auto* old = new PhValue(new PhList);
     auto* fresh = new Probe;
     old->list()->append(fresh);
-    setRef<PhObject>(field, old);
-    setRef<PhObject>(field, fresh); // which only the old object held
+    field = old;
+    field = fresh; // which only the old object held
     EXPECT_EQ(Probe::alive, 1);
-    setRef(field, field);
+    field = field.get();
     EXPECT_EQ(field->refCount(), 1);
-    setRef<PhObject>(field, nullptr);
+    field = nullptr;
     EXPECT_EQ(field, nullptr);
     EXPECT_EQ(Probe::alive, 0);
 }
 
-TEST(OwnershipTest, AListFieldIsMadeByItsFirstElementAndAHoldDestroysWhatNobodyStored)
+TEST(OwnershipTest, AListIsMadeByItsFirstElementAndAReferenceDestroysWhatNobodyStored)
 {
-    PhList* field = nullptr;
-    removeFrom(field, 0);
-    releaseList(field);
-    for (int i = 0; i < 2; ++i) {
-        const PhHold<Probe> stored(new Probe);
-        const PhHold<Probe> lost(new Probe);
-        appendTo(field, stored.get());
+    {
+        PhLazyList list;
+        list.remove(0);
+        EXPECT_EQ(list, nullptr);
+        for (int i = 0; i < 2; ++i) {
+            const PhRef<Probe> stored(new Probe);
+            const PhRef<Probe> lost(new Probe);
+            list.append(stored);
+        }
+        EXPECT_EQ(Probe::alive, 2);
+        EXPECT_EQ(list.made()->count(), 2U);
+        list.remove(list->first()->id());
+        EXPECT_EQ(Probe::alive, 1);
     }
-    EXPECT_EQ(Probe::alive, 2);
-    EXPECT_EQ(createList(field)->count(), 2U);
-    removeFrom(field, field->first()->id());
-    EXPECT_EQ(Probe::alive, 1);
-    releaseList(field);
-    EXPECT_EQ(field, nullptr);
     EXPECT_EQ(Probe::alive, 0);
 }

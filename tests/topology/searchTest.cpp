@@ -61,8 +61,8 @@ void expectRemoval(void (PhGroup::*append)(Element*), void (PhGroup::*remove)(st
     PhGroup owner;
     (owner.*remove)(0);
     EXPECT_EQ((owner.*list)(), nullptr);
-    const PhHold<Element> kept(made<Element>(nullptr, nullptr));
-    const PhHold<Element> removed(made<Element>(nullptr, nullptr));
+    const PhRef<Element> kept(made<Element>(nullptr, nullptr));
+    const PhRef<Element> removed(made<Element>(nullptr, nullptr));
     (owner.*append)(kept.get());
     (owner.*append)(removed.get());
     (owner.*remove)(owner.id());
@@ -114,9 +114,9 @@ TEST(PhGroupTest, EachRemovalTakesTheElementOfThatIdFromItsOwnList)
 TEST(PhGroupTest, IsTheParentOfItsChildrenUntilTheyLeave)
 {
     PhGroup* parent = group("parent");
-    const PhHold<PhGroup> removed(group("removed"));
-    const PhHold<PhGroup> survivor(group("survivor"));
-    const PhHold<PhGroup> adopted(group("adopted"));
+    const PhRef<PhGroup> removed(group("removed"));
+    const PhRef<PhGroup> survivor(group("survivor"));
+    const PhRef<PhGroup> adopted(group("adopted"));
     PhGroup other;
     for (PhGroup* child : {removed.get(), survivor.get(), adopted.get()}) {
         EXPECT_EQ(child->parent(), nullptr);
@@ -173,7 +173,7 @@ TEST(PhRootTest, SearchesDepthFirstAndEachGroupBeforeItsChildren)
 TEST(PhEcuTest, FindsConnectorsByTheExternalIdOfTheirChannel)
 {
     PhEcu ecu;
-    const PhHold<PhChannel> wanted(new PhChannel);
+    const PhRef<PhChannel> wanted(new PhChannel);
     EXPECT_EQ(ecu.findConnector(wanted.get()), nullptr);
     ecu.appendConnector(new PhConnector); // without a channel
     const char* const ids[] = {"", nullptr, "can0", "can0"};
@@ -197,10 +197,10 @@ template <class Owner, class Mapping>
 void expectOneMappingForEachPair(Mapping* (Owner::*findOrCreate)(PhObject*, PhObject*),
                                  PhList* (Owner::*list)() const)
 {
-    const PhHold<PhObject> a(made<PhObject>(nullptr, "a"));
-    const PhHold<PhObject> sameA(made<PhObject>(nullptr, "a"));
-    const PhHold<PhObject> blank(made<PhObject>(nullptr, ""));
-    const PhHold<PhObject> null(made<PhObject>(nullptr, nullptr));
+    const PhRef<PhObject> a(made<PhObject>(nullptr, "a"));
+    const PhRef<PhObject> sameA(made<PhObject>(nullptr, "a"));
+    const PhRef<PhObject> blank(made<PhObject>(nullptr, ""));
+    const PhRef<PhObject> null(made<PhObject>(nullptr, nullptr));
     Owner owner;
     for (int round = 0; round < 2; ++round)
         for (PhObject* target :

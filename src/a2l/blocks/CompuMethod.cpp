@@ -34,7 +34,7 @@ PhConversionType conversionTypeOf(int code)
 /// { COEFFS a b c d e f | COMPU_TAB_REF name | FORMULA ... } /end COMPU_METHOD
 int PhA2l::parseCompuMethod(PhGroup* group)
 {
-    const PhHold<PhConversion> conversion(new PhConversion);
+    const PhRef<PhConversion> conversion(new PhConversion);
     conversion->setName(readText());
     conversion->setLongName(readText());
     progress("  Parse COMPU_METHOD '%s'\n", token().text);
@@ -43,7 +43,7 @@ int PhA2l::parseCompuMethod(PhGroup* group)
         conversion->setConversionType(readWord(conversionTypeOf));
     }
     dropFields(1); // the format
-    const PhHold<PhUnit> unit(new PhUnit);
+    const PhRef<PhUnit> unit(new PhUnit);
     unit->setLabel(readText());
     conversion->setUnit(unit.get());
     group->appendConversion(conversion.get());

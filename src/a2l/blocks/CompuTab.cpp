@@ -64,7 +64,7 @@ int PhA2l::parseCompuVtabRange(PhGroup* group)
 /// and its default isn't kept.
 int PhA2l::parseTable(PhGroup* group, const TableKind& kind)
 {
-    const PhHold<PhConversion> table(new PhConversion);
+    const PhRef<PhConversion> table(new PhConversion);
     table->setConversionType(PhConversionType::CtTable);
     table->setName(readText());
     table->setLongName(readText());

@@ -26,7 +26,7 @@ PhList* collection(PhCommParam* commParam, const char* name)
 /// Appends a value with an empty list of its own to `list`, which then holds it.
 PhValue* appendListValue(PhList* list)
 {
-    const PhHold<PhValue> entry(new PhValue);
+    const PhRef<PhValue> entry(new PhValue);
     entry->setValue(new PhList);
     list->append(entry.get());
     return entry.get();
@@ -35,7 +35,7 @@ PhValue* appendListValue(PhList* list)
 /// Appends an integer under `name`, which is null for one without a name.
 void appendInteger(PhList* list, const PhString& name, std::int32_t number)
 {
-    const PhHold<PhValue> entry(new PhValue(number));
+    const PhRef<PhValue> entry(new PhValue(number));
     entry->setName(name);
     list->append(entry.get());
 }
@@ -67,7 +67,7 @@ int PhA2l::parseIfDataCcp(PhObject* owner)
 /// The block behind a /begin in an IF_DATA ASAP1B_CCP. It makes the comm param, whatever it is.
 int PhA2l::parseCcpBlock(PhObject* owner)
 {
-    const PhHold<PhCommParam> commParam(commParamOf(owner, "CCP", PhProtocol::CCP));
+    const PhRef<PhCommParam> commParam(commParamOf(owner, "CCP", PhProtocol::CCP));
     const int code = nextToken();
     switch (code) {
     case ccp::T_SOURCE:
@@ -142,7 +142,7 @@ int PhA2l::parseCcpQpBlob(bool begun)
 /// RASTER "longName" "name" eventChannel scalingUnit rate { EXCLUSIVE x } /end RASTER
 int PhA2l::parseCcpRaster(PhCommParam* commParam)
 {
-    const PhHold<PhRaster> raster(new PhRaster);
+    const PhRef<PhRaster> raster(new PhRaster);
     commParam->appendRaster(raster.get());
     raster->setLongName(readText());
     raster->setName(readText());

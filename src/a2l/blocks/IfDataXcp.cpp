@@ -22,7 +22,7 @@ int PhA2l::parseIfDataXcp(PhObject* owner)
 int PhA2l::parseXcpBlock(PhObject* owner)
 {
     const int code = nextToken();
-    const PhHold<PhCommParam> commParam(commParamOf(owner, "XCP", PhProtocol::XCP));
+    const PhRef<PhCommParam> commParam(commParamOf(owner, "XCP", PhProtocol::XCP));
     switch (code) {
     case xcp::T_XCP_ON_CAN:
         return parseXcpOnCan(commParam.get());
@@ -166,7 +166,7 @@ int PhA2l::parseXcpDaqList()
 int PhA2l::parseXcpEvent(PhCommParam* commParam)
 {
     progress("  Parse IF_DATA EVENT\n");
-    const PhHold<PhRaster> raster(new PhRaster);
+    const PhRef<PhRaster> raster(new PhRaster);
     commParam->appendRaster(raster.get());
     raster->setLongName(readText());
     raster->setName(readText());

@@ -13,7 +13,7 @@ namespace tavo {
 /// { option } /end MEASUREMENT
 int PhA2l::parseMeasurement(PhGroup* group)
 {
-    const PhHold<PhEntity> entity(new PhEntity);
+    const PhRef<PhEntity> entity(new PhEntity);
     entity->setName(readText());
     entity->setLongName(readText());
     group->appendEntity(entity.get());

@@ -67,7 +67,7 @@ PhLocation locationOf(int code)
 /// offset offset offset offset offset { IF_DATA ... } /end MEMORY_SEGMENT
 int PhA2l::parseMemorySegment(PhGroup* group)
 {
-    const PhHold<PhMemoryPage> page(new PhMemoryPage);
+    const PhRef<PhMemoryPage> page(new PhMemoryPage);
     page->setName(readText());
     page->setLongName(readText());
     {
