@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
 """Checks that what the documents show is what the library does. CONVERTER is a host of it.
 
-usage: documents.py examples|commands|failures|words SOURCES CONVERTER
+usage: documents.py examples|commands|failures|links|words SOURCES CONVERTER
 
 examples  Each `a2l` block converts to the `ini` block that follows it, and each description in
           examples/ to the configuration beside it.
 commands  Each `sh` block marked `run` runs in a folder with the examples, the build, and a home of its
           own; every other line of an `sh` block is a command of .ci/run.
 failures  Each row of the table "What fails" in docs/dialect.md gives the message that it tells.
+links     Each link to a page leads to one, in the sources and in the installed tree, which is where
+          INSTALLED_PAGES in the environment says.
 words     Each keyword that a parser knows stands in docs/dialect.md.
 
 With TAVO_REWRITE_GOLDEN set in the environment, `examples` rewrites what it would compare.
@@ -138,6 +140,18 @@ def check_failures(sources, folder):
     return count
 
 
+def check_links(sources, folder):
+    del folder
+    count = 0
+    for pages in (sources, Path(os.environ["INSTALLED_PAGES"])):
+        for document in documents(pages):
+            for target in re.findall(r"\]\(([^)#:]+)[^):]*\)", document.read_text()):
+                count += 1
+                if not (document.parent / target).exists():
+                    fail(f"{document}: leads to {target}")
+    return count
+
+
 def check_words(sources, folder):
     del folder
     dialect = (sources / "docs/dialect.md").read_text()
@@ -155,6 +169,7 @@ CHECKS = {
     "examples": check_examples,
     "commands": check_commands,
     "failures": check_failures,
+    "links": check_links,
     "words": check_words,
 }
 
