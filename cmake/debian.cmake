@@ -1,20 +1,25 @@
-# Run by CPack on the staged tree: what Debian wants beside the files that all installations have.
-
-set(shared ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
-set(documents ${shared}/doc/tavo)
-
-file(RENAME ${shared}/zsh/site-functions ${shared}/zsh/vendor-completions)
-file(WRITE ${documents}/copyright
-  "Copyright (C) the authors of tavo. The package brings no licence text of its own.\n")
+# Run by CPack on the staged trees, one for each package: what Debian wants of a package beside the
+# files that all installations have.
 
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)
-file(WRITE ${documents}/changelog
-  "tavo (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
+foreach(package IN LISTS CPACK_COMPONENTS_ALL)
+  set(shared ${CPACK_TEMPORARY_DIRECTORY}/${package}/usr/share)
+  set(documents ${shared}/doc/${package})
+  if(EXISTS ${shared}/doc/tavo AND NOT package STREQUAL "tavo")
+    file(RENAME ${shared}/doc/tavo ${documents})
+  endif()
+  if(EXISTS ${shared}/zsh)
+    file(RENAME ${shared}/zsh/site-functions ${shared}/zsh/vendor-completions)
+  endif()
+  file(WRITE ${documents}/copyright
+    "Copyright (C) the authors of tavo. The package brings no licence text of its own.\n")
+  file(WRITE ${documents}/changelog
+    "tavo (${CPACK_PACKAGE_VERSION}) unstable; urgency=medium
 
-  * See CHANGELOG.md in this folder.
+  * See CHANGELOG.md in the folder of the package tavo or libtavo-dev.
 
  -- ${CPACK_DEBIAN_PACKAGE_MAINTAINER}  ${date}
 ")
-execute_process(
-  COMMAND gzip -9n ${documents}/changelog ${shared}/man/man1/tavo.1
-  COMMAND_ERROR_IS_FATAL ANY)
+  file(GLOB compressed ${documents}/changelog ${shared}/man/man1/*.1)
+  execute_process(COMMAND gzip -9n ${compressed} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()

@@ -2,7 +2,7 @@
 # Uses the installed tree in one of the ways in which users do, in a folder of its own. The
 # environment tells where the tree is.
 #
-# usage: consumer.sh find_package|pkg_config|python|program SOURCES VERSION
+# usage: consumer.sh find_package|add_subdirectory|FetchContent|pkg_config|python|program SOURCES VERSION
 set -euo pipefail
 
 way=$1
@@ -13,11 +13,17 @@ trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 
 case $way in
-find_package)
-    cmake -S "$sources/tests/package/consumer" -B build \
-        -DTAVO_VERSION="$version" -DHOST="$sources/examples/host.c"
+find_package | add_subdirectory | FetchContent)
+    cmake -S "$sources/tests/package/consumer" -B build -G Ninja -DWAY="$way" \
+        -DSOURCES="$sources" -DTAVO_VERSION="$version"
+    # It does what add_subdirectory does, so the names are enough.
+    [ "$way" != FetchContent ] || exit 0
     cmake --build build
     build/consumer "$sources/examples/engine.a2l" engine.ini
+    # The project's own, and of another project the library alone.
+    [ "$(find build -type f -executable -name '*tavo*' ! -name 'libtavo.so.*')" = "" ]
+    cmake --install build --prefix installed
+    [ ! -e installed ]
     ;;
 pkg_config)
     [ "$(pkg-config --modversion tavo)" = "$version" ]

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# The packages have all that an installation has, each what its name says.
+#
+# usage: components.sh BUILD INSTALLED LIBDIR      INSTALLED holds an installation of BUILD
+set -euo pipefail
+
+build=$1
+installed=$2
+libdir=$3
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+files_in() { (cd "$1" && find . ! -type d | sort); }
+for component in libtavo1 libtavo-dev tavo; do
+    cmake --install "$build" --component $component --prefix "$folder/$component" >/dev/null
+    mkdir -p "$folder/$component"
+    files_in "$folder/$component" >>"$folder/all"
+done
+diff <(sort -u "$folder/all") <(files_in "$installed")
+cd "$folder"
+[ "$(ls libtavo1 "libtavo1/$libdir" | paste -sd ' ')" = \
+    "libtavo1: ${libdir%%/*}  libtavo1/$libdir: libtavo.so.1 $(basename libtavo1/"$libdir"/libtavo.so.1.*)" ]
+[ -L "libtavo-dev/$libdir/libtavo.so" ]
+[ ! -e libtavo-dev/bin ]
+if [ -e "$installed/bin/tavo" ]; then
+    [ "$(ls tavo | paste -sd ' ')" = "bin share" ]
+fi
