@@ -7,7 +7,8 @@
  *    system's encoding on POSIX systems, in the active code page on Windows.
  * 2. The caller owns every pointer that it passes. The library keeps none of them.
  * 3. A result of 0 is success; failures are negative, see `tavoConvert`. No exception leaves the
- *    library. Memory that runs out gives TAVO_NOT_READ, with everything released.
+ *    library. Memory that runs out gives TAVO_NOT_READ, or TAVO_OUTPUT_NOT_OPENED if it is just
+ *    the output's stream that gets none, with everything released.
  * 4. The report and the diagnostics of a conversion go through the C library's `stdout` to the
  *    standard output of the process. The library never flushes it.
  * 5. Conversions in one process run one after the other, on whatever thread: the library starts no
@@ -16,7 +17,8 @@
  * 6. A null `inputPath` counts as a path without the extension (TAVO_UNKNOWN_EXTENSION), a null
  *    `outputPath` as one that can't be opened (TAVO_OUTPUT_NOT_OPENED).
  * 7. Nothing of the process is changed: no locale, no signal handler, no current folder. Numbers
- *    are read and printed with a decimal point whatever locale the host has set.
+ *    are read and printed with a decimal point whatever locale the host has set, and computed in
+ *    the default floating-point environment whatever the host's is.
  */
 #ifndef TAVO_TAVO_H
 #define TAVO_TAVO_H
@@ -48,7 +50,8 @@ enum TavoResult
     TAVO_OK = 0,
     /** `inputPath` holds neither ".a2l" nor ".A2L". Nothing was read or created. */
     TAVO_UNKNOWN_EXTENSION = -1,
-    /** The description was read, but the output file couldn't be opened for writing. */
+    /** The description was read, but the output file couldn't be opened for writing. It is as it
+     *  was before. */
     TAVO_OUTPUT_NOT_OPENED = -2,
     /** The description couldn't be opened, its reading ended at an error, or memory ran out. The
      *  output file is as it was before. */

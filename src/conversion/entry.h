@@ -8,6 +8,13 @@
 
 namespace tavo {
 
+/// Makes the memory present that the first exception of a thread needs. Without it, an exception
+/// that is thrown because memory has run out can end the process: the C library has no other way
+/// out if a library that was loaded at run time gets no memory for a thread's data. The thread that
+/// loads the library has it from then on. Every other thread calls this when there is memory: each
+/// entry point does, before the rest of its work.
+void makeExceptionsPresent() noexcept;
+
 /// Does the work of an entry point of the library and returns its result, or TAVO_NOT_READ for an
 /// exception of the standard library, which is what memory that ran out throws.
 ///
@@ -16,6 +23,7 @@ namespace tavo {
 /// either way.
 template <class Work> std::int32_t enter(Work work)
 {
+    makeExceptionsPresent();
     const FloatingPointScope floatingPoint;
     try {
         return work();

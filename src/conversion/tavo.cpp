@@ -48,6 +48,7 @@ std::int32_t convert(const char* inputPath, const char* outputPath)
 
 std::int32_t restart(const char* function)
 {
+    makeExceptionsPresent();
     std::printf("%s ()\n", function);
     daqSourceIndex = 0;
     return TAVO_OK;
