@@ -73,74 +73,57 @@ struct Plan
     bool comparedWithTheOneAhead = false;
 };
 
-void smallConversions(const std::string& programs, const std::string& input,
-                      const std::string& output)
+// What stands behind a tenth of itself is compared with that.
+const Plan plans[] = {
+    {{"1"}},
+    {{"10"}, true},
+    {{"100"}, true},
+    {{"1", "behind"}},
+    {{"10", "behind"}, true},
+    {{"100", "behind"}, true},
+    {{"20"}},
+    {{"200"}, true},
+    {{"30000", "5000"}},
+    {{"300000", "5000"}, true},
+    {{"30000", "5000", "behind"}},
+    {{"300000", "5000", "behind"}, true},
+    {{"10000", "10000"}},
+    {{"100000", "100000"}, true},
+    {{"10000", "10000", "behind"}},
+    {{"100000", "100000", "behind"}, true},
+    {{"200000", "bare"}},
+};
+
+/// The programs and files of one run of the bench.
+struct Place
 {
-    run({programs + "/tavo-generate", input, "0.01"});
-    double seconds = 1e9;
-    for (int i = 0; i < 9; ++i)
-        seconds = std::min(seconds, run({programs + "/tavo-bench-small", input, output}).seconds);
-    std::filesystem::remove(output);
-    std::printf("1000 conversions of %ju bytes in one process, output in %s: %.3f s\n",
-                static_cast<std::uintmax_t>(std::filesystem::file_size(input)),
-                std::filesystem::path(output).parent_path().c_str(), seconds);
-}
+    std::string programs; ///< The folder of the bench's own programs.
+    std::string host;
+    std::string input;
+    std::string output;
+};
 
-} // namespace
-
-int main(int argc, char** argv)
+void largeConversions(const Place& place)
 {
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: %s FOLDER-OF-PROGRAMS HOST\n", argv[0]);
-        return 64;
-    }
-    const std::string programs = argv[1];
-    const std::string host = argv[2];
-    namespace fs = std::filesystem;
-    const fs::path folder = fs::temp_directory_path() / ("tavo-bench-" + std::to_string(getpid()));
-    fs::create_directory(folder);
-    const std::string input = (folder / "bench.a2l").string();
-    const std::string output = (folder / "bench.ini").string();
-
-    // What stands behind a tenth of itself is compared with that.
-    const std::vector<Plan> plans = {
-        {{"1"}},
-        {{"10"}, true},
-        {{"100"}, true},
-        {{"1", "behind"}},
-        {{"10", "behind"}, true},
-        {{"100", "behind"}, true},
-        {{"20"}},
-        {{"200"}, true},
-        {{"30000", "5000"}},
-        {{"300000", "5000"}, true},
-        {{"30000", "5000", "behind"}},
-        {{"300000", "5000", "behind"}, true},
-        {{"10000", "10000"}},
-        {{"100000", "100000"}, true},
-        {{"10000", "10000", "behind"}},
-        {{"100000", "100000", "behind"}, true},
-        {{"200000", "bare"}},
-    };
-    run({programs + "/tavo-generate", input, "0.001"});
-    const double empty = run({host, input, output}).megabytes;
+    run({place.programs + "/tavo-generate", place.input, "0.001"});
+    const double empty = run({place.host, place.input, place.output}).megabytes;
 
     std::printf("%-22s %7s %9s %9s %7s %9s %9s %9s %9s\n", "description", "MB", "floor s", "tavo s",
                 "ratio", "tavo MB/s", "peak MB", "peak/file", "growth");
     double sizeAhead = 0.0;
     double secondsAhead = 0.0;
     for (const Plan& plan : plans) {
-        std::vector<std::string> generate = {programs + "/tavo-generate", input};
+        std::vector<std::string> generate = {place.programs + "/tavo-generate", place.input};
         std::string name;
         for (const std::string& word : plan.words) {
             generate.push_back(word);
             name += word + " ";
         }
         run(generate);
-        const double size = static_cast<double>(fs::file_size(input)) / 1e6;
+        const double size = static_cast<double>(std::filesystem::file_size(place.input)) / 1e6;
         const int runs = size < 30 ? 25 : 7;
-        const auto [floor, tavo] =
-            compare({programs + "/tavo-floor", input}, {host, input, output}, runs);
+        const auto [floor, tavo] = compare({place.programs + "/tavo-floor", place.input},
+                                           {place.host, place.input, place.output}, runs);
         const double peak = tavo.megabytes - empty;
         std::printf("%-22s %7.1f %9.4f %9.4f %7.2f %9.0f %9.1f %9.2f", name.c_str(), size,
                     floor.seconds, tavo.seconds, tavo.seconds / floor.seconds, size / tavo.seconds,
@@ -154,11 +137,42 @@ int main(int argc, char** argv)
     }
     std::printf("\nratio: to the floor; growth: of the time, divided by that of the size, against "
                 "the row ahead\n");
-    smallConversions(programs, input, output);
+}
+
+void smallConversions(const Place& place, const std::string& output)
+{
+    run({place.programs + "/tavo-generate", place.input, "0.01"});
+    double seconds = 1e9;
+    for (int i = 0; i < 9; ++i)
+        seconds = std::min(
+            seconds, run({place.programs + "/tavo-bench-small", place.input, output}).seconds);
+    std::filesystem::remove(output);
+    std::printf("1000 conversions of %ju bytes in one process, output in %s: %.3f s\n",
+                static_cast<std::uintmax_t>(std::filesystem::file_size(place.input)),
+                std::filesystem::path(output).parent_path().c_str(), seconds);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: %s FOLDER-OF-PROGRAMS HOST\n", argv[0]);
+        return 64;
+    }
+    namespace fs = std::filesystem;
+    const fs::path folder = fs::temp_directory_path() / ("tavo-bench-" + std::to_string(getpid()));
+    fs::create_directory(folder);
+    const Place place = {.programs = argv[1],
+                         .host = argv[2],
+                         .input = (folder / "bench.a2l").string(),
+                         .output = (folder / "bench.ini").string()};
+    largeConversions(place);
+    smallConversions(place, place.output);
     // Some file systems write a file that was emptied to the disk as soon as it is closed, and that
     // takes longer than the conversion.
     if (fs::is_directory("/dev/shm"))
-        smallConversions(programs, input, "/dev/shm/tavo-bench-" + std::to_string(getpid()));
+        smallConversions(place, "/dev/shm/tavo-bench-" + std::to_string(getpid()));
     fs::remove_all(folder);
     return 0;
 }

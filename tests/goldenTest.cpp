@@ -77,11 +77,11 @@ void rewrite(const fs::path& base, const Conversion& conversion)
         fs::remove(base.string() + ".ini");
 }
 
-class Golden : public testing::TestWithParam<std::string>
+class GoldenTest : public testing::TestWithParam<std::string>
 {
 };
 
-TEST_P(Golden, givesTheExpectedReportAndConfiguration)
+TEST_P(GoldenTest, GivesTheExpectedReportAndConfiguration)
 {
     const fs::path base = fs::path(TAVO_GOLDEN_FOLDER) / fs::path(GetParam()).stem();
     const TemporaryFolder folder;
@@ -104,7 +104,7 @@ TEST_P(Golden, givesTheExpectedReportAndConfiguration)
 }
 
 const auto descriptions = goldenFiles([](const std::string& type) { return type == ".a2l"; });
-INSTANTIATE_TEST_SUITE_P(Descriptions, Golden, testing::ValuesIn(descriptions), testName);
+INSTANTIATE_TEST_SUITE_P(Descriptions, GoldenTest, testing::ValuesIn(descriptions), testName);
 
 /// Puts the result of each text of a series behind its title.
 template <class Result> std::string resultsOf(const std::string& texts, Result result)
@@ -133,11 +133,11 @@ template <class Result> std::string resultsOf(const std::string& texts, Result r
     return results;
 }
 
-class GoldenSeries : public testing::TestWithParam<std::string>
+class GoldenSeriesTest : public testing::TestWithParam<std::string>
 {
 };
 
-TEST_P(GoldenSeries, givesTheExpectedResults)
+TEST_P(GoldenSeriesTest, GivesTheExpectedResults)
 {
     const fs::path path = fs::path(TAVO_GOLDEN_FOLDER) / GetParam();
     const std::string results = resultsOf(readFile(path), seriesKinds.at(path.extension()));
@@ -149,9 +149,9 @@ TEST_P(GoldenSeries, givesTheExpectedResults)
 }
 
 const auto series = goldenFiles([](const auto& type) { return seriesKinds.contains(type); });
-INSTANTIATE_TEST_SUITE_P(Texts, GoldenSeries, testing::ValuesIn(series), testName);
+INSTANTIATE_TEST_SUITE_P(Texts, GoldenSeriesTest, testing::ValuesIn(series), testName);
 
-TEST(Example, convertsToTheConfigurationBesideIt)
+TEST(ExampleTest, ConvertsToTheConfigurationBesideIt)
 {
     const fs::path examples = TAVO_EXAMPLES_FOLDER;
     const TemporaryFolder folder;

@@ -83,7 +83,7 @@ void operator delete(void* block, std::align_val_t) noexcept
 
 namespace {
 
-TEST(Memory, thatRunsOutAtAnyPointIsReleasedAndLeavesTheOutputAloneUntilTheModelIsRead)
+TEST(MemoryTest, ThatRunsOutAtAnyPointIsReleasedAndLeavesTheOutputAloneUntilTheModelIsRead)
 {
     const TemporaryFolder folder;
     const CurrentFolder current(folder.path(""));

@@ -9,14 +9,14 @@
 
 namespace {
 
-class TavoConvert : public testing::Test
+class TavoConvertTest : public testing::Test
 {
 protected:
     TemporaryFolder folder;
     CurrentFolder current{folder.path("")};
 };
 
-TEST_F(TavoConvert, takesTheExtensionAnywhereInThePathButInTwoSpellingsOnly)
+TEST_F(TavoConvertTest, TakesTheExtensionAnywhereInThePathButInTwoSpellingsOnly)
 {
     std::filesystem::create_directory("in.a2l");
     for (const char* path : {"in.a2l/d.txt", "d.A2L", "d.A2l"})
@@ -29,7 +29,7 @@ TEST_F(TavoConvert, takesTheExtensionAnywhereInThePathButInTwoSpellingsOnly)
     EXPECT_FALSE(refused.output);
 }
 
-TEST_F(TavoConvert, changesAnOldOutputOnlyIfTheDescriptionIsRead)
+TEST_F(TavoConvertTest, ChangesAnOldOutputOnlyIfTheDescriptionIsRead)
 {
     writeFile("empty.a2l", "");
     writeFile("good.a2l", "ASAP2_VERSION 1 60\n");
@@ -54,7 +54,7 @@ TEST_F(TavoConvert, changesAnOldOutputOnlyIfTheDescriptionIsRead)
     }
 }
 
-TEST_F(TavoConvert, numbersTheSourceOfAModuleWithoutRastersAfterTheConversionBefore)
+TEST_F(TavoConvertTest, NumbersTheSourceOfAModuleWithoutRastersAfterTheConversionBefore)
 {
     const std::string raster = "/begin RASTER \"l\" \"r\" 1 3 10 /end RASTER ";
     writeFile("rasters.a2l",

@@ -29,7 +29,7 @@ std::string written(const std::function<void(ConfigurationStream&)>& write)
     return readFile(path);
 }
 
-TEST(PrintValue, tellsEachKindOfValueByItsFlags)
+TEST(PrintValueTest, TellsEachKindOfValueByItsFlags)
 {
     const double infinite = std::numeric_limits<double>::infinity();
     PhValue textAndInteger(PhString("t"));
@@ -59,7 +59,7 @@ TEST(PrintValue, tellsEachKindOfValueByItsFlags)
                   expected);
 }
 
-TEST(TypeText, namesTheTypeByKindAndWidth)
+TEST(TypeTextTest, NamesTheTypeByKindAndWidth)
 {
     const std::tuple<PhBaseType, int, const char*> rows[] = {
         {PhBaseType::BtInteger, 8, "int8"},     {PhBaseType::BtInteger, 9, "int16"},
@@ -79,7 +79,7 @@ TEST(TypeText, namesTheTypeByKindAndWidth)
     EXPECT_STREQ(protocolText(static_cast<PhProtocol>(4)), "???");
 }
 
-TEST(UnitOf, prefersTheUnitOfTheTypeEvenIfItHasNoLabel)
+TEST(UnitOfTest, PrefersTheUnitOfTheTypeEvenIfItHasNoLabel)
 {
     PhType type;
     EXPECT_EQ(unitOf(type), nullptr);
@@ -91,7 +91,7 @@ TEST(UnitOf, prefersTheUnitOfTheTypeEvenIfItHasNoLabel)
     EXPECT_EQ(unitOf(type), type.unit());
 }
 
-TEST(WriteGroup, goesDownToTheFirstGroupWithoutChildren)
+TEST(WriteGroupTest, GoesDownToTheFirstGroupWithoutChildren)
 {
     PhRoot root;
     auto* outer = new PhGroup;
@@ -107,7 +107,7 @@ TEST(WriteGroup, goesDownToTheFirstGroupWithoutChildren)
     EXPECT_EQ(writtenGroup(outer), inner);
 }
 
-TEST(WriteGroup, startsTheSourcesOfEachCommParamAtZeroAndLeavesOutWhatIsNotSet)
+TEST(WriteGroupTest, StartsTheSourcesOfEachCommParamAtZeroAndLeavesOutWhatIsNotSet)
 {
     PhGroup group;
     for (const int rasterCount : {2, 1}) {
@@ -129,7 +129,7 @@ TEST(WriteGroup, startsTheSourcesOfEachCommParamAtZeroAndLeavesOutWhatIsNotSet)
               "[DAQ_ProcessFactor_0_1_0]\nEnabled=0\nType=???\n\n");
 }
 
-TEST(ConfigurationStream, passesTextsOnThatDoNotFitItsBuffer)
+TEST(ConfigurationStreamTest, PassesTextsOnThatDoNotFitItsBuffer)
 {
     // Up to the buffer's end, one more, and several buffers.
     for (const std::size_t size : {65535U, 65536U, 200000U}) {

@@ -28,14 +28,14 @@ long openFiles()
     return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
 }
 
-class LongLife : public testing::Test
+class LongLifeTest : public testing::Test
 {
 protected:
     TemporaryFolder folder;
     CurrentFolder current{folder.path("")};
 };
 
-TEST_F(LongLife, needsNoMoreForManyConversionsThanForAFew)
+TEST_F(LongLifeTest, NeedsNoMoreForManyConversionsThanForAFew)
 {
     fs::copy_file(TAVO_EXAMPLE ".a2l", "good.a2l");
     writeFile("bad.a2l", readFile("good.a2l").substr(0, 40'000));
@@ -58,7 +58,7 @@ TEST_F(LongLife, needsNoMoreForManyConversionsThanForAFew)
 }
 
 /// A copy of the library, so that it isn't the one that this program has loaded from its start.
-TEST_F(LongLife, canBeLoadedAndUnloadedAgainAndAgain)
+TEST_F(LongLifeTest, CanBeLoadedAndUnloadedAgainAndAgain)
 {
     fs::copy_file(TAVO_LIBRARY, "copy.so");
     for (int i = 0; i < (isFull() ? 1'000 : 100); ++i) {
@@ -91,7 +91,7 @@ void* cancelled(const char* input)
     return result;
 }
 
-TEST_F(LongLife, losesNothingIfItsThreadIsCancelledWhileItWaits)
+TEST_F(LongLifeTest, LosesNothingIfItsThreadIsCancelledWhileItWaits)
 {
     const std::string description = readFile(TAVO_EXAMPLE ".a2l");
     writeFile("whole.a2l", description);
@@ -161,7 +161,7 @@ template <class Work> std::thread undisturbed(Work work)
     return thread;
 }
 
-TEST_F(LongLife, readsAndWritesAllOfSlowPipesThoughSignalsInterruptIt)
+TEST_F(LongLifeTest, ReadsAndWritesAllOfSlowPipesThoughSignalsInterruptIt)
 {
     ASSERT_EQ(mkfifo("pipe.a2l", 0600), 0);
     ASSERT_EQ(mkfifo("pipe.ini", 0600), 0);

@@ -121,7 +121,7 @@ std::vector<Case> cases()
 
 void PrintTo(const Case& test, std::ostream* stream) { *stream << test.name; }
 
-class Size : public testing::TestWithParam<Case>
+class SizeTest : public testing::TestWithParam<Case>
 {
 };
 
@@ -143,7 +143,7 @@ std::pair<Ending, long> converted(const std::vector<std::string>& lines)
     return {ending, size};
 }
 
-TEST_P(Size, thatTheInputChoosesDoesNoHarm)
+TEST_P(SizeTest, ThatTheInputChoosesDoesNoHarm)
 {
     constexpr long megabyte = 1 << 20;
     const auto [ending, size] = converted(GetParam().lines);
@@ -156,7 +156,7 @@ TEST_P(Size, thatTheInputChoosesDoesNoHarm)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Descriptions, Size, testing::ValuesIn(cases()),
+INSTANTIATE_TEST_SUITE_P(Descriptions, SizeTest, testing::ValuesIn(cases()),
                          [](const auto& test) { return test.param.name; });
 
 } // namespace

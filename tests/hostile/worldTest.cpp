@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class World : public testing::Test
+class WorldTest : public testing::Test
 {
 protected:
     TemporaryFolder folder;
@@ -32,7 +32,7 @@ protected:
     void SetUp() override { fs::copy_file(TAVO_EXAMPLE ".a2l", "d.a2l"); }
 };
 
-TEST_F(World, withoutAPlaceForTheReportIsAllTheSame)
+TEST_F(WorldTest, WithoutAPlaceForTheReportIsAllTheSame)
 {
     const std::function<void()> losses[] = {
         [] {},
@@ -54,7 +54,7 @@ TEST_F(World, withoutAPlaceForTheReportIsAllTheSame)
     }
 }
 
-TEST_F(World, aReportIntoAPipeThatNobodyReadsEndsTheHostAsItDoesAnyProgram)
+TEST_F(WorldTest, AReportIntoAPipeThatNobodyReadsEndsTheHostAsItDoesAnyProgram)
 {
     host.prepare = [] {
         int ends[2];
@@ -67,7 +67,7 @@ TEST_F(World, aReportIntoAPipeThatNobodyReadsEndsTheHostAsItDoesAnyProgram)
     EXPECT_TRUE(readFile("d.ini") == readFile(TAVO_EXAMPLE ".ini"));
 }
 
-TEST_F(World, whatIsNoDescriptionFileIsNotRead)
+TEST_F(WorldTest, WhatIsNoDescriptionFileIsNotRead)
 {
     fs::create_directory("folder.a2l");
     fs::create_symlink("loop.a2l", "loop.a2l");
@@ -82,7 +82,7 @@ TEST_F(World, whatIsNoDescriptionFileIsNotRead)
     EXPECT_EQ(readFile("d.ini"), "old");
 }
 
-TEST_F(World, whatTakesNoConfigurationIsReported)
+TEST_F(WorldTest, WhatTakesNoConfigurationIsReported)
 {
     fs::create_directory("folder");
     fs::create_symlink("loop.ini", "loop.ini");
@@ -91,7 +91,7 @@ TEST_F(World, whatTakesNoConfigurationIsReported)
     EXPECT_EQ(host.run("d.a2l", "/dev/full").status, 0) << "a full disk stops nothing";
 }
 
-TEST_F(World, aConfigurationGoesWhereItsPathLeads)
+TEST_F(WorldTest, AConfigurationGoesWhereItsPathLeads)
 {
     writeFile("target.ini", std::string(1'000'000, 'x')); // longer than the configuration
     fs::create_symlink("target.ini", "link.ini");
@@ -104,7 +104,7 @@ TEST_F(World, aConfigurationGoesWhereItsPathLeads)
     EXPECT_TRUE(fs::is_symlink("link.ini"));
 }
 
-TEST_F(World, aDescriptionMayComeThroughAPipe)
+TEST_F(WorldTest, ADescriptionMayComeThroughAPipe)
 {
     const std::string description = readFile("d.a2l");
     const Ending ending = host.runPiped("pipe.a2l", "d.ini", [&](std::FILE* file) {
@@ -117,7 +117,7 @@ TEST_F(World, aDescriptionMayComeThroughAPipe)
     EXPECT_TRUE(readFile("d.ini") == readFile(TAVO_EXAMPLE ".ini"));
 }
 
-TEST_F(World, aDescriptionThatEndsInTheMiddleIsNotRead)
+TEST_F(WorldTest, ADescriptionThatEndsInTheMiddleIsNotRead)
 {
     const std::string description = readFile("d.a2l");
     writeFile("d.ini", "old");
@@ -128,7 +128,7 @@ TEST_F(World, aDescriptionThatEndsInTheMiddleIsNotRead)
     EXPECT_EQ(readFile("d.ini"), "old");
 }
 
-TEST_F(World, aDescriptionMayShrinkWhileItIsRead)
+TEST_F(WorldTest, ADescriptionMayShrinkWhileItIsRead)
 {
     std::string description;
     for (int i = 0; i < 50; ++i)

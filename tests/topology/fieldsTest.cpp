@@ -65,13 +65,8 @@ private:
 
 } // namespace
 
-TEST(FieldsTest, KeepWhatTheyAreGivenUntilTheirObjectDies)
+TEST(FieldsTest, OfTheNetworkKeepWhatTheyAreGivenUntilTheirObjectDies)
 {
-    Fields<PhSignal>(PhClassSignal).have(&PhSignal::setType, &PhSignal::type);
-    Fields<PhParameter>(PhClassParameter).have(&PhParameter::setType, &PhParameter::type);
-    Fields<PhStructure>(PhClassStructure)
-        .have(&PhStructure::appendRange, &PhStructure::ranges)
-        .have(&PhStructure::appendParameter, &PhStructure::parameters);
     Fields<PhEntityRef>(PhClassEntityRef)
         .have(&PhEntityRef::setSecondaryRef, &PhEntityRef::secondaryRef)
         .have(&PhEntityRef::setPrimaryRef, &PhEntityRef::primaryRef)
@@ -123,6 +118,15 @@ TEST(FieldsTest, KeepWhatTheyAreGivenUntilTheirObjectDies)
     Fields<PhScheduleTableEntry>(PhClassScheduleTableEntry)
         .have(&PhScheduleTableEntry::setDelay, &PhScheduleTableEntry::delay)
         .have(&PhScheduleTableEntry::setFrame, &PhScheduleTableEntry::frame);
+}
+
+TEST(FieldsTest, OfTheModelKeepWhatTheyAreGivenUntilTheirObjectDies)
+{
+    Fields<PhSignal>(PhClassSignal).have(&PhSignal::setType, &PhSignal::type);
+    Fields<PhParameter>(PhClassParameter).have(&PhParameter::setType, &PhParameter::type);
+    Fields<PhStructure>(PhClassStructure)
+        .have(&PhStructure::appendRange, &PhStructure::ranges)
+        .have(&PhStructure::appendParameter, &PhStructure::parameters);
     Fields<PhType>(PhClassType)
         .have(&PhType::setUnit, &PhType::unit)
         .have(&PhType::setConversion, &PhType::conversion)

@@ -19,7 +19,7 @@ template <class Object> Object* placeholder(const char* name)
     return object;
 }
 
-TEST(Resolution, ReplacesTypesByNameAndLooksAboveForThem)
+TEST(ResolverTest, ReplacesTypesByNameAndLooksAboveForThem)
 {
     RecordingLogger logger;
     PhRoot root;
@@ -50,7 +50,7 @@ TEST(Resolution, ReplacesTypesByNameAndLooksAboveForThem)
     EXPECT_EQ(logger.text, "warning: Type 'missing' unresolved.\n");
 }
 
-TEST(Resolution, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
+TEST(ResolverTest, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
 {
     PhRoot root;
     auto* group = new PhGroup;
@@ -70,7 +70,7 @@ TEST(Resolution, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
     EXPECT_EQ(itself->conversion(), other);
 }
 
-TEST(Resolution, OfAPartDoesItsWorkAtEveryCall)
+TEST(ResolverTest, OfAPartDoesItsWorkAtEveryCall)
 {
     PhRoot root;
     auto* group = new PhGroup;
@@ -98,7 +98,7 @@ TEST(Resolution, OfAPartDoesItsWorkAtEveryCall)
         }
 }
 
-TEST(Resolution, EndsAtACircleThatTheBuilderMade)
+TEST(ResolverTest, EndsAtACircleThatTheBuilderMade)
 {
     PhRoot root;
     PhGroup group;
