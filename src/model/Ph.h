@@ -2,7 +2,8 @@
 
 namespace tavo {
 
-/// Root of all model classes: no data, no operations, nothing virtual.
+/// Root of all model classes: no data, no operations, nothing virtual. `Ph` is short for physical,
+/// which is what the quantities of a model are.
 class Ph
 {
 };
