@@ -1,5 +1,6 @@
 #pragma once
 
+#include "daq/sections.h"
 #include "model/enumerations.h"
 
 #include <cstdint>
@@ -12,12 +13,6 @@ class PhList;
 class PhRoot;
 class PhType;
 class PhUnit;
-class PhValue;
-
-/// The number of the next source section. It is state of the process, because a module without any
-/// source of its own takes the number that the conversion before has left: 0 when the library is
-/// loaded, set back by `tavoInitialize` and `tavoDeinitialize`, and counted by `writeSources`.
-extern std::int32_t daqSourceIndex;
 
 /// Writes the configuration of the model to the file `path`: the first group of `root`, if there is
 /// one, else an empty file. 0, or -2 if the file can't be opened.
@@ -52,10 +47,5 @@ const char* typeText(const PhType* type);
 const char* byteOrderText(PhEndian endian);
 /// The unit of a quantity: the one of the type or else of its conversion; null if there is none.
 const PhUnit* unitOf(const PhType& type);
-
-/// A value in its own form: an integer without a fraction, a double with six decimals.
-void printValue(ConfigurationStream& stream, const PhValue& value);
-/// The same, but an integer as its 32-bit pattern in hexadecimal.
-void printHexValue(ConfigurationStream& stream, const PhValue& value);
 
 } // namespace tavo
