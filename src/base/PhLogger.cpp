@@ -24,6 +24,12 @@ void PhLogger::report(const Diagnostic& diagnostic)
     }
 }
 
+const char* severityWord(Severity severity)
+{
+    constexpr const char* words[] = {"Error", "Warning", "Note"};
+    return words[static_cast<int>(severity)];
+}
+
 void putMessage(PhLogger* logger, const char* format, std::va_list arguments)
 {
     char text[messageCapacity];
@@ -32,6 +38,29 @@ void putMessage(PhLogger* logger, const char* format, std::va_list arguments)
         logger->message(text);
     else
         std::printf("-: %s", text);
+}
+
+namespace {
+
+void printMessage(const char* format, ...) TAVO_PRINTF(1, 2);
+
+void printMessage(const char* format, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, format);
+    putMessage(nullptr, format, arguments);
+    va_end(arguments);
+}
+
+} // namespace
+
+void putDiagnostic(PhLogger* logger, const Diagnostic& diagnostic)
+{
+    if (logger)
+        logger->report(diagnostic);
+    else
+        printMessage("%s (%s:%d): %s\n", severityWord(diagnostic.severity),
+                     diagnostic.file ? diagnostic.file : "", diagnostic.line, diagnostic.text);
 }
 
 } // namespace tavo

@@ -37,8 +37,15 @@ public:
     virtual void report(const Diagnostic& diagnostic);
 };
 
+/// "Error", "Warning" or "Note".
+const char* severityWord(Severity severity);
+
 /// Formats a message of at most 499 bytes and hands it to `logger`. Without one it goes to the
 /// standard output, after "-: ". Adds no line end.
 void putMessage(PhLogger* logger, const char* format, std::va_list arguments);
+
+/// Hands a diagnostic to `logger`. Without one it goes to the standard output as
+/// "-: Error (FILE:LINE): TEXT", with "Warning" or "Note" for the other severities.
+void putDiagnostic(PhLogger* logger, const Diagnostic& diagnostic);
 
 } // namespace tavo

@@ -23,8 +23,7 @@ void PhReader::report(const Diagnostic& diagnostic)
         return;
     }
     // Hosts rely on the form (docs/architecture.md).
-    static constexpr const char* words[] = {"Error", "Warning", "Note"};
-    log("%s (%s:%d): %s\n", words[static_cast<int>(diagnostic.severity)],
+    log("%s (%s:%d): %s\n", severityWord(diagnostic.severity),
         diagnostic.file ? diagnostic.file : "", diagnostic.line, diagnostic.text);
 }
 

@@ -1,0 +1,169 @@
+#include "asap2/Number.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace tavo {
+
+namespace {
+
+constexpr std::uint64_t highestMagnitude = std::numeric_limits<std::uint64_t>::max();
+constexpr std::uint64_t lowestMagnitude = std::uint64_t{1} << 63U; // of a negative number
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// The value of a hexadecimal digit; 16 for what is none.
+unsigned hexadecimalDigit(char c)
+{
+    if (isDigit(c))
+        return static_cast<unsigned>(c - '0');
+    const auto lower = static_cast<char>(c | 0x20);
+    return lower >= 'a' && lower <= 'f' ? static_cast<unsigned>(lower - 'a') + 10U : 16U;
+}
+
+Number integer(std::uint64_t magnitude, bool isNegative)
+{
+    Number number;
+    number.magnitude = magnitude;
+    number.isInteger = true;
+    number.isNegative = isNegative && magnitude != 0;
+    number.real = static_cast<double>(magnitude);
+    if (number.isNegative)
+        number.real = -number.real;
+    return number;
+}
+
+Number real(double magnitude, bool isNegative)
+{
+    Number number;
+    number.isNegative = isNegative;
+    number.real = isNegative ? -magnitude : magnitude;
+    return number;
+}
+
+/// Digits of a base that are one whole number. One beyond 64 bits becomes a floating-point number.
+std::optional<Number> digitsToNumber(std::string_view digits, unsigned base, bool isNegative)
+{
+    std::uint64_t magnitude = 0;
+    bool fits = !digits.empty();
+    for (const char c : digits) {
+        const unsigned digit = base == 16 || isDigit(c) ? hexadecimalDigit(c) : base;
+        if (digit >= base)
+            return std::nullopt;
+        fits = fits && magnitude <= (highestMagnitude - digit) / base;
+        magnitude = magnitude * base + digit;
+    }
+    if (fits && (!isNegative || magnitude <= lowestMagnitude))
+        return integer(magnitude, isNegative);
+    if (digits.empty())
+        return std::nullopt;
+    double value = 0.0;
+    const auto format = base == 16 ? std::chars_format::hex : std::chars_format::general;
+    const auto result =
+        std::from_chars(digits.data(), digits.data() + digits.size(), value, format);
+    if (result.ec == std::errc::result_out_of_range)
+        value = std::numeric_limits<double>::infinity();
+    return real(value, isNegative);
+}
+
+/// True for digits with at most one point among them, at least one digit, and an optional exponent.
+bool isFloatingPoint(std::string_view word)
+{
+    std::size_t digitCount = 0;
+    bool hasPoint = false;
+    std::size_t i = 0;
+    for (; i < word.size() && (isDigit(word[i]) || (word[i] == '.' && !hasPoint)); ++i) {
+        hasPoint |= word[i] == '.';
+        digitCount += word[i] != '.';
+    }
+    if (digitCount == 0)
+        return false;
+    if (i == word.size())
+        return true;
+    if ((word[i] | 0x20) != 'e')
+        return false;
+    ++i;
+    if (i < word.size() && (word[i] == '+' || word[i] == '-'))
+        ++i;
+    if (i == word.size())
+        return false;
+    while (i < word.size() && isDigit(word[i]))
+        ++i;
+    return i == word.size();
+}
+
+/// True if a numeral beyond all doubles is huge, and not tiny: its first digit other than zero
+/// stands left of the point, counted with the exponent.
+bool isHuge(std::string_view word)
+{
+    const std::size_t mantissaEnd = std::min(word.find_first_of("eE"), word.size());
+    const std::string_view mantissa = word.substr(0, mantissaEnd);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t leading = mantissa.find_first_not_of("0.");
+    if (leading == std::string_view::npos)
+        return false;
+    std::int64_t exponent = 0;
+    if (mantissaEnd < word.size()) {
+        std::string_view digits = word.substr(mantissaEnd + 1);
+        const bool isNegative = digits.front() == '-';
+        digits.remove_prefix(isNegative || digits.front() == '+' ? 1 : 0);
+        constexpr std::int64_t enough = 1000000000000;
+        for (const char c : digits)
+            exponent = std::min(exponent * 10 + (c - '0'), enough);
+        exponent = isNegative ? -exponent : exponent;
+    }
+    const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(leading);
+    return place + exponent > 0;
+}
+
+std::optional<Number> floatingPoint(std::string_view word, bool isNegative)
+{
+    if (!isFloatingPoint(word))
+        return std::nullopt;
+    double value = 0.0;
+    const auto result = std::from_chars(word.data(), word.data() + word.size(), value);
+    if (result.ec == std::errc::result_out_of_range)
+        value = isHuge(word) ? std::numeric_limits<double>::infinity() : 0.0;
+    return real(value, isNegative);
+}
+
+} // namespace
+
+std::optional<Number> parseNumber(std::string_view word)
+{
+    const bool isNegative = !word.empty() && word.front() == '-';
+    if (isNegative || (!word.empty() && word.front() == '+'))
+        word.remove_prefix(1);
+    if (word.empty() || !(isDigit(word.front()) || word.front() == '.'))
+        return std::nullopt;
+    if (word.size() > 2 && word[0] == '0' && (word[1] | 0x20) == 'x')
+        return digitsToNumber(word.substr(2), 16, isNegative);
+    if (const std::optional<Number> number = digitsToNumber(word, 10, isNegative))
+        return number;
+    return floatingPoint(word, isNegative);
+}
+
+std::optional<Number> Number::asInteger() const
+{
+    if (isInteger)
+        return *this;
+    const double size = std::fabs(real);
+    // Both limits are powers of two, and so exact.
+    if (!(size < 18446744073709551616.0) || size != std::floor(size))
+        return std::nullopt;
+    const auto whole = static_cast<std::uint64_t>(size);
+    if (isNegative && whole > lowestMagnitude)
+        return std::nullopt;
+    return integer(whole, isNegative);
+}
+
+std::optional<std::int64_t> Number::asSigned() const
+{
+    constexpr std::uint64_t highest = lowestMagnitude - 1;
+    if (!isInteger || magnitude > (isNegative ? lowestMagnitude : highest))
+        return std::nullopt;
+    return static_cast<std::int64_t>(bits());
+}
+
+} // namespace tavo

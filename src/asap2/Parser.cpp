@@ -1,0 +1,320 @@
+#include "asap2/Parser.h"
+
+#include "asap2/leaves.h"
+
+#include <cmath>
+#include <limits>
+
+namespace tavo {
+
+Parser::Parser(Scanner& scanner, Inventory& inventory, Notices& notices)
+    : scanner_(scanner), inventory_(inventory), notices_(notices), types_(inventory.texts)
+{
+}
+
+/// { anything | /begin block } of which the first PROJECT is read.
+void Parser::parse()
+{
+    bool isProjectRead = false;
+    for (scanner_.advance(); scanner_.token() != Token::FileEnd;) {
+        if (scanner_.token() == Token::End)
+            throw Fault(scanner_.place(), "'/end' without a block that it could end");
+        if (scanner_.token() != Token::Begin) {
+            scanner_.advance();
+            continue;
+        }
+        Place begin;
+        const std::string word = beginBlock(begin);
+        if (word == "PROJECT" && !isProjectRead) {
+            isProjectRead = true;
+            scanner_.advance();
+            parseProject(begin);
+        } else {
+            passOver(word, begin);
+        }
+    }
+    if (!isProjectRead)
+        throw Fault({}, "There is no PROJECT");
+    expandInstances(instances_, types_, inventory_, notices_);
+    reportUndefinedMethods();
+}
+
+/// /begin PROJECT anything { /begin block } /end PROJECT, of which the first MODULE is read.
+void Parser::parseProject(Place begin)
+{
+    bool isModuleRead = false;
+    while (scanner_.token() != Token::End) {
+        if (scanner_.token() == Token::FileEnd)
+            throw Fault(begin, "Block 'PROJECT' without an end");
+        if (scanner_.token() != Token::Begin) {
+            scanner_.advance();
+            continue;
+        }
+        Place blockBegin;
+        const std::string word = beginBlock(blockBegin);
+        if (word == "MODULE" && !isModuleRead) {
+            isModuleRead = true;
+            scanner_.advance();
+            parseModule(blockBegin);
+        } else {
+            passOver(word, blockBegin);
+        }
+    }
+    closeBlock("PROJECT", begin);
+    if (!isModuleRead)
+        throw Fault(begin, "The first PROJECT has no MODULE");
+}
+
+/// /begin MODULE name longIdentifier { /begin block } /end MODULE
+void Parser::parseModule(Place begin)
+{
+    passOverFields(Block::Module, 2);
+    parseOptions(Block::Module, "MODULE", begin,
+                 [this](Option option, Place place) { parseModuleBlock(option, place); });
+}
+
+void Parser::parseModuleBlock(Option option, Place begin)
+{
+    switch (option) {
+    case Option::Module_MEASUREMENT_block:
+        return parseMeasurement(begin);
+    case Option::Module_COMPU_METHOD_block:
+        return parseMethod(begin);
+    case Option::Module_COMPU_TAB_block:
+        return parseTable(TableKind::Numeric, "COMPU_TAB", begin);
+    case Option::Module_COMPU_VTAB_block:
+        return parseTable(TableKind::Verbal, "COMPU_VTAB", begin);
+    case Option::Module_COMPU_VTAB_RANGE_block:
+        return parseTable(TableKind::Ranges, "COMPU_VTAB_RANGE", begin);
+    case Option::Module_IF_DATA_block:
+        return parseIfData(begin);
+    case Option::Module_INSTANCE_block:
+        return parseInstance(begin);
+    case Option::Module_MOD_COMMON_block:
+        return parseModCommon(begin);
+    case Option::Module_TYPEDEF_AXIS_block:
+        return parseAdjustable("TYPEDEF_AXIS", begin);
+    case Option::Module_TYPEDEF_BLOB_block:
+        return parseAdjustable("TYPEDEF_BLOB", begin);
+    case Option::Module_TYPEDEF_CHARACTERISTIC_block:
+        return parseAdjustable("TYPEDEF_CHARACTERISTIC", begin);
+    case Option::Module_TYPEDEF_MEASUREMENT_block:
+        return parseTypedefMeasurement(begin);
+    case Option::Module_TYPEDEF_STRUCTURE_block:
+        return parseTypedefStructure(begin);
+    default:
+        return;
+    }
+}
+
+/// MOD_COMMON longIdentifier { option } /end MOD_COMMON
+void Parser::parseModCommon(Place begin)
+{
+    passOverFields(Block::ModCommon, 1);
+    parseOptions(Block::ModCommon, "MOD_COMMON", begin, [this](Option option, Place) {
+        if (option == Option::ModCommon_BYTE_ORDER)
+            inventory_.byteOrder = byteOrderOf(text(0));
+    });
+}
+
+ByteOrder Parser::byteOrderOf(const std::string& word)
+{
+    // LITTLE_ENDIAN goes with MSB_FIRST and BIG_ENDIAN with MSB_LAST, not the reverse: the standard
+    // has the meanings of these two words exchanged.
+    if (word == "MSB_FIRST" || word == "LITTLE_ENDIAN")
+        return ByteOrder::Motorola;
+    if (word == "MSB_LAST" || word == "BIG_ENDIAN")
+        return ByteOrder::Intel;
+    if (word == "MSB_FIRST_MSW_LAST")
+        return ByteOrder::MotorolaWordsLast;
+    if (word == "MSB_LAST_MSW_FIRST")
+        return ByteOrder::IntelWordsFirst;
+    notices_.add(scanner_.place(), joined({"Byte order ", inQuotes(word), " is not known"}));
+    return ByteOrder::None;
+}
+
+/// `/begin` is current: takes it and returns the word of the block, which is current then.
+std::string Parser::beginBlock(Place& begin)
+{
+    begin = scanner_.place();
+    scanner_.advance();
+    if (scanner_.token() != Token::Word && scanner_.token() != Token::Text)
+        throw Fault(begin, "'/begin' without the word of its block");
+    return std::string(scanner_.text());
+}
+
+/// `/end` is current: takes it and the word after it, which must be the block's.
+void Parser::closeBlock(std::string_view word, Place begin)
+{
+    scanner_.advance();
+    if (!scanner_.isWord(word)) {
+        scanner_.failAtOtherEnd(word, begin);
+    }
+    scanner_.advance();
+}
+
+/// Passes over the rest of a block from the current token on.
+void Parser::skipRest(std::string_view word, Place begin)
+{
+    switch (scanner_.token()) {
+    case Token::End:
+        return closeBlock(word, begin);
+    case Token::FileEnd:
+        throw Fault(begin, joined({"Block '", word, "' without an end"}));
+    case Token::Begin:
+        return scanner_.skipBlock(word, begin, 2);
+    case Token::Word:
+    case Token::Text:
+        return scanner_.skipBlock(word, begin);
+    }
+}
+
+/// Passes over a whole block, whose word is current.
+void Parser::passOver(std::string_view word, Place begin)
+{
+    if (word == "A2ML")
+        scanner_.skipA2ml(begin);
+    else
+        scanner_.skipBlock(word, begin);
+}
+
+/// A word that has no row, and whatever follows up to something that is known.
+void Parser::passOverUnknown(Block block)
+{
+    if (parseNumber(scanner_.text())) { // what is left of a faulty option
+        scanner_.advance();
+        return;
+    }
+    if (block != Block::OtherTransport)
+        notices_.add(scanner_.place(),
+                     joined({"Unknown word ", inQuotes(scanner_.text()), " is passed over"}));
+    passOverFields(block, std::numeric_limits<int>::max());
+}
+
+/// Passes over what stands before an option, a block or the end, but not over more than so many.
+void Parser::passOverFields(Block block, int most)
+{
+    while (most-- > 0 && (scanner_.token() == Token::Text ||
+                          (scanner_.token() == Token::Word &&
+                           findOption(block, scanner_.text()).option == Option::Unknown)))
+        scanner_.advance();
+}
+
+/// Reads the fields of an option by their kinds. False if one is missing or of another kind, which
+/// is current then.
+bool Parser::readFields(Block block, const char* kinds)
+{
+    for (std::size_t i = 0; *kinds; ++kinds) {
+        if (kinds[1] == '*' && *kinds == 'w') {
+            while (scanner_.token() == Token::Word &&
+                   findOption(block, scanner_.text()).option == Option::Unknown)
+                scanner_.advance();
+            return true;
+        }
+        if (!readField(*kinds, fields_[i]))
+            return false;
+        if (kinds[1] == '*') {
+            readMoreNumbers(fields_[i]);
+            return true;
+        }
+        ++i;
+    }
+    return true;
+}
+
+bool Parser::readField(char kind, Field& field)
+{
+    const Token token = scanner_.token();
+    if (token != Token::Word && token != Token::Text)
+        return false;
+    const std::string_view word = scanner_.text();
+    const bool isText = token == Token::Text;
+    switch (kind) {
+    case 's':
+        if (!isText)
+            return false;
+        field.text = word;
+        break;
+    case 'w':
+        if (!isText && parseNumber(word))
+            return false;
+        field.text = word;
+        break;
+    case 'x':
+        field.text = word;
+        break;
+    default: {
+        const std::optional<Number> number = parseNumber(word);
+        if (!number)
+            return false;
+        field.number = *number;
+        if (kind == 'i') {
+            const std::optional<Number> integer = number->asInteger();
+            if (!integer)
+                return false;
+            field.number = *integer;
+        }
+        if (kind == 'p' && number->real != std::floor(number->real))
+            return false;
+    }
+    }
+    if (isText && kind != 's' && kind != 'x')
+        notices_.add(scanner_.place(), "Quotes around a word or a number are ignored");
+    scanner_.advance();
+    return true;
+}
+
+/// The numbers after a field, as many as come.
+void Parser::readMoreNumbers(Field& field)
+{
+    constexpr std::size_t most = 64; // Dimensions beyond these are no array's.
+    field.further.clear();
+    while (scanner_.token() == Token::Word) {
+        const std::optional<Number> number = parseNumber(scanner_.text());
+        if (!number)
+            return;
+        if (field.further.size() < most)
+            field.further.push_back(*number);
+        scanner_.advance();
+    }
+}
+
+std::int64_t Parser::integer(std::size_t field) const
+{
+    return number(field).asSigned().value_or(std::numeric_limits<std::int64_t>::max());
+}
+
+/// Reads the positional fields of a block by their kinds; `names` says what each one is. False,
+/// with a warning that names the block by its first field, if one is missing or of another kind.
+bool Parser::readPositional(std::string_view word, const char* kinds,
+                            std::initializer_list<const char*> names)
+{
+    std::size_t i = 0;
+    for (const char* name : names) {
+        if (!readField(kinds[i], fields_[i])) {
+            reportMissing(word, i > 0 ? text(0) : std::string(), name);
+            return false;
+        }
+        ++i;
+    }
+    return true;
+}
+
+/// Something is left out because of the current token, which is no `field`.
+void Parser::reportMissing(std::string_view word, const std::string& name, const char* field)
+{
+    constexpr unsigned mostOfTheirOwn = 100;
+    const bool isToken = scanner_.token() == Token::Word || scanner_.token() == Token::Text;
+    std::string text(word);
+    if (!name.empty())
+        text = joined({word, " ", inQuotes(name)});
+    if (isToken)
+        text = joined({text, " is left out: ", field, " can't be ", inQuotes(scanner_.text())});
+    else
+        text = joined({text, " is left out: ", field, " is missing"});
+    if (++leftOutCount_ > mostOfTheirOwn)
+        text = joined({"A further ", word, " is left out: a field is missing or wrong"});
+    notices_.add(scanner_.place(), text);
+}
+
+} // namespace tavo

@@ -1,0 +1,194 @@
+#pragma once
+
+#include "asap2/Fields.h"
+#include "asap2/Scanner.h"
+#include "asap2/Types.h"
+#include "asap2/options.h"
+#include "base/Notices.h"
+#include "inventory/Inventory.h"
+
+#include <array>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo {
+
+/// Reads the first MODULE of a description into an inventory. Serves one reading.
+///
+/// How the operations work together:
+///
+/// - One token is current. A block's operation begins with the first token after the block's word
+///   and ends with the first one after its `/end` and word.
+/// - Fields are taken by position and kind. A token of another kind is never taken for the field:
+///   it stays current, and what the field belongs to is left out.
+/// - Options are looked up in a table with the kinds of their fields, so that a word that nobody
+///   knows doesn't shift what follows.
+/// - What ends the reading is thrown as a `Fault`; everything else is a notice.
+class Parser
+{
+public:
+    /// All three outlive the parser; a description is open in the scanner.
+    Parser(Scanner& scanner, Inventory& inventory, Notices& notices);
+
+    void parse();
+
+private:
+    // Tokens and blocks.
+    std::string beginBlock(Place& begin);
+    void closeBlock(std::string_view word, Place begin);
+    void skipRest(std::string_view word, Place begin);
+    void passOver(std::string_view word, Place begin);
+    template <class Handle>
+    void parseOptions(Block block, std::string_view word, Place begin, Handle handle);
+    template <class Handle> void parseOption(Block block, Handle handle);
+    template <class Handle> void parseInnerBlock(Block block, Handle handle);
+    void passOverUnknown(Block block);
+
+    // Fields.
+    bool readFields(Block block, const char* kinds);
+    bool readField(char kind, Field& field);
+    void readMoreNumbers(Field& field);
+    bool readPositional(std::string_view word, const char* kinds,
+                        std::initializer_list<const char*> names);
+    void reportMissing(std::string_view word, const std::string& name, const char* field);
+    const std::string& text(std::size_t field) const { return fields_[field].text; }
+    const Number& number(std::size_t field) const { return fields_[field].number; }
+    std::string_view keep(std::size_t field) { return inventory_.texts.keep(text(field)); }
+    /// An integer field with a sign; the highest number for one that is beyond it.
+    std::int64_t integer(std::size_t field) const;
+
+    // The frame of a file.
+    void parseProject(Place begin);
+    void parseModule(Place begin);
+    void parseModuleBlock(Option option, Place begin);
+    void parseModCommon(Place begin);
+    ByteOrder byteOrderOf(const std::string& word);
+
+    // Quantities and their types.
+    void parseMeasurement(Place begin);
+    void parseTypedefMeasurement(Place begin);
+    bool parseQuantity(const char* word, Place begin, Quantity& quantity);
+    void parseQuantityOption(Option option, Quantity& quantity, Place begin);
+    void parseCommonOption(Option option, Quantity& quantity, Place begin);
+    bool takeDimensions(Dimensions& dimensions);
+    bool readDimensions(Quantity& quantity);
+    bool isPointerWord() const;
+    void parseQuantityIfData(Quantity& quantity, Place begin);
+    void parseBlob(Option option, Place begin);
+    void parseDaqEvent(Quantity& quantity, Place begin);
+    void parseEventList(const char* word, Quantity& quantity, Place begin);
+    void bindEvent(Quantity& quantity);
+    void parseTypedefStructure(Place begin);
+    void parseComponent(Structure& structure, Place begin);
+    void parseInstance(Place begin);
+    void parseAdjustable(const char* word, Place begin);
+
+    // Conversions.
+    void parseMethod(Place begin);
+    void parseMethodOption(Option option, Method& method, Place begin);
+    void parseFormula(Method& method, Place begin);
+    void parseTable(TableKind kind, const char* word, Place begin);
+    void readRows(Table& table);
+    void reportUndefinedMethods();
+
+    // Interfaces.
+    void parseIfData(Place begin);
+    Interface& interfaceOf(Protocol protocol);
+    void parseCcp(Place begin);
+    void parseTpBlob(Interface& interface, Place begin);
+    void giveIdentifier(std::optional<std::int64_t>& identifier, const Number& number,
+                        const char* where);
+    void parseRaster(Interface& interface, Place begin);
+    bool isExpressible(const Source& source, const char* word);
+    void parseXcp(Protocol protocol, Place begin);
+    void parseXcpBlock(Option option, Interface& interface, Place begin);
+    void parseDaq(Interface& interface, bool isInTransport, Place begin);
+    void parseEvent(Interface& interface, bool isInTransport, Place begin);
+    void parseCan(Interface& interface, Place begin);
+    void parseEthernet(Interface& interface, TransportKind kind, const char* word, Place begin);
+    void parseOtherTransport(Interface& interface, TransportKind kind, const char* word,
+                             Place begin);
+    void passOverFields(Block block, int most);
+
+    Scanner& scanner_;
+    Inventory& inventory_;
+    Notices& notices_;
+    TypeTable types_;
+    std::deque<Instance> instances_;
+    std::array<Field, 9> fields_; ///< Of the block or option that was read last.
+    Pattern64 blobAddress_;       ///< Of the first KP_BLOB in the quantity in hand.
+    Pattern64 blobExtension_;
+    bool hasMatrix_ = false;           ///< The quantity in hand has a MATRIX_DIM.
+    Protocol section_ = Protocol::Ccp; ///< Of the IF_DATA in hand.
+    unsigned leftOutCount_ = 0;        ///< Things that were left out with a warning of their own.
+    bool isSetWrong_ = false; ///< A COEFFS or COEFFS_LINEAR of the method in hand is no set.
+};
+
+/// The options of a block up to its `/end`, and that end. `handle` gets an option from which
+/// something is taken, and for a block the place where it begins: the option's fields have been
+/// read, the block is the handler's to read.
+template <class Handle>
+void Parser::parseOptions(Block block, std::string_view word, Place begin, Handle handle)
+{
+    for (;;) {
+        switch (scanner_.token()) {
+        case Token::End:
+            closeBlock(word, begin);
+            return;
+        case Token::FileEnd:
+            throw Fault(begin, joined({"Block '", word, "' without an end"}));
+        case Token::Begin:
+            parseInnerBlock(block, handle);
+            break;
+        case Token::Word:
+            parseOption(block, handle);
+            break;
+        case Token::Text: // what is left of a faulty option
+            scanner_.advance();
+            break;
+        }
+    }
+}
+
+template <class Handle> void Parser::parseOption(Block block, Handle handle)
+{
+    const OptionRow row = findOption(block, scanner_.text());
+    if (row.option == Option::Unknown)
+        return passOverUnknown(block);
+    const Place place = row.option == Option::Known ? Place() : scanner_.place();
+    std::string_view word;
+    std::array<char, 40> copy;
+    if (row.option != Option::Known)
+        word = {copy.data(), scanner_.text().copy(copy.data(), copy.size())};
+    scanner_.advance();
+    if (readFields(block, row.fields)) {
+        if (row.option != Option::Known)
+            handle(row.option, place);
+    } else if (row.option != Option::Known) {
+        notices_.add(place, joined({"Option '", word,
+                                    "' is ignored: a field is missing or of another kind"}));
+        isSetWrong_ |=
+            row.option == Option::Method_COEFFS || row.option == Option::Method_COEFFS_LINEAR;
+    }
+}
+
+template <class Handle> void Parser::parseInnerBlock(Block block, Handle handle)
+{
+    Place begin;
+    const std::string word = beginBlock(begin);
+    const OptionRow row = findBlock(block, word);
+    if (block == Block::Ccp || block == Block::Xcp) // its first block makes an interface
+        interfaceOf(section_);
+    if (row.option == Option::Unknown && block != Block::OtherTransport)
+        notices_.add(begin, joined({"Unknown block ", inQuotes(word), " is passed over"}));
+    if (row.option == Option::Unknown || row.option == Option::Known) {
+        passOver(word, begin);
+        return;
+    }
+    scanner_.advance();
+    handle(row.option, begin);
+}
+
+} // namespace tavo

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "asap2/Fault.h"
+#include "asap2/SourceFile.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavo {
+
+enum class Token : std::uint8_t
+{
+    Word, ///< Any run of characters: a name, a keyword, a number.
+    Text, ///< What stands between quotes.
+    Begin,
+    End,
+    FileEnd ///< Of the described file; the end of an included one is no token.
+};
+
+/// Splits a description into tokens, with the files that it includes in their place.
+///
+/// One token is current: a parser looks at it, takes from it what it needs, and goes on. What is
+/// passed over is searched for its end and not split at all.
+class Scanner
+{
+public:
+    Scanner() = default;
+    Scanner(const Scanner&) = delete;
+    Scanner& operator=(const Scanner&) = delete;
+
+    /// Opens the description, and no token is current yet. Throws an `OpenFailure`.
+    void open(const std::string& path, SourceFile::Watch watch);
+    /// The same with a description in memory, which outlives the scanner. It has the name "".
+    void use(std::string_view description);
+
+    Token token() const { return token_; }
+    /// What the current word or text says; a text without its quotes and with its escapes resolved.
+    /// Valid until the next token.
+    std::string_view text() const { return text_; }
+    bool isWord(std::string_view word) const { return token_ == Token::Word && text_ == word; }
+    /// Where the current token begins.
+    Place place();
+    /// Goes on to the next token.
+    void advance();
+
+    /// Passes over the rest of a block, in which `depth` blocks are open, and over its `/end` and
+    /// word, which is compared with `word`. The search begins after the current token. The block
+    /// began at `begin`.
+    void skipBlock(std::string_view word, Place begin, std::uint64_t depth = 1);
+    /// The same for an A2ML block, which ends at its first `/end A2ML`, whatever is in it.
+    void skipA2ml(Place begin);
+
+    /// Throws the `Fault` of an `/end` with another word than its block's; what stands in the place
+    /// of that word is current.
+    [[noreturn]] void failAtOtherEnd(std::string_view word, Place begin);
+
+    /// The name of a file by its number; 0 is the description itself.
+    const std::string& fileName(std::uint32_t number) const { return fileNames_[number]; }
+    /// The system's number of the error at which a file could be read no further, or 0.
+    int readError() const { return readError_; }
+
+private:
+    /// A file that is being read.
+    struct Input
+    {
+        SourceFile file;
+        std::filesystem::path path;
+        std::unique_ptr<char[]> buffer;
+        std::size_t capacity = 0;
+        std::uint32_t number = 0;
+        // What the scanner keeps while it reads an included file.
+        const char* next = nullptr;
+        const char* end = nullptr;
+        const char* counted = nullptr;
+        std::uint32_t line = 1;
+        char previous = 0;
+    };
+
+    enum class Keyword : std::uint8_t
+    {
+        None,
+        Begin,
+        End,
+        Include
+    };
+
+    void start(std::unique_ptr<Input> input);
+    void suspend();
+    void resume();
+    bool leaveFile();
+    bool more();
+    bool has(std::size_t count);
+    void countLines(const char* to);
+    Place placeAt(const char* position);
+
+    bool startsComment();
+    static std::size_t keywordLength(Keyword keyword);
+    static Keyword keywordAt(const char* position, const char* end);
+    Keyword keyword();
+    void skipBlanks();
+    void skipBlanksAndComments();
+    void skipComment();
+    void skipText(Place begin);
+    std::uint64_t skipKeyword(Keyword keyword, std::uint64_t depth);
+    void scanWord();
+    void scanText();
+    void scanEditedText();
+    void include();
+    std::string includedName(Place place);
+    void enter(const std::string& name, Place place);
+    [[noreturn]] static void failAtEnd(std::string_view what, Place begin);
+
+    Token token_ = Token::FileEnd;
+    std::string_view text_;
+    const char* next_ = nullptr;    ///< The first character that no token has taken.
+    const char* end_ = nullptr;     ///< After the last character; a zero byte stands there.
+    const char* keep_ = nullptr;    ///< What stays in the buffer from here on; null for nothing.
+    const char* counted_ = nullptr; ///< The lines up to here are counted.
+    std::uint32_t line_ = 1;        ///< The line of `counted_`.
+    char previous_ = 0;             ///< The character before `counted_`.
+    bool isPassingOver_ = false;    ///< No include is opened.
+    bool isAtEnd_ = false;          ///< The description has no more characters.
+    std::string edited_;            ///< The current text, if it isn't what stands in the file.
+    Place editedPlace_;             ///< Where that text begins.
+    std::vector<std::unique_ptr<Input>> inputs_; ///< The description, and what is included in it.
+    std::vector<std::string> fileNames_;
+    int readError_ = 0;
+};
+
+} // namespace tavo

@@ -1,0 +1,265 @@
+#include "inventory/Inventory.h"
+
+namespace tavo {
+
+namespace {
+
+struct DataTypeRow
+{
+    const char* word;
+    const char* text;
+    std::uint32_t size;
+};
+
+/// In the order of `DataType`.
+constexpr DataTypeRow dataTypes[] = {
+    {"", "???", 0},
+    {"UBYTE", "uint8", 1},
+    {"SBYTE", "int8", 1},
+    {"UWORD", "uint16", 2},
+    {"SWORD", "int16", 2},
+    {"ULONG", "uint32", 4},
+    {"SLONG", "int32", 4},
+    {"A_UINT64", "uint64", 8},
+    {"A_INT64", "int64", 8},
+    {"FLOAT16_IEEE", "real16", 2},
+    {"FLOAT32_IEEE", "real32", 4},
+    {"FLOAT64_IEEE", "real64", 8},
+};
+
+const DataTypeRow& rowOf(DataType type) { return dataTypes[static_cast<std::size_t>(type)]; }
+
+} // namespace
+
+const char* dataTypeWord(DataType type) { return rowOf(type).word; }
+const char* dataTypeText(DataType type) { return rowOf(type).text; }
+std::uint32_t sizeOf(DataType type) { return rowOf(type).size; }
+
+const char* byteOrderText(ByteOrder order)
+{
+    switch (order) {
+    case ByteOrder::None:
+        return nullptr;
+    case ByteOrder::Motorola:
+        return "Motorola";
+    case ByteOrder::Intel:
+        return "Intel";
+    case ByteOrder::MotorolaWordsLast:
+        return "MSB_FIRST_MSW_LAST";
+    case ByteOrder::IntelWordsFirst:
+        return "MSB_LAST_MSW_FIRST";
+    }
+    return nullptr;
+}
+
+bool Pattern64::fits32() const
+{
+    if (isBeyond64)
+        return false;
+    return isNegative ? bits >= 0xFFFFFFFF80000000U : bits <= 0xFFFFFFFFU;
+}
+
+const char* methodKindWord(MethodKind kind)
+{
+    constexpr const char* words[] = {"",         "IDENTICAL",  "LINEAR",   "RAT_FUNC",
+                                     "TAB_INTP", "TAB_NOINTP", "TAB_VERB", "FORM"};
+    return words[static_cast<std::size_t>(kind)];
+}
+
+const char* transportText(TransportKind kind)
+{
+    constexpr const char* texts[] = {"CAN", "UDP", "TCP", "USB", "SxI", "FlexRay"};
+    return texts[static_cast<std::size_t>(kind)];
+}
+
+const char* protocolText(Protocol protocol) { return protocol == Protocol::Ccp ? "CCP" : "XCP"; }
+
+namespace {
+
+/// The option that a kind of method asks for.
+MethodBasis basisOf(MethodKind kind)
+{
+    switch (kind) {
+    case MethodKind::Linear:
+        return MethodBasis::CoeffsLinear;
+    case MethodKind::RatFunc:
+        return MethodBasis::Coeffs;
+    case MethodKind::Form:
+        return MethodBasis::Formula;
+    case MethodKind::TabIntp:
+    case MethodKind::TabNointp:
+    case MethodKind::TabVerb:
+        return MethodBasis::Table;
+    case MethodKind::Other:
+    case MethodKind::Identical:
+        break;
+    }
+    return MethodBasis::None;
+}
+
+} // namespace
+
+MethodBasis Method::basis() const
+{
+    const auto has = [this](MethodBasis basis) {
+        switch (basis) {
+        case MethodBasis::Coeffs:
+            return !coefficients.empty();
+        case MethodBasis::CoeffsLinear:
+            return hasLinear;
+        case MethodBasis::Formula:
+            return hasFormula;
+        case MethodBasis::Table:
+            return tableName != noIndex;
+        case MethodBasis::None:
+            break;
+        }
+        return false;
+    };
+    const MethodBasis own = basisOf(kind);
+    if (has(own))
+        return own;
+    for (const MethodBasis basis :
+         {MethodBasis::Coeffs, MethodBasis::CoeffsLinear, MethodBasis::Formula, MethodBasis::Table})
+        if (has(basis))
+            return basis;
+    return MethodBasis::None;
+}
+
+bool Method::basisFitsKind() const { return basis() == basisOf(kind); }
+
+namespace {
+
+/// What a configuration gets of COEFFS: the inverse of each set, as far as there is one to be had,
+/// and the sum of them must look like one line.
+Line lineOf(const std::vector<Coefficients>& sets)
+{
+    Line line;
+    int lineCount = 0;
+    int poleCount = 0;
+    for (const Coefficients& set : sets) {
+        if (set.a == 0.0 && set.d == 0.0 && set.e == 0.0) {
+            ++lineCount;
+            // An integer zero stays one if its sign is changed.
+            const double negated = set.isOffsetInteger ? 0.0 - set.c : -set.c;
+            const double divisor = set.b == 0.0 ? 1.0 : set.b;
+            line.factor = set.f / divisor;
+            line.offset = negated / divisor;
+            line.isExact = sets.size() == 1 && set.b != 0.0 && set.f != 0.0;
+        } else if (set.a == 0.0 && set.b == 0.0 && set.d == 0.0) {
+            ++poleCount;
+        }
+    }
+    line.isWritten = poleCount == 0 && lineCount <= 1;
+    return line;
+}
+
+} // namespace
+
+Line lineOf(const Method& method)
+{
+    switch (method.basis()) {
+    case MethodBasis::Coeffs:
+        return lineOf(method.coefficients);
+    case MethodBasis::CoeffsLinear:
+        return {true, true, method.linearFactor, method.linearOffset};
+    case MethodBasis::None:
+        return {true, true, 1.0, 0.0};
+    case MethodBasis::Formula:
+    case MethodBasis::Table:
+        break;
+    }
+    return {};
+}
+
+namespace {
+
+/// Codes of time units: nanoseconds for a decimal power, with some of their own after them.
+std::optional<double> unitInNanoseconds(const Source& source)
+{
+    constexpr double second = 1e9;
+    constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+    const std::int64_t code = source.unitCode;
+    if (source.protocol == Protocol::Ccp) {
+        constexpr double longer[] = {10 * second, 60 * second, 3600 * second, 86400 * second};
+        if (code >= 0 && code <= 6) // from a microsecond to a second
+            return powers[code + 3];
+        if (code >= 7 && code <= 10)
+            return longer[code - 7];
+        return std::nullopt;
+    }
+    if (code >= 0 && code <= 9) // from a nanosecond to a second
+        return powers[code];
+    if (code >= 10 && code <= 12) // one, ten and a hundred picoseconds
+        return powers[code - 10] / 1000;
+    return std::nullopt;
+}
+
+} // namespace
+
+std::int64_t Source::rate() const
+{
+    // Three codes for each unit: once, ten times and a hundred times of it.
+    const std::int64_t codesBelowSecond = protocol == Protocol::Ccp ? 6 : 9;
+    if (unitCode < 0 || unitCode >= codesBelowSecond)
+        return cycle;
+    constexpr std::int64_t factors[] = {1, 10, 100};
+    return cycle * factors[unitCode % 3];
+}
+
+std::optional<double> Source::periodInNanoseconds() const
+{
+    const std::optional<double> unit = unitInNanoseconds(*this);
+    if (!unit || cycle == 0)
+        return std::nullopt;
+    return *unit * static_cast<double>(cycle);
+}
+
+std::size_t Inventory::quantityCount() const
+{
+    std::size_t count = measurements.size();
+    for (const Leaves& instance : instances)
+        count += instance.quantities.size();
+    return count;
+}
+
+const Method* Inventory::methodOf(const Quantity& quantity) const
+{
+    const std::uint32_t name = quantity.methodName;
+    if (name >= methodsByName.size() || methodsByName[name] == noIndex)
+        return nullptr;
+    return &methods[methodsByName[name]];
+}
+
+const Table* Inventory::tableOf(const Method& method) const
+{
+    const std::uint32_t name = method.tableName;
+    if (name >= tablesByName.size() || tablesByName[name] == noIndex)
+        return nullptr;
+    return &tables[tablesByName[name]];
+}
+
+std::optional<std::string_view> Inventory::unitOf(const Quantity& quantity) const
+{
+    if (quantity.hasUnit)
+        return quantity.unit;
+    const Method* method = methodOf(quantity);
+    return method && method->hasUnit ? std::optional(method->unit) : std::nullopt;
+}
+
+const QuantityDetails& Inventory::detailsOf(const Quantity& quantity) const
+{
+    static const QuantityDetails none;
+    return quantity.details == noIndex ? none : details[quantity.details];
+}
+
+QuantityDetails& Inventory::makeDetails(Quantity& quantity)
+{
+    if (quantity.details == noIndex) {
+        quantity.details = static_cast<std::uint32_t>(details.size());
+        details.emplace_back();
+    }
+    return details[quantity.details];
+}
+
+} // namespace tavo
