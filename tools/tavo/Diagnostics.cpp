@@ -51,6 +51,12 @@ void Diagnostics::message(const char* text)
     console_.write(printable(line) + "\n");
 }
 
+void Diagnostics::inform(const std::string& text)
+{
+    if (volume_ != Volume::Quiet)
+        console_.write(printable(text) + "\n");
+}
+
 void Diagnostics::warning(const char* format, ...)
 {
     std::va_list arguments;

@@ -35,6 +35,8 @@ public:
     void reserved() override {}
     /// A progress line.
     void message(const char* text) override;
+    /// A line about what was done, unless only errors are to be shown.
+    void inform(const std::string& text);
     void warning(const char* format, ...) override TAVO_PRINTF(2, 3);
     void error(const char* format, ...) override TAVO_PRINTF(2, 3);
     /// One diagnostic, with its line of the file below it. Without a file it is one of the program

@@ -1,131 +1,162 @@
 #include "Listing.h"
 
-#include "Glob.h"
-#include "daq/writer.h"
-#include "model/PhConversion.h"
-#include "model/PhList.h"
-#include "model/PhType.h"
-#include "model/PhUnit.h"
-#include "model/PhValue.h"
+#include "daq/losses.h"
 #include "text.h"
-#include "topology/PhCommParam.h"
-#include "topology/PhEntity.h"
-#include "topology/PhGroup.h"
-#include "topology/PhRaster.h"
 
-#include <limits>
+#include <charconv>
+#include <optional>
 
 namespace tavo {
 
 namespace {
 
+Cell textCell(std::string_view text) { return toUtf8(text); }
 Cell textCell(const char* text) { return text ? Cell(toUtf8(text)) : Cell(); }
 
-/// A number in its own form.
-Cell numberCell(const PhValue* value)
+template <class Value> Cell optionalCell(const std::optional<Value>& value)
 {
-    if (!value)
+    return value ? Cell(*value) : Cell();
+}
+
+/// An identifier as the pattern of its 32 bits.
+Cell identifierCell(const std::optional<std::int64_t>& identifier)
+{
+    return identifier ? Cell(Pattern{static_cast<std::uint32_t>(*identifier)}) : Cell();
+}
+
+Cell limitCell(const Limit& limit)
+{
+    if (!limit.isGiven)
         return {};
-    if (value->isDouble())
-        return value->doubleValue();
-    if (value->isInteger())
-        return std::int64_t{value->intValue()};
-    return std::numeric_limits<double>::quiet_NaN();
+    return limit.isInteger ? Cell(static_cast<std::int64_t>(limit.value)) : Cell(limit.value);
 }
 
-Cell patternCell(const PhValue* value)
+std::string transportsText(const Interface& interface)
 {
-    if (value && value->isInteger())
-        return Pattern{value->unsignedValue()};
-    return numberCell(value);
+    std::string text;
+    for (const Transport& transport : interface.transports) {
+        text += text.empty() ? "" : " ";
+        text += transportText(transport.kind);
+        for (const std::string_view host : {transport.address, transport.hostName, transport.ipv6})
+            if (!host.empty())
+                text.append(":").append(toUtf8(host));
+        if (transport.port)
+            text.append(":").append(std::to_string(*transport.port));
+    }
+    return text;
 }
 
-Cell countCell(const PhList* list) { return std::int64_t{list ? list->count() : 0}; }
-
-bool isListed(const PhObject& object, const Glob& names)
+Section interfaces(const Inventory& inventory, const Choice& isChosen)
 {
-    return names.matches(object.name().isNull() ? "" : object.name().cStr());
+    return {"interface",
+            "interfaces",
+            {{"name"},
+             {"protocol"},
+             {"master_id"},
+             {"slave_id"},
+             {"station_address"},
+             {"sources"},
+             {"transports"}},
+            [&](const auto& visit) {
+                for (const Interface& interface : inventory.interfaces) {
+                    const char* name = protocolText(interface.protocol);
+                    if (isChosen(name))
+                        visit({textCell(name), textCell(name), identifierCell(interface.masterId),
+                               identifierCell(interface.slaveId),
+                               optionalCell(interface.stationAddress),
+                               static_cast<std::int64_t>(interface.sources.size()),
+                               interface.transports.empty() ? Cell() : transportsText(interface)});
+                }
+            }};
 }
 
-Section interfaces(const PhList* commParams, const Glob& names)
+Section sources(const Inventory& inventory, const Choice& isChosen)
 {
-    Section section = {
-        "interface",
-        "interfaces",
-        {{"name"}, {"protocol"}, {"master_id"}, {"slave_id"}, {"station_address"}, {"sources"}},
-        {}};
-    for (const PhCommParam* commParam : each<PhCommParam>(commParams))
-        if (isListed(*commParam, names))
-            section.rows.push_back(
-                {textCell(commParam->name()), textCell(protocolText(commParam->protocol())),
-                 patternCell(commParam->masterId()), patternCell(commParam->slaveId()),
-                 numberCell(commParam->stationAddress()), countCell(commParam->rasters())});
-    return section;
+    return {"source",
+            "sources",
+            {{"name"}, {"interface"}, {"rate"}, {"channel"}, {"period_ns"}},
+            [&](const auto& visit) {
+                for (const Interface& interface : inventory.interfaces)
+                    for (const Source& source : interface.sources)
+                        if (isChosen(source.name))
+                            visit({textCell(source.name),
+                                   textCell(protocolText(interface.protocol)), source.rate(),
+                                   source.channel, optionalCell(source.periodInNanoseconds())});
+            }};
 }
 
-Section sources(const PhList* commParams, const Glob& names)
+std::string dimensionsText(const Dimensions& dimensions)
 {
-    Section section = {"source", "sources", {{"name"}, {"interface"}, {"rate"}, {"channel"}}, {}};
-    for (const PhCommParam* commParam : each<PhCommParam>(commParams))
-        for (const PhRaster* raster : each<PhRaster>(commParam->rasters()))
-            if (isListed(*raster, names))
-                section.rows.push_back({textCell(raster->name()), textCell(commParam->name()),
-                                        numberCell(raster->rate()), numberCell(raster->channel())});
-    return section;
+    std::string text;
+    for (const std::uint64_t dimension : dimensions)
+        text.append(text.empty() ? "" : "x").append(std::to_string(dimension));
+    return text;
 }
 
-std::vector<Cell> measurementRow(const PhEntity& entity)
+Row measurementRow(const Inventory& inventory, const Quantity& quantity)
 {
-    const PhType* type = entity.type();
-    const PhUnit* unit = type ? unitOf(*type) : nullptr;
-    const PhConversion* conversion = type ? type->conversion() : nullptr;
-    double factor = 0.0;
-    double offset = 0.0;
-    const bool isLinear = conversion && conversion->getLinearFactors(&factor, &offset);
-    return {textCell(entity.name()),
-            textCell(entity.longName()),
-            patternCell(entity.address()),
-            patternCell(entity.addressExtension()),
-            textCell(typeText(type)),
-            textCell(type ? byteOrderText(type->endian()) : nullptr),
-            patternCell(type ? type->bitMask() : nullptr),
-            numberCell(entity.lowerLimit()),
-            numberCell(entity.upperLimit()),
-            textCell(unit ? unit->label().cStr() : nullptr),
-            isLinear ? Cell(factor) : Cell(),
-            isLinear ? Cell(offset) : Cell()};
+    const Method* method = inventory.methodOf(quantity);
+    const Line line = method ? method->line : Line();
+    const std::optional<std::string_view> unit = inventory.unitOf(quantity);
+    const QuantityDetails& details = inventory.detailsOf(quantity);
+    const Obstacle obstacle = obstacleOf(inventory, quantity);
+    return {textCell(quantity.name),
+            textCell(quantity.description),
+            patternCell(quantity.address),
+            patternCell(quantity.addressExtension),
+            textCell(dataTypeText(quantity.type)),
+            textCell(byteOrderText(inventory.byteOrderOf(quantity))),
+            patternCell(quantity.bitMask),
+            limitCell(quantity.lower),
+            limitCell(quantity.upper),
+            unit ? textCell(*unit) : Cell(),
+            line.isWritten ? Cell(line.factor) : Cell(),
+            line.isWritten ? Cell(line.offset) : Cell(),
+            details.dimensions.empty() ? Cell() : Cell(dimensionsText(details.dimensions)),
+            method ? textCell(method->name) : Cell(),
+            obstacle == Obstacle::None ? Cell() : textCell(obstacleText(obstacle))};
 }
 
-Section measurements(const PhList* entities, const Glob& names)
+Section measurements(const Inventory& inventory, const Choice& isChosen)
 {
-    Section section = {"measurement",
-                       "measurements",
-                       {{"name"},
-                        {"description", false},
-                        {"address"},
-                        {"address_extension", false},
-                        {"type"},
-                        {"byte_order"},
-                        {"bit_mask", false},
-                        {"min"},
-                        {"max"},
-                        {"unit"},
-                        {"factor"},
-                        {"offset"}},
-                       {}};
-    for (const PhEntity* entity : each<PhEntity>(entities))
-        if (isListed(*entity, names))
-            section.rows.push_back(measurementRow(*entity));
-    return section;
+    return {"measurement",
+            "measurements",
+            {{"name"},
+             {"description", false},
+             {"address"},
+             {"address_extension", false},
+             {"type"},
+             {"byte_order"},
+             {"bit_mask", false},
+             {"min"},
+             {"max"},
+             {"unit"},
+             {"factor"},
+             {"offset"},
+             {"dimensions"},
+             {"conversion", false},
+             {"left_out"}},
+            [&](const auto& visit) {
+                inventory.forEachQuantity([&](const Quantity& quantity) {
+                    if (isChosen(quantity.name))
+                        visit(measurementRow(inventory, quantity));
+                });
+            }};
 }
 
 } // namespace
 
-std::vector<Section> listingOf(const PhGroup* module, const Glob& names)
+Cell patternCell(const Pattern64& pattern)
 {
-    const PhList* commParams = module ? module->commParams() : nullptr;
-    return {interfaces(commParams, names), sources(commParams, names),
-            measurements(module ? module->entities() : nullptr, names)};
+    if (!pattern.isGiven || pattern.isBeyond64)
+        return {};
+    return Pattern{pattern.fits32() ? static_cast<std::uint32_t>(pattern.bits) : pattern.bits};
+}
+
+std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChosen)
+{
+    return {interfaces(inventory, isChosen), sources(inventory, isChosen),
+            measurements(inventory, isChosen)};
 }
 
 } // namespace tavo

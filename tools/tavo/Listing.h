@@ -1,25 +1,27 @@
 #pragma once
 
+#include "Glob.h"
+#include "inventory/Inventory.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace tavo {
 
-class Glob;
-class PhGroup;
-
-/// An address or the like: a 32-bit pattern, which people read in hexadecimal.
+/// An address or the like: a bit pattern, which people read in hexadecimal.
 struct Pattern
 {
-    std::uint32_t bits;
+    std::uint64_t bits;
 };
 
-/// What stands in one place of a listing. A text is valid UTF-8; nothing at all says that the
-/// configuration has no such line.
+/// What stands in one place of a listing. A text is valid UTF-8; nothing at all says that there is
+/// no such thing.
 using Cell = std::variant<std::monostate, std::string, std::int64_t, double, Pattern>;
+using Row = std::vector<Cell>;
 
 /// What a column is called, and whether the short form for eyes has it.
 struct Column
@@ -28,17 +30,25 @@ struct Column
     bool isShort = true;
 };
 
-/// All objects of one kind.
+/// All objects of one kind. Their rows are made one by one when they are visited, because there may
+/// be many.
 struct Section
 {
     const char* kind;   ///< Of one of them.
     const char* plural; ///< Of all.
     std::vector<Column> columns;
-    std::vector<std::vector<Cell>> rows; ///< Each with one cell for each column.
+    /// Calls its argument with each row, which has one cell for each column.
+    std::function<void(const std::function<void(const Row&)>&)> forEachRow;
 };
 
-/// What the configuration of a module says: its interfaces, sources and measurements whose name
-/// `names` describes. The module may be null.
-std::vector<Section> listingOf(const PhGroup* module, const Glob& names);
+/// Says whether an object of this name is to be listed.
+using Choice = std::function<bool(std::string_view name)>;
+
+/// The columns that people look for, of the interfaces, sources and measurements that are chosen.
+/// The sections refer to both arguments.
+std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChosen);
+
+/// An address or the like as a number of its own, or nothing.
+Cell patternCell(const Pattern64& pattern);
 
 } // namespace tavo

@@ -60,7 +60,7 @@ struct Arguments
     bool quiet = false;
     bool verbose = false;
     ConvertOptions convert;
-    std::vector<std::string> checked;
+    CheckOptions check;
     ListOptions list;
     std::string tokenized;
 
@@ -108,6 +108,18 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description, c
     return command;
 }
 
+void addDialect(CLI::App& command, Dialect& dialect)
+{
+    command.add_flag_callback(
+        "--strict", [&dialect] { dialect = Dialect::Strict; },
+        "Read exactly what the strict library reads");
+}
+
+void addWarningsAreErrors(CLI::App& command, bool& warningsAreErrors, const char* effect)
+{
+    command.add_flag("--werror", warningsAreErrors, effect);
+}
+
 void addConvert(CLI::App& app, Arguments& arguments)
 {
     CLI::App* command = addCommand(app, "convert", "Write the configuration of a description",
@@ -126,14 +138,20 @@ void addConvert(CLI::App& app, Arguments& arguments)
     command->add_option("-j,--jobs", options.jobs, "Convert N descriptions at a time")
         ->type_name("N")
         ->check(CLI::Range(1, 256).description(""));
+    addDialect(*command, options.dialect);
+    addWarningsAreErrors(*command, options.warningsAreErrors,
+                         "Write nothing if there is a warning, and end with 1");
 }
 
 void addCheck(CLI::App& app, Arguments& arguments)
 {
-    addCommand(app, "check", "Read descriptions and tell what is wrong with them",
-               "Usage: tavo check [OPTIONS] FILE...\n", checkFooter, arguments)
-        ->add_option("FILE", arguments.checked, "A description")
-        ->required();
+    CLI::App* command =
+        addCommand(app, "check", "Read descriptions and tell what is wrong with them",
+                   "Usage: tavo check [OPTIONS] FILE...\n", checkFooter, arguments);
+    command->add_option("FILE", arguments.check.files, "A description")->required();
+    addDialect(*command, arguments.check.dialect);
+    addWarningsAreErrors(*command, arguments.check.warningsAreErrors,
+                         "End with 1 if there is a warning");
 }
 
 void addList(CLI::App& app, Arguments& arguments)
@@ -157,6 +175,7 @@ void addList(CLI::App& app, Arguments& arguments)
         ->add_option("--match", arguments.list.pattern,
                      "Show only what has a name that the pattern describes")
         ->type_name("PATTERN");
+    addDialect(*command, arguments.list.dialect);
 }
 
 void addTokens(CLI::App& app, Arguments& arguments)
@@ -190,7 +209,7 @@ ExitCode runCommand(const CLI::App& app, const Arguments& arguments, Console& co
         if (name == "convert")
             return convert(arguments.convert, diagnostics);
         if (name == "check")
-            return check(arguments.checked, diagnostics);
+            return check(arguments.check, diagnostics);
         if (name == "list")
             return list(arguments.list, diagnostics);
         return printTokens(arguments.tokenized, console, arguments.volume());

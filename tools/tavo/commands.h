@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Description.h"
 #include "Diagnostics.h"
 #include "Failure.h"
 
@@ -17,7 +18,9 @@ struct ConvertOptions
     /// Further descriptions if there is an `outputFolder`, else the output or nothing.
     std::vector<std::string> others;
     std::string outputFolder; ///< "" if none is given.
-    bool force = false;       ///< Replaces existing files.
+    Dialect dialect = Dialect::Wide;
+    bool force = false;             ///< Replaces existing files.
+    bool warningsAreErrors = false; ///< Writes nothing if there is a warning.
     unsigned jobs = 1;
 };
 
@@ -28,15 +31,23 @@ enum class ListFormat
     Json,
 };
 
+struct CheckOptions
+{
+    std::vector<std::string> files;
+    Dialect dialect = Dialect::Wide;
+    bool warningsAreErrors = false;
+};
+
 struct ListOptions
 {
     std::string file;
+    Dialect dialect = Dialect::Wide;
     ListFormat format = ListFormat::Table;
     std::string pattern = "*";
 };
 
 ExitCode convert(const ConvertOptions& options, Diagnostics& diagnostics);
-ExitCode check(const std::vector<std::string>& files, Diagnostics& diagnostics);
+ExitCode check(const CheckOptions& options, Diagnostics& diagnostics);
 ExitCode list(const ListOptions& options, Diagnostics& diagnostics);
 ExitCode printTokens(const std::string& file, Console& console, Volume volume);
 

@@ -4,8 +4,8 @@
 #include "Description.h"
 #include "OutputFile.h"
 #include "StandardOutput.h"
-#include "daq/writer.h"
 #include "platform.h"
+#include "summary.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -68,27 +68,32 @@ std::vector<Conversion> planOf(const ConvertOptions& options)
     return {{options.input, output}};
 }
 
-ExitCode convertOne(const Conversion& conversion, bool force, Diagnostics& diagnostics)
+ExitCode convertOne(const Conversion& conversion, const ConvertOptions& options,
+                    Diagnostics& diagnostics)
 {
     const bool toStandardOutput = conversion.output == standardOutput;
     if (!toStandardOutput)
-        checkOutput(conversion.input, conversion.output, force);
-    Description description(conversion.input);
-    const ExitCode exitCode = description.read(diagnostics);
+        checkOutput(conversion.input, conversion.output, options.force);
+    const unsigned formerWarnings = diagnostics.warningCount();
+    const auto description = Description::make(conversion.input, options.dialect);
+    const ExitCode exitCode = description->read(diagnostics);
     if (exitCode != ExitCode::AllWell)
         return exitCode;
-    // What was converted before has no effect on this configuration.
-    daqSourceIndex = 0;
+    description->reportLosses(diagnostics);
+    if (options.warningsAreErrors && diagnostics.warningCount() > formerWarnings) {
+        diagnostics.failProgram(conversion.input + ": Not converted because of its warnings");
+        return ExitCode::DescriptionFailed;
+    }
     if (toStandardOutput) {
         StandardOutput output;
-        writeRoot(output.stream(), &description.root());
+        description->write(output.stream());
         output.finish();
         return exitCode;
     }
-    OutputFile output(conversion.output, force);
-    writeRoot(output.stream(), &description.root());
+    OutputFile output(conversion.output, options.force);
+    description->write(output.stream());
     output.commit();
-    diagnostics.message(("Wrote " + conversion.output).c_str());
+    diagnostics.inform("Wrote " + conversion.output + ": " + summaryOf(description->inventory()));
     return exitCode;
 }
 
@@ -117,8 +122,7 @@ ExitCode convert(const ConvertOptions& options, Diagnostics& diagnostics)
     if (!options.outputFolder.empty())
         createFolder(options.outputFolder);
     const auto run = [&](const Conversion& conversion) {
-        return attempt(diagnostics,
-                       [&] { return convertOne(conversion, options.force, diagnostics); });
+        return attempt(diagnostics, [&] { return convertOne(conversion, options, diagnostics); });
     };
     ExitCode exitCode = ExitCode::AllWell;
     if (options.jobs <= 1 || plan.size() == 1) {

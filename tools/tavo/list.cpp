@@ -3,37 +3,40 @@
 #include "Description.h"
 #include "Glob.h"
 #include "StandardOutput.h"
+#include "jsonListing.h"
 #include "render.h"
-
-#include <algorithm>
 
 namespace tavo {
 
 ExitCode list(const ListOptions& options, Diagnostics& diagnostics)
 {
-    Description description(options.file);
-    const ExitCode exitCode = description.read(diagnostics);
+    const auto description = Description::make(options.file, options.dialect);
+    const ExitCode exitCode = description->read(diagnostics);
     if (exitCode != ExitCode::AllWell)
         return exitCode;
-    const std::vector<Section> listing =
-        listingOf(description.writtenModule(), Glob(options.pattern));
-    const bool empty = std::all_of(listing.begin(), listing.end(),
-                                   [](const Section& section) { return section.rows.empty(); });
-    if (empty && options.pattern != "*")
-        diagnostics.warnOfProgram("No name matches '" + options.pattern + "'");
+    const Glob names(options.pattern);
+    bool isAnyChosen = false;
+    const Choice isChosen = [&](std::string_view name) {
+        const bool isMatch = names.matches(name);
+        isAnyChosen |= isMatch;
+        return isMatch;
+    };
+    const Inventory& inventory = description->inventory();
     StandardOutput output;
     switch (options.format) {
     case ListFormat::Table:
-        renderTable(output.stream(), listing);
+        renderTable(output.stream(), listingOf(inventory, isChosen));
         break;
     case ListFormat::Csv:
-        renderCsv(output.stream(), listing);
+        renderCsv(output.stream(), listingOf(inventory, isChosen));
         break;
     case ListFormat::Json:
-        renderJson(output.stream(), listing);
+        renderJson(output.stream(), inventory, isChosen);
         break;
     }
     output.finish();
+    if (!isAnyChosen && options.pattern != "*")
+        diagnostics.warnOfProgram("No name matches '" + options.pattern + "'");
     return exitCode;
 }
 

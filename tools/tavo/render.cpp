@@ -3,8 +3,6 @@
 #include "daq/ConfigurationStream.h"
 #include "text.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <charconv>
 #include <string_view>
@@ -38,37 +36,47 @@ std::string cellText(const Cell& cell)
         cell);
 }
 
-/// A section's columns of the short form, with the names on top.
+/// A section's columns of the short form, with the names on top. A column without any content isn't
+/// shown.
 class TextTable
 {
 public:
     explicit TextTable(const Section& section) : section_(section)
     {
-        for (std::size_t i = 0; i < section.columns.size(); ++i) {
-            if (!section.columns[i].isShort)
-                continue;
-            ShownColumn column = {i, widthOf(section.columns[i].name), false};
-            for (const std::vector<Cell>& row : section.rows) {
-                column.width = std::max(column.width, widthOf(shownText(row[i])));
-                column.isText |= std::holds_alternative<std::string>(row[i]);
+        std::vector<ShownColumn> columns(section.columns.size());
+        section.forEachRow([&](const Row& row) {
+            ++rowCount_;
+            for (std::size_t i = 0; i < row.size(); ++i) {
+                columns[i].width = std::max(columns[i].width, widthOf(shownText(row[i])));
+                columns[i].isText |= std::holds_alternative<std::string>(row[i]);
+                columns[i].hasContent |= !std::holds_alternative<std::monostate>(row[i]);
             }
-            columns_.push_back(column);
-        }
+        });
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            if (section.columns[i].isShort && columns[i].hasContent) {
+                columns[i].index = i;
+                columns[i].width = std::max(columns[i].width, widthOf(section.columns[i].name));
+                columns_.push_back(columns[i]);
+            }
     }
+
+    std::size_t rowCount() const { return rowCount_; }
 
     void put(ConfigurationStream& stream) const
     {
         putLine(stream, [&](std::size_t i) { return std::string(section_.columns[i].name); });
-        for (const std::vector<Cell>& row : section_.rows)
+        section_.forEachRow([&](const Row& row) {
             putLine(stream, [&](std::size_t i) { return shownText(row[i]); });
+        });
     }
 
 private:
     struct ShownColumn
     {
-        std::size_t index;
-        std::size_t width;
-        bool isText; ///< Numbers stand at the right of their column.
+        std::size_t index = 0;
+        std::size_t width = 0;
+        bool isText = false; ///< Numbers stand at the right of their column.
+        bool hasContent = false;
     };
 
     static std::string shownText(const Cell& cell) { return printable(cellText(cell)); }
@@ -88,6 +96,7 @@ private:
 
     const Section& section_;
     std::vector<ShownColumn> columns_;
+    std::size_t rowCount_ = 0;
 };
 
 std::string csvField(const std::string& text)
@@ -105,43 +114,20 @@ std::string csvField(const std::string& text)
 
 constexpr const char* csvLineEnd = "\r\n";
 
-nlohmann::json jsonValue(const Cell& cell)
-{
-    return std::visit(
-        [](const auto& content) -> nlohmann::json {
-            using Content = std::decay_t<decltype(content)>;
-            if constexpr (std::is_same_v<Content, std::monostate>)
-                return nullptr;
-            else if constexpr (std::is_same_v<Content, Pattern>)
-                return content.bits;
-            else
-                return content;
-        },
-        cell);
-}
-
-std::string jsonRow(const Section& section, const std::vector<Cell>& row)
-{
-    nlohmann::ordered_json object = nlohmann::ordered_json::object();
-    for (std::size_t i = 0; i < row.size(); ++i)
-        if (!std::holds_alternative<std::monostate>(row[i]))
-            object[section.columns[i].name] = jsonValue(row[i]);
-    return object.dump();
-}
-
 } // namespace
 
 void renderTable(ConfigurationStream& stream, const std::vector<Section>& listing)
 {
     const char* gap = "";
     for (const Section& section : listing) {
-        if (section.rows.empty())
+        const TextTable table(section);
+        if (table.rowCount() == 0)
             continue;
         stream.put(gap);
-        stream.put(std::to_string(section.rows.size()) + " ");
-        stream.put(section.rows.size() == 1 ? section.kind : section.plural);
+        stream.put(std::to_string(table.rowCount()) + " ");
+        stream.put(table.rowCount() == 1 ? section.kind : section.plural);
         stream.put("\n");
-        TextTable(section).put(stream);
+        table.put(stream);
         gap = "\n";
     }
 }
@@ -159,13 +145,15 @@ void renderCsv(ConfigurationStream& stream, const std::vector<Section>& listing)
         stream.put(column);
     }
     stream.put(csvLineEnd);
+    std::vector<std::string> fields(columns.size());
     for (const Section& section : listing) {
         std::vector<std::size_t> places;
         for (const Column& column : section.columns)
             places.push_back(static_cast<std::size_t>(
                 std::find(columns.begin(), columns.end(), column.name) - columns.begin()));
-        for (const std::vector<Cell>& row : section.rows) {
-            std::vector<std::string> fields(columns.size());
+        for (std::string& field : fields)
+            field.clear();
+        section.forEachRow([&](const Row& row) {
             for (std::size_t i = 0; i < row.size(); ++i)
                 fields[places[i]] = csvField(cellText(row[i]));
             stream.put(section.kind);
@@ -174,29 +162,8 @@ void renderCsv(ConfigurationStream& stream, const std::vector<Section>& listing)
                 stream.put(field);
             }
             stream.put(csvLineEnd);
-        }
+        });
     }
-}
-
-void renderJson(ConfigurationStream& stream, const std::vector<Section>& listing)
-{
-    const char* sectionGap = "{";
-    for (const Section& section : listing) {
-        stream.put(sectionGap);
-        stream.put("\n  \"");
-        stream.put(section.plural);
-        stream.put("\": [");
-        const char* rowGap = "";
-        for (const std::vector<Cell>& row : section.rows) {
-            stream.put(rowGap);
-            stream.put("\n    ");
-            stream.put(jsonRow(section, row));
-            rowGap = ",";
-        }
-        stream.put(section.rows.empty() ? "]" : "\n  ]");
-        sectionGap = ",";
-    }
-    stream.put("\n}\n");
 }
 
 } // namespace tavo

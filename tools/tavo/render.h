@@ -14,8 +14,4 @@ void renderTable(ConfigurationStream& stream, const std::vector<Section>& listin
 /// By RFC 4180: one header, with the columns of all sections behind the kind of a row.
 void renderCsv(ConfigurationStream& stream, const std::vector<Section>& listing);
 
-/// One object with an array for each section, and in it a line for each row. A row has the members
-/// for which there is a value; a number that JSON can't tell is null.
-void renderJson(ConfigurationStream& stream, const std::vector<Section>& listing);
-
 } // namespace tavo
