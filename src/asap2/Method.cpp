@@ -42,6 +42,8 @@ void Parser::parseMethod(Place begin)
     method.name = inventory_.methodNames.name(name);
     method.description = keep(1);
     method.kind = methodKindOf(text(2));
+    method.kindWord =
+        method.kind == MethodKind::Other ? keep(2) : std::string_view(methodKindWord(method.kind));
     if (method.kind == MethodKind::Other)
         notices_.add(begin, joined({"Conversion type ", inQuotes(text(2)), " is not known"}),
                      inQuotes(method.name));

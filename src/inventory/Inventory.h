@@ -163,6 +163,7 @@ struct Method
     std::string_view name;
     std::string_view description;
     std::string_view unit;
+    std::string_view kindWord;       ///< The first word itself, "" if it isn't known.
     std::string_view formula;        ///< FORMULA: physical from raw.
     std::string_view inverseFormula; ///< FORMULA_INV
     std::vector<Coefficients> coefficients;

@@ -4,6 +4,7 @@
 #include "text.h"
 
 #include <charconv>
+#include <cmath>
 #include <optional>
 
 namespace tavo {
@@ -74,14 +75,15 @@ Section sources(const Inventory& inventory, const Choice& isChosen)
 {
     return {"source",
             "sources",
-            {{"name"}, {"interface"}, {"rate"}, {"channel"}, {"period_ns"}},
+            {{"name"}, {"interface"}, {"rate"}, {"channel"}, {"period_ns"}, {"description", false}},
             [&](const auto& visit) {
                 for (const Interface& interface : inventory.interfaces)
                     for (const Source& source : interface.sources)
                         if (isChosen(source.name))
                             visit({textCell(source.name),
                                    textCell(protocolText(interface.protocol)), source.rate(),
-                                   source.channel, optionalCell(source.periodInNanoseconds())});
+                                   source.channel, periodCell(source),
+                                   textCell(source.description)});
             }};
 }
 
@@ -98,6 +100,7 @@ Row measurementRow(const Inventory& inventory, const Quantity& quantity)
     const Method* method = inventory.methodOf(quantity);
     const Line line = method ? method->line : Line();
     const std::optional<std::string_view> unit = inventory.unitOf(quantity);
+    const std::optional<std::string_view> conversion = conversionName(inventory, quantity);
     const QuantityDetails& details = inventory.detailsOf(quantity);
     const Obstacle obstacle = obstacleOf(inventory, quantity);
     return {textCell(quantity.name),
@@ -113,7 +116,7 @@ Row measurementRow(const Inventory& inventory, const Quantity& quantity)
             line.isWritten ? Cell(line.factor) : Cell(),
             line.isWritten ? Cell(line.offset) : Cell(),
             details.dimensions.empty() ? Cell() : Cell(dimensionsText(details.dimensions)),
-            method ? textCell(method->name) : Cell(),
+            conversion ? textCell(*conversion) : Cell(),
             obstacle == Obstacle::None ? Cell() : textCell(obstacleText(obstacle))};
 }
 
@@ -150,7 +153,27 @@ Cell patternCell(const Pattern64& pattern)
 {
     if (!pattern.isGiven || pattern.isBeyond64)
         return {};
-    return Pattern{pattern.fits32() ? static_cast<std::uint32_t>(pattern.bits) : pattern.bits};
+    if (pattern.fits32())
+        return Pattern{static_cast<std::uint32_t>(pattern.bits)};
+    if (pattern.isNegative)
+        return static_cast<std::int64_t>(pattern.bits);
+    return Pattern{pattern.bits};
+}
+
+Cell periodCell(const Source& source)
+{
+    const std::optional<double> period = source.periodInNanoseconds();
+    if (!period)
+        return {};
+    const bool isInteger = *period == std::floor(*period) && std::fabs(*period) < 1e18;
+    return isInteger ? Cell(static_cast<std::int64_t>(*period)) : Cell(*period);
+}
+
+std::optional<std::string_view> conversionName(const Inventory& inventory, const Quantity& quantity)
+{
+    if (quantity.methodName == noIndex)
+        return std::nullopt;
+    return inventory.methodNames.name(quantity.methodName);
 }
 
 std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChosen)

@@ -6,7 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -48,7 +50,14 @@ using Choice = std::function<bool(std::string_view name)>;
 /// The sections refer to both arguments.
 std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChosen);
 
-/// An address or the like as a number of its own, or nothing.
+/// An address or the like: its bits, the number itself if it is negative and has more than 32 bits,
+/// or nothing.
 Cell patternCell(const Pattern64& pattern);
+/// The time from one sample to the next in nanoseconds, as an integer if it is one, or nothing.
+Cell periodCell(const Source& source);
+/// The name of the conversion of a quantity, which may be defined nowhere; nothing if there is
+/// none.
+std::optional<std::string_view> conversionName(const Inventory& inventory,
+                                               const Quantity& quantity);
 
 } // namespace tavo

@@ -124,6 +124,7 @@ void addMethod(Inventory& inventory, std::uint32_t name, const PhConversion& con
     method.name = inventory.methodNames.name(name);
     method.description = textOf(conversion.longName());
     method.kind = methodKindOf(conversion.conversionType());
+    method.kindWord = methodKindWord(method.kind);
     method.hasUnit = conversion.unit() && !conversion.unit()->label().isNull();
     if (method.hasUnit)
         method.unit = textOf(conversion.unit()->label());
@@ -145,7 +146,9 @@ void addMeasurement(Inventory& inventory, const PhEntity& entity)
         quantity.type = dataTypeOf(type);
         quantity.byteOrder = byteOrderOf(type->endian());
         quantity.bitMask = patternOf(type->bitMask());
-        if (const PhConversion* conversion = type->conversion()) {
+        const PhConversion* conversion = type->conversion();
+        if (conversion &&
+            !(conversion->isUnresolved() && conversion->name() == "NO_COMPU_METHOD")) {
             quantity.methodName = inventory.methodNames.number(textOf(conversion->name()));
             addMethod(inventory, quantity.methodName, *conversion);
         }

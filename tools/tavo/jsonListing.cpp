@@ -51,6 +51,7 @@ private:
     void member(const char* key, std::uint64_t number);
     void member(const char* key, double number);
     void member(const char* key, bool value);
+    void member(const char* key, const Cell& cell);
     void member(const char* key, const Pattern64& pattern);
     void member(const char* key, const Limit& limit);
     template <class Value> void member(const char* key, const std::optional<Value>& value)
@@ -68,7 +69,8 @@ private:
     void number(double number);
     void put(const Transport& transport);
     void putDetails(const Quantity& quantity);
-    void putConversion(const Method& method);
+    void putConversion(const Quantity& quantity);
+    void putMethod(const Method& method);
     void putCoefficients(const Method& method);
     void putTable(const Table& table);
 
@@ -150,12 +152,21 @@ void JsonListing::member(const char* key, bool value)
     writer_.Bool(value);
 }
 
+/// A cell without a text in it.
+void JsonListing::member(const char* key, const Cell& cell)
+{
+    if (const auto* pattern = std::get_if<Pattern>(&cell))
+        member(key, pattern->bits);
+    else if (const auto* integer = std::get_if<std::int64_t>(&cell))
+        member(key, *integer);
+    else if (const auto* real = std::get_if<double>(&cell))
+        member(key, *real);
+}
+
 void JsonListing::member(const char* key, const Pattern64& pattern)
 {
-    const Cell cell = patternCell(pattern);
-    if (const auto* bits = std::get_if<Pattern>(&cell))
-        member(key, bits->bits);
-    else if (pattern.isGiven) { // a number beyond 64 bits
+    member(key, patternCell(pattern));
+    if (pattern.isGiven && pattern.isBeyond64) {
         writer_.Key(key);
         writer_.Null();
     }
@@ -219,13 +230,7 @@ void JsonListing::put(const Interface& interface, const Source& source)
     member("interface", protocolText(interface.protocol));
     member("rate", source.rate());
     member("channel", source.channel);
-    if (const std::optional<double> period = source.periodInNanoseconds()) {
-        const bool isWhole = *period == std::floor(*period) && std::fabs(*period) < 1e18;
-        if (isWhole)
-            member("period_ns", static_cast<std::int64_t>(*period));
-        else
-            member("period_ns", *period);
-    }
+    member("period_ns", periodCell(source));
     endRow();
 }
 
@@ -250,10 +255,7 @@ void JsonListing::put(const Quantity& quantity)
         member("offset", line.offset);
     }
     putDetails(quantity);
-    if (method) {
-        writer_.Key("conversion");
-        putConversion(*method);
-    }
+    putConversion(quantity);
     if (quantity.isVirtual)
         member("virtual", true);
     const Obstacle obstacle = obstacleOf(inventory_, quantity);
@@ -290,12 +292,24 @@ void JsonListing::putDetails(const Quantity& quantity)
         member("display_name", details.displayName);
 }
 
-void JsonListing::putConversion(const Method& method)
+/// The conversion that the quantity names; its name alone if it is defined nowhere.
+void JsonListing::putConversion(const Quantity& quantity)
 {
+    const std::optional<std::string_view> name = conversionName(inventory_, quantity);
+    if (!name)
+        return;
+    writer_.Key("conversion");
     writer_.StartObject();
-    member("name", method.name);
-    if (*methodKindWord(method.kind))
-        member("kind", methodKindWord(method.kind));
+    member("name", *name);
+    if (const Method* method = inventory_.methodOf(quantity))
+        putMethod(*method);
+    writer_.EndObject();
+}
+
+void JsonListing::putMethod(const Method& method)
+{
+    if (!method.kindWord.empty())
+        member("kind", method.kindWord);
     putCoefficients(method);
     if (method.hasFormula)
         member("formula", method.formula);
@@ -305,7 +319,6 @@ void JsonListing::putConversion(const Method& method)
         member("table", inventory_.tableNames.name(method.tableName));
     if (const Table* table = inventory_.tableOf(method))
         putTable(*table);
-    writer_.EndObject();
 }
 
 /// COEFFS as they stand in the description, six for each set, or the two of COEFFS_LINEAR.
