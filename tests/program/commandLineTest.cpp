@@ -7,23 +7,27 @@
 
 namespace {
 
-/// With a good, a doubtful and a faulty description, and one whose faults the reading gets over.
+/// With a good, a doubtful and a faulty description, one that only strict reading finds faulty, and
+/// one with a fault that strict reading gets over.
 class CommandLineTest : public ProgramTest
 {
 protected:
     CommandLineTest()
     {
-        write("good.a2l", withMeasurement(""));
-        write("warned.a2l", inModule("/include x"));
-        // The text ends at the byte FF, and the reading goes on behind it.
+        write("good.a2l", inModule("/begin MEASUREMENT n \"\" UBYTE NO_COMPU_METHOD 0 0 0 1 "
+                                   "/end MEASUREMENT"));
+        write("warned.a2l", withMeasurement(""));
+        write("word.a2l", inModule("x"));
+        // Strictly, the text ends at the byte FF.
         write("odd.a2l", inModule("/begin A2ML \"\xFF /end A2ML"));
-        write("bad.a2l", inModule("x"));
+        write("bad.a2l", inModule("/end x"));
     }
 };
 
 TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
 {
-    const std::string conversion = "good.a2l: warning: Conversion 'c' of measurement 'n'";
+    const std::string warning = "warned.a2l: warning: Conversion";
+    const std::string oneWritten = "ini: 0 interfaces, 0 sources, 1 measurement\n";
     struct
     {
         const char* words;
@@ -32,17 +36,26 @@ TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
     } cases[] = {
         {"--help", 0, ""},
         {"--version", 0, ""},
-        {"convert good.a2l", 0, conversion},
-        {"convert -q warned.a2l", 0, ""},
-        {"convert odd.a2l", 0, "odd.a2l:3: error: Unexpected EOF in string"},
-        {"check good.a2l warned.a2l", 0, conversion},
-        {"list good.a2l", 0, conversion},
+        {"convert good.a2l", 0, "Wrote good." + oneWritten},
+        {"convert --werror good.a2l -", 0, ""},
+        {"convert warned.a2l", 0, warning + "s that are not defined count as factor 1 and offset "},
+        {"convert --quiet --force warned.a2l", 0, ""},
+        {"convert --strict warned.a2l other.ini", 0,
+         warning + " 'c' of measurement 'n' is not defined\nWrote other." + oneWritten},
+        {"convert --strict odd.a2l", 0, "odd.a2l:3: error: Unexpected EOF in string"},
+        {"check good.a2l warned.a2l word.a2l odd.a2l", 0, warning},
+        {"list warned.a2l", 0, warning},
         {"tokens bad.a2l", 0, ""},
-        {"convert bad.a2l", 1, "bad.a2l:3: error: "},
+        {"convert bad.a2l", 1, "bad.a2l:3: error: '/end x' found in the block 'MODULE' of line 2"},
+        {"convert --strict word.a2l", 1, "word.a2l:3: error: Unexpected token 'x'"},
+        {"convert -q --werror warned.a2l new.ini", 1,
+         "tavo: error: warned.a2l: Not converted because of its warnings\n"},
         {"check -q good.a2l bad.a2l", 1, "bad.a2l:3: error: "},
         {"check bad.a2l good.a2l", 1, "bad.a2l:3: error: "},
-        {"check odd.a2l", 1, "odd.a2l:3: error: "},
+        {"check --strict odd.a2l", 1, "odd.a2l:3: error: "},
+        {"check -q --werror word.a2l good.a2l", 1, ""},
         {"list bad.a2l", 1, "bad.a2l:3: error: "},
+        {"list --strict word.a2l", 1, "word.a2l:3: error: "},
         {"tokens odd.a2l", 1, "odd.a2l:3: error: "},
         {"", 2, "tavo: error: A command is required (see 'tavo --help')\n"},
         {"unknown", 2, "tavo: error: There is no command 'unknown' (see 'tavo --help')\n"},
@@ -67,12 +80,14 @@ TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
         EXPECT_EQ(run.exitCode, c.exitCode) << c.words << "\n" << run.err;
         EXPECT_EQ(run.err.substr(0, c.said.empty() ? 1 : c.said.size()), c.said) << c.words;
     }
+    EXPECT_EQ(names(), "bad.a2l good.a2l good.ini odd.a2l odd.ini other.ini warned.a2l warned.ini "
+                       "word.a2l ");
 }
 
 TEST_F(CommandLineTest, AFullStandardOutputIsAnError)
 {
     standardOutput_ = "/dev/full";
-    for (const char* words : {"--help", "--version", "convert -q good.a2l -", "check -v bad.a2l",
+    for (const char* words : {"--help", "--version", "convert -q good.a2l -", "check bad.a2l",
                               "list -q good.a2l", "tokens good.a2l"}) {
         const ProgramRun run = tavo(words);
         EXPECT_EQ(run.exitCode, 3) << words;
@@ -85,12 +100,17 @@ TEST_F(CommandLineTest, AFullStandardOutputIsAnError)
 TEST_F(CommandLineTest, CheckCountsWhatItFinds)
 {
     std::filesystem::copy(TAVO_EXAMPLES_FOLDER, path(""));
-    EXPECT_EQ(tavo("check engine.a2l good.a2l warned.a2l odd.a2l bad.a2l").out,
-              "engine.a2l: 2 interfaces, 13 sources, 177 measurements; 0 errors, 0 warnings\n"
-              "good.a2l: 0 interfaces, 0 sources, 1 measurement; 0 errors, 1 warning\n"
-              "warned.a2l: 0 interfaces, 0 sources, 0 measurements; 0 errors, 1 warning\n"
-              "odd.a2l: 0 interfaces, 0 sources, 0 measurements; 1 error, 0 warnings\n"
-              "bad.a2l: 1 error, 0 warnings\n");
+    const std::string engine = "engine.a2l: 2 interfaces, 13 sources, 177 measurements; 0 errors, ";
+    const std::string one = "0 interfaces, 0 sources, 1 measurement; 0 errors, ";
+    const std::string none = "0 interfaces, 0 sources, 0 measurements; ";
+    EXPECT_EQ(tavo("check engine.a2l good.a2l warned.a2l word.a2l odd.a2l bad.a2l").out,
+              engine + "8 warnings\ngood.a2l: " + one + "0 warnings\nwarned.a2l: " + one +
+                  "1 warning\nword.a2l: " + none + "0 errors, 1 warning\nodd.a2l: " + none +
+                  "0 errors, 0 warnings\nbad.a2l: 1 error, 0 warnings\n");
+    // Strictly, the precision of nine factors is all that there is to say.
+    EXPECT_EQ(tavo("check --strict engine.a2l word.a2l odd.a2l").out,
+              engine + "1 warning\nword.a2l: 1 error, 0 warnings\nodd.a2l: " + none +
+                  "1 error, 0 warnings\n");
     EXPECT_EQ(tavo("check -q good.a2l bad.a2l").out, "");
 }
 

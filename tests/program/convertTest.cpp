@@ -39,32 +39,38 @@ TEST_F(ConvertTest, GivesTheBytesOfTheLibraryOnEveryWay)
             continue;
         const std::string input = " golden/" + entry.path().stem().string() + ".a2l ";
         const std::string expected = readFile(entry.path());
-        EXPECT_EQ(tavo("convert -q -f" + input + "single.ini").exitCode, 0) << input;
+        EXPECT_EQ(tavo("convert --strict -q -f" + input + "single.ini").exitCode, 0) << input;
         EXPECT_EQ(content("single.ini"), expected) << input;
-        EXPECT_EQ(tavo("convert -q" + input + "-").out, expected) << input;
+        EXPECT_EQ(tavo("convert --strict -q" + input + "-").out, expected) << input;
         configurations[entry.path().filename().string()] = expected;
         inputs += input;
     }
     EXPECT_GT(configurations.size(), 10U);
     for (const std::string jobs : {"1", "3", "256"}) {
-        EXPECT_EQ(tavo("convert -q -j " + jobs + " -d jobs" + jobs + inputs).exitCode, 0);
+        EXPECT_EQ(tavo("convert --strict -q -j " + jobs + " -d jobs" + jobs + inputs).exitCode, 0);
         for (const auto& [name, expected] : configurations)
             EXPECT_EQ(content("jobs" + jobs + "/" + name), expected);
     }
+    for (const std::string name : {"engine", "minimal"}) {
+        fs::copy_file(example_ / (name + ".a2l"), path(name + ".a2l"));
+        EXPECT_EQ(tavo("convert -q " + name + ".a2l").exitCode, 0);
+        EXPECT_EQ(content(name + ".ini"), readFile(example_ / (name + ".ini")));
+    }
 }
 
-TEST_F(ConvertTest, WritesBesideTheInputAndIsSilent)
+TEST_F(ConvertTest, WritesBesideTheInputAndSumsUp)
 {
     fs::create_directory(path("sub"));
     fs::copy_file(path("d.a2l"), path("sub/engine.v2.A2L"));
     fs::copy_file(path("d.a2l"), path("sub/plain"));
-    for (const char* words : {"convert sub/engine.v2.A2L", "convert sub/plain"})
-        EXPECT_EQ(tavo(words).err, "");
+    const std::string sum = ".ini: 2 interfaces, 13 sources, 177 measurements\n";
+    for (const std::string words : {"sub/engine.v2.A2L", "--strict sub/plain"}) {
+        const std::string said = tavo("convert " + words).err;
+        EXPECT_TRUE(said.ends_with("\nWrote sub/" + words.substr(words.find('/') + 1, 9) + sum))
+            << said;
+    }
     EXPECT_EQ(names("sub"), "engine.v2.A2L engine.v2.ini plain plain.ini ");
     EXPECT_EQ(content("sub/plain.ini"), expected_);
-    const std::string verbose = tavo("convert --verbose d.a2l").err;
-    EXPECT_TRUE(verbose.starts_with("  Parse PROJECT ")) << verbose;
-    EXPECT_TRUE(verbose.ends_with("\nWrote d.ini\n"));
 }
 
 TEST_F(ConvertTest, LeavesAllFilesAsTheyWereIfItFails)
@@ -92,7 +98,7 @@ TEST_F(ConvertTest, LeavesAllFilesAsTheyWereIfItFails)
     } cases[] = {
         {"d.a2l", 3, error + "d.ini: exists already, --force replaces it"},
         {"d.a2l link", 3, error + "link: exists already, --force replaces it"},
-        {"-f bad.a2l d.ini", 1, "bad.a2l:1: error: Unexpected token EOF\n    /begin PROJECT"},
+        {"-f bad.a2l d.ini", 1, "bad.a2l:1: error: Block 'PROJECT' without an end\n    /begin PROJECT"},
         {"-f d.a2l d.ini", 3, error + "d.ini: File too large"},
         {"-f d.a2l /dev/full", 3, error + "/dev/full: No space left on device"},
         {"-f d.a2l bad.a2l/d.ini", 3, error + "bad.a2l/d.ini: Not a directory"},
@@ -108,7 +114,7 @@ TEST_F(ConvertTest, LeavesAllFilesAsTheyWereIfItFails)
         {"-f -d out d.a2l sub/d.a2l", 2, error + "Two descriptions would be written to out/d.ini"},
     };
     for (const auto& c : cases) {
-        const ProgramRun failed = tavo("convert " + c.words);
+        const ProgramRun failed = tavo("convert -q " + c.words);
         EXPECT_EQ(failed.exitCode, c.exitCode) << c.words;
         EXPECT_EQ(failed.err, c.reason + "\n");
         EXPECT_TRUE(allFiles() == before) << c.words;
@@ -122,7 +128,7 @@ TEST_F(ConvertTest, WritesToADeviceDirectly)
 {
     EXPECT_EQ(tavo("convert d.a2l /dev/null").exitCode, 0);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    EXPECT_EQ(tavo("convert d.a2l /dev/stderr").err, expected_); // A pipe.
+    EXPECT_EQ(tavo("convert -q d.a2l /dev/stderr").err, expected_); // A pipe.
 }
 
 TEST_F(ConvertTest, ABrokenFileStopsNoOther)
@@ -130,10 +136,10 @@ TEST_F(ConvertTest, ABrokenFileStopsNoOther)
     fs::copy_file(path("d.a2l"), path("e.a2l"));
     for (const std::string jobs : {"1", "2"}) {
         fs::remove_all(path("out"));
-        const std::string convert = "convert -f -d out -j " + jobs;
+        const std::string convert = "convert -q -f -d out -j " + jobs;
         const ProgramRun mixed = tavo(convert + " bad.a2l d.a2l e.a2l");
         EXPECT_EQ(mixed.exitCode, 1);
-        EXPECT_EQ(mixed.err, "bad.a2l:1: error: Unexpected token EOF\n    /begin PROJECT\n");
+        EXPECT_EQ(mixed.err, "bad.a2l:1: error: Block 'PROJECT' without an end\n    /begin PROJECT\n");
         EXPECT_EQ(names("out"), "d.ini e.ini ");
         const ProgramRun missing = tavo(convert + " nowhere.a2l bad.a2l d.a2l");
         EXPECT_EQ(missing.exitCode, 3);
@@ -145,7 +151,7 @@ TEST_F(ConvertTest, ABrokenFileStopsNoOther)
 TEST_F(ConvertTest, AFileThatAppearsWhileItReadsStays)
 {
     ASSERT_EQ(mkfifo(path("slow.a2l").c_str(), 0600), 0);
-    const ProgramRun run = tavo("convert slow.a2l", [&](pid_t) {
+    const ProgramRun run = tavo("convert -q slow.a2l", [&](pid_t) {
         const std::string description = content("d.a2l");
         const int pipe = open(path("slow.a2l").c_str(), O_WRONLY);
         write("slow.ini", "other");

@@ -35,9 +35,10 @@ _tavo() {
         ;;
     esac
     case "$command" in
-    convert) options+=" --force --output-dir --jobs" ;;
-    list) options+=" --format --match" ;;
-    check | tokens) ;;
+    convert) options+=" --force --output-dir --jobs --strict --werror" ;;
+    check) options+=" --strict --werror" ;;
+    list) options+=" --format --match --strict" ;;
+    tokens) ;;
     *) return ;;
     esac
     case "$current" in
