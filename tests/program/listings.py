@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Checks that a listing holds all that a configuration says, for all descriptions that have one.
+"""Checks that a listing holds all that a configuration says, for all descriptions that have one, and
+that each listing is what its schema says.
 
-usage: listings.py PROGRAM FOLDER...
+usage: listings.py PROGRAM SCHEMA FOLDER...      FOLDER holds NAME.a2l with NAME.ini or NAME.json
 """
 
 import csv
@@ -10,6 +11,8 @@ import json
 import subprocess
 import sys
 from pathlib import Path
+
+import jsonschema
 
 
 def text(content):
@@ -63,35 +66,90 @@ def configuration_in(path):
     return "\n".join(line for line in content.split("\n") if line and not line.startswith(fixed))
 
 
+def host(transport):
+    known = [transport.get(name) for name in ("address", "host_name", "ipv6", "port")]
+    return ":".join([transport["kind"], *(str(part) for part in known if part)])
+
+
 def is_same(cell, value):
-    """Whether a cell of CSV tells what JSON does."""
-    if isinstance(value, dict): # a conversion, of which the name stands there
+    """Whether a cell of CSV tells what JSON does, with less detail."""
+    if isinstance(value, dict):  # a conversion
         return cell == value["name"]
+    if isinstance(value, list):
+        form = "x".join if isinstance(value[0], int) else " ".join
+        return cell == form(host(part) if isinstance(part, dict) else str(part) for part in value)
     if value is None or isinstance(value, str):
-        return cell == value or (value is None and cell in ("inf", "-inf"))
+        return cell == value or (value is None and cell in ("", "inf", "-inf"))
     return (float(cell) if isinstance(value, float) else int(cell, 0)) == value
 
 
-def check(program, path, *options):
-    def listed(form):
-        command = [program, "list", "-q", *options, "--format", form, path.with_suffix(".a2l")]
+def close(schema):
+    """Lets no object have members that the schema doesn't know."""
+    if isinstance(schema, dict):
+        if "properties" in schema:
+            schema["additionalProperties"] = False
+        for part in schema.values():
+            close(part)
+    elif isinstance(schema, list):
+        for part in schema:
+            close(part)
+
+
+def names_in(tree, key=None):
+    """The names of all members, or of those that stand in members of the name `key`."""
+    if isinstance(tree, list):
+        return set().union(*(names_in(part, key) for part in tree))
+    if not isinstance(tree, dict):
+        return set()
+    names = set(tree.get(key, ())) if key else set(tree)
+    return names.union(*(names_in(part, key) for part in tree.values()))
+
+
+class Listings:
+    def __init__(self, program, schema):
+        self.program = program
+        self.names = names_in(schema, "properties")
+        close(schema)
+        jsonschema.Draft202012Validator.check_schema(schema)
+        self.validator = jsonschema.Draft202012Validator(schema)
+
+    def listed(self, path, *options):
+        command = [self.program, "list", "-q", *options, path.with_suffix(".a2l")]
         run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=True)
         return run.stdout.decode()
 
-    listing = json.loads(listed("json"))
-    assert configuration_of(listing) == configuration_in(path), path
-    rows = [row for section in listing.values() for row in section]
-    table = list(csv.DictReader(io.StringIO(listed("csv"), newline="")))
-    assert len(table) == len(rows), path
-    for row, cells in zip(rows, table):
-        assert list(row)[0] == "name", (path, row)
-        for name, cell in cells.items():
-            assert name == "kind" or is_same(cell, row.get(name, "")), (path, name, cell)
+    def check(self, path, *options):
+        """The listing as JSON; it has the same values as the one in CSV."""
+        listing = json.loads(self.listed(path, *options, "--format", "json"))
+        self.validator.validate(listing)
+        self.names -= names_in(listing)
+        rows = [row for section in listing.values() for row in section]
+        text = self.listed(path, *options, "--format", "csv")
+        table = list(csv.DictReader(io.StringIO(text, newline="")))
+        assert len(table) == len(rows), path
+        for row, cells in zip(rows, table):
+            assert list(row)[0] == "name", (path, row)
+            for name, cell in cells.items():
+                assert name == "kind" or is_same(cell, row.get(name, "")), (path, name, cell)
+        return listing
+
+
+def main(program, schema, *folders):
+    listings = Listings(program, json.loads(Path(schema).read_text()))
+    found = [path for folder in folders for path in sorted(Path(folder).glob("*.*"))]
+    configurations = [path for path in found if path.suffix == ".ini"]
+    for path in configurations:
+        assert configuration_of(listings.check(path, "--strict")) == configuration_in(path), path
+        if path.parent.name == "examples":
+            assert configuration_of(listings.check(path)) == configuration_in(path), path
+    expectations = [path for path in found if path.suffix == ".json"]
+    for path in expectations:
+        listings.check(path)
+        assert listings.listed(path, "--format", "json") == path.read_text(), path
+    assert len(configurations) > 10 and expectations
+    # Ten million rows of tables are too many for a test.
+    assert listings.names == {"rows_left_out"}, listings.names
 
 
 if __name__ == "__main__":
-    count = 0
-    for configuration in [path for folder in sys.argv[2:] for path in Path(folder).glob("*.ini")]:
-        check(sys.argv[1], configuration, "--strict")
-        count += 1
-    assert count > 10
+    main(*sys.argv[1:])
