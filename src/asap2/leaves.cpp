@@ -29,6 +29,15 @@ std::uint64_t elementCount(const Dimensions& dimensions)
     return count;
 }
 
+/// The most characters that an index of each dimension takes: "[0][12]".
+std::size_t indexSize(const Dimensions& dimensions)
+{
+    std::size_t size = 0;
+    for (const std::uint64_t dimension : dimensions)
+        size += std::to_string(dimension).size() + 2;
+    return size;
+}
+
 /// What there is in a structure with all that it contains. The counts stop at the highest number.
 struct Tally
 {
@@ -36,7 +45,7 @@ struct Tally
     std::uint64_t adjustable = 0;
     std::uint64_t undefined = 0; ///< Of a type that is defined nowhere.
     std::uint64_t pointers = 0;
-    std::uint64_t nameBytes = 0; ///< Of the listed ones, without indexes.
+    std::uint64_t nameBytes = 0; ///< Of the listed ones, at most.
 
     std::uint64_t total() const { return sum(sum(listed, adjustable), sum(undefined, pointers)); }
     /// Adds what is in `times` elements of a part whose name has so many characters.
@@ -155,11 +164,12 @@ void Expander::count(std::uint32_t structure, const Instance& instance)
             for (const Component& component : components) {
                 const TypeTable::Entry type = types_.entryOf(component.type);
                 const bool isArrayOfStructures = type.kind == TypeKind::Structure;
+                const std::uint64_t times =
+                    isArrayOfStructures ? elementCount(component.dimensions) : 1;
                 const Tally part = tallyOf(type, component.isPointer);
-                tallies_[index].add(part,
-                                    isArrayOfStructures ? elementCount(component.dimensions) : 1,
-                                    component.name.size() + 1);
-                if (part.listed > 0)
+                tallies_[index].add(part, times,
+                                    component.name.size() + 1 + indexSize(component.dimensions));
+                if (part.listed > 0 && times > 0)
                     listedComponents_[index].push_back(&component);
             }
             states_[index] = State::Counted;
@@ -180,10 +190,10 @@ void Expander::expand(const Instance& instance)
     const bool isStructure = type.kind == TypeKind::Structure;
     if (isStructure && !isPointer(type, quantity.isPointer))
         count(type.index, instance);
+    const Dimensions& dimensions = inventory_.detailsOf(quantity).dimensions;
     Tally tally;
-    tally.add(tallyOf(type, quantity.isPointer),
-              isStructure ? elementCount(inventory_.detailsOf(quantity).dimensions) : 1,
-              quantity.name.size());
+    tally.add(tallyOf(type, quantity.isPointer), isStructure ? elementCount(dimensions) : 1,
+              quantity.name.size() + indexSize(dimensions));
     leafCount_ = sum(leafCount_, tally.total());
     if (leafCount_ > mostLeaves)
         throw Fault(instance.place, joined({"The instances have more than ",
@@ -196,13 +206,13 @@ void Expander::expand(const Instance& instance)
     inventory_.adjustableLeafCount += tally.adjustable;
     notices_.add(instance.place, "Pointers (ADDRESS_TYPE) are left out", inQuotes(quantity.name),
                  tally.pointers);
-    notices_.add(instance.place, "Leaves of a type that is not defined are left out", quantity.name,
-                 tally.undefined);
+    notices_.add(instance.place, "Leaves of a type that is not defined are left out",
+                 inQuotes(quantity.name), tally.undefined);
     if (tally.listed == 0)
         return;
     if (!quantity.address.fits32()) {
         notices_.add(instance.place, "Instances beyond 32 bits of address are left out",
-                     quantity.name);
+                     inQuotes(quantity.name));
         return;
     }
     leaves_ = &inventory_.instances.emplace_back();
