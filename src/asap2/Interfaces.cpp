@@ -2,7 +2,6 @@
 
 #include "asap2/Parser.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace tavo {
@@ -111,7 +110,7 @@ bool Parser::isExpressible(const Source& source, const char* word)
         notices_.add(scanner_.place(),
                      std::string("A ") + word +
                          " is left out: one of its numbers is beyond 32 bits",
-                     source.name);
+                     inQuotes(source.name));
     return isRight;
 }
 
@@ -146,6 +145,23 @@ void Parser::parseXcpBlock(Option option, Interface& interface, Place begin)
     }
 }
 
+bool KnownSources::has(const Interface& interface, const Source& source)
+{
+    for (; count_ < interface.sources.size(); ++count_)
+        sources_.insert(&interface.sources[count_]);
+    return sources_.contains(&source);
+}
+
+std::size_t KnownSources::Hash::operator()(const Source* source) const
+{
+    const KeyedHash hash;
+    const std::int64_t numbers[] = {source->channel, source->cycle, source->unitCode,
+                                    source->priority, source->listCount};
+    std::size_t all = hash(source->name) + 31 * hash(source->description);
+    all += hash({reinterpret_cast<const char*>(numbers), sizeof numbers});
+    return all;
+}
+
 /// DAQ x x x x x x x x x x { option } /end DAQ
 void Parser::parseDaq(Interface& interface, bool isInTransport, Place begin)
 {
@@ -176,9 +192,8 @@ void Parser::parseEvent(Interface& interface, bool isInTransport, Place begin)
     source.unitCode = integer(6);
     source.priority = integer(7);
     // Each transport repeats the events of the interface.
-    const auto& sources = interface.sources;
     const bool isRepeated =
-        isInTransport && std::find(sources.begin(), sources.end(), source) != sources.end();
+        isInTransport && knownSources_[interface.protocol].has(interface, source);
     if (!isRepeated && isExpressible(source, word))
         interface.sources.push_back(source);
     parseOptions(Block::Event, word, begin, [](Option, Place) {});

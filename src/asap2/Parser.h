@@ -9,11 +9,34 @@
 
 #include <array>
 #include <initializer_list>
+#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace tavo {
+
+/// The sources of an interface, to look them up by all that they hold.
+class KnownSources
+{
+public:
+    /// True if `interface`, always the same, has an equal source.
+    bool has(const Interface& interface, const Source& source);
+
+private:
+    struct Hash
+    {
+        std::size_t operator()(const Source* source) const;
+    };
+    struct Equal
+    {
+        bool operator()(const Source* a, const Source* b) const { return *a == *b; }
+    };
+
+    std::unordered_set<const Source*, Hash, Equal> sources_;
+    std::size_t count_ = 0; ///< So many of the interface are in the set.
+};
 
 /// Reads the first MODULE of a description into an inventory. Serves one reading.
 ///
@@ -120,6 +143,7 @@ private:
     std::array<Field, 9> fields_; ///< Of the block or option that was read last.
     Pattern64 blobAddress_;       ///< Of the first KP_BLOB in the quantity in hand.
     Pattern64 blobExtension_;
+    std::map<Protocol, KnownSources> knownSources_;
     bool hasMatrix_ = false;           ///< The quantity in hand has a MATRIX_DIM.
     Protocol section_ = Protocol::Ccp; ///< Of the IF_DATA in hand.
     unsigned leftOutCount_ = 0;        ///< Things that were left out with a warning of their own.
