@@ -5,8 +5,10 @@
 // A series is a file of many texts, each behind a line `==== TITLE`. What comes of them stands in
 // the file with `.expected` added to its name, behind the same titles: of `NAME.messages` the
 // diagnostics, of `NAME.tokens` the tokens, of `NAME.model` what the reader leaves in the model, of
-// `NAME.resolved` what the resolution of names makes of that, and of `NAME.log` what a verbose
-// reader tells. What stands ahead of the first title tells what the series is about. A line
+// `NAME.resolved` what the resolution of names makes of that, of `NAME.log` what a verbose
+// reader tells, and of `NAME.wide` what the wide reader makes of it, which is the body of a MODULE
+// unless there is a PROJECT in it. What stands ahead of the first title tells what the series is
+// about. A line
 // `++++ ENDING` in it is an ending: each text is then taken once with each of the endings behind
 // it.
 //
@@ -16,6 +18,8 @@
 #include "support/conversion.h"
 #include "support/files.h"
 #include "support/reading.h"
+#include "support/series.h"
+#include "support/wide.h"
 #include "tavo/tavo.h"
 
 #include <gtest/gtest.h>
@@ -40,6 +44,25 @@ std::string messagesOf(const std::string& description)
     return messages;
 }
 
+/// What the wide reader makes of a description: its messages, the configuration with a line for
+/// each section, and what else is in the inventory.
+std::string wideOf(const std::string& text)
+{
+    const WideReading reading = readWide(wideDescription(text));
+    std::string result;
+    for (const std::string& message : reading.messages)
+        result += message + "\n";
+    const std::size_t errors = static_cast<std::size_t>(
+        std::ranges::count_if(reading.messages, [](const std::string& message) {
+            return message.find(": Error: ") != std::string::npos;
+        }));
+    EXPECT_EQ(errors, reading.status == 0 ? 0U : 1U) << text;
+    std::istringstream lines(reading.configuration);
+    for (std::string line; std::getline(lines, line);)
+        result += line.empty() ? "" : (line[0] == '[' ? "\n" : " ") + line;
+    return result + "\n" + reading.more;
+}
+
 /// What is made of each text of a series, by the extension of its file.
 const std::map<std::string, std::string (*)(const std::string& text)> seriesKinds = {
     {".messages", [](const std::string& text) { return messagesOf(text); }},
@@ -47,6 +70,7 @@ const std::map<std::string, std::string (*)(const std::string& text)> seriesKind
     {".model", [](const std::string& text) { return modelOf(text, Names::AsRead); }},
     {".resolved", [](const std::string& text) { return modelOf(text, Names::Resolved); }},
     {".log", [](const std::string& text) { return logOf(text); }},
+    {".wide", [](const std::string& text) { return wideOf(text); }},
 };
 
 /// The names of the golden files for whose extension `isWanted` holds.
@@ -109,26 +133,13 @@ INSTANTIATE_TEST_SUITE_P(Descriptions, GoldenTest, testing::ValuesIn(description
 /// Puts the result of each text of a series behind its title.
 template <class Result> std::string resultsOf(const std::string& texts, Result result)
 {
-    const std::string mark = "\n==== ";
-    std::size_t title = texts.find(mark);
-    std::vector<std::string> endings;
-    std::istringstream head(texts.substr(0, title));
-    for (std::string line; std::getline(head, line);)
-        if (line.starts_with("++++ "))
-            endings.push_back(line.substr(5));
-
     std::string results;
-    while (title != std::string::npos) {
-        const std::size_t text = texts.find('\n', title + 1);
-        const std::size_t next = texts.find(mark, text);
-        const std::size_t end = next == std::string::npos ? texts.size() - 1 : next;
-        results += texts.substr(title + 1, text - title);
-        const std::string body = text < end ? texts.substr(text + 1, end - text - 1) : "";
-        if (endings.empty())
-            results += result(body);
-        for (const std::string& ending : endings)
-            results += ending + " gives " + result(body + "\n" + ending);
-        title = next;
+    for (const SeriesText& text : seriesTexts(texts)) {
+        results += "==== " + text.title + "\n";
+        if (text.endings.empty())
+            results += result(text.body);
+        for (const std::string& ending : text.endings)
+            results += ending + " gives " + result(text.body + "\n" + ending);
     }
     return results;
 }
