@@ -1,13 +1,11 @@
 #include "tavo/tavo.h"
 
-#include "a2l/PhA2l.h"
+#include "conversion/Conversion.h"
 #include "conversion/entry.h"
-#include "daq/writer.h"
-#include "topology/PhRoot.h"
+#include "daq/sections.h"
 
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
 using namespace tavo;
 
@@ -26,24 +24,18 @@ std::int32_t convert(const char* inputPath, const char* outputPath)
         std::printf("Error: Unkown file extension\n");
         return TAVO_UNKNOWN_EXTENSION;
     }
-    auto reader = std::make_unique<PhA2l>(inputPath);
+    const auto conversion = makeConversion(inputPath);
     std::printf("\n");
-    PhRoot root;
-    reader->setVerbose(false);
-    const int status = reader->readFile(&root);
+    const int status = conversion->read();
     std::printf("ph_reader->readFile () -> ");
     if (status == 0)
         std::printf("OK\n");
     else
         std::printf("FAILED (%d)\n", status);
     std::printf("\n\n");
-    std::int32_t result = TAVO_NOT_READ;
-    if (status == 0) {
-        root.resolve();
-        result = writeDaqFile(&root, outputPath) == 0 ? TAVO_OK : TAVO_OUTPUT_NOT_OPENED;
-    }
-    reader.reset(); // before the root
-    return result;
+    if (status != 0)
+        return TAVO_NOT_READ;
+    return conversion->write(outputPath) ? TAVO_OK : TAVO_OUTPUT_NOT_OPENED;
 }
 
 std::int32_t restart(const char* function)
