@@ -38,6 +38,15 @@ Examples:
   tavo convert ecu.a2l - | less
   tavo convert -f -j 4 -d out *.a2l          writes out/*.ini, four at a time)";
 
+constexpr const char* normalizeFooter =
+    R"(The strict library converts what is written to the configuration that 'tavo convert'
+writes of the input. What a configuration can't express is left out, with a warning.
+
+Examples:
+  tavo normalize ecu.a2l                     writes ecu.strict.a2l
+  tavo normalize ecu.a2l out/ecu.a2l
+  tavo normalize -f -d out *.a2l             writes out/*.strict.a2l)";
+
 constexpr const char* checkFooter = R"(Examples:
   tavo check ecu.a2l
   tavo check --quiet *.a2l || echo 'something is wrong')";
@@ -60,6 +69,7 @@ struct Arguments
     bool quiet = false;
     bool verbose = false;
     ConvertOptions convert;
+    ConvertOptions normalize;
     CheckOptions check;
     ListOptions list;
     std::string tokenized;
@@ -120,6 +130,23 @@ void addWarningsAreErrors(CLI::App& command, bool& warningsAreErrors, const char
     command.add_flag("--werror", warningsAreErrors, effect);
 }
 
+/// What all commands take that write something of a description.
+void addConversion(CLI::App& command, ConvertOptions& options, const char* outputHelp)
+{
+    command.add_option("INPUT", options.input, "A description")->required();
+    command.add_option("OUTPUT", options.others, outputHelp);
+    command.add_flag("-f,--force", options.force, "Replace existing files");
+    command
+        .add_option("-d,--output-dir", options.outputFolder,
+                    "Write to this folder, which is made if missing")
+        ->type_name("DIR");
+    command.add_option("-j,--jobs", options.jobs, "Convert N descriptions at a time")
+        ->type_name("N")
+        ->check(CLI::Range(1, 256).description(""));
+    addWarningsAreErrors(command, options.warningsAreErrors,
+                         "Write nothing if there is a warning, and end with 1");
+}
+
 void addConvert(CLI::App& app, Arguments& arguments)
 {
     CLI::App* command = addCommand(app, "convert", "Write the configuration of a description",
@@ -127,20 +154,20 @@ void addConvert(CLI::App& app, Arguments& arguments)
                                    "       tavo convert [OPTIONS] --output-dir DIR INPUT...\n",
                                    convertFooter, arguments);
     ConvertOptions& options = arguments.convert;
-    command->add_option("INPUT", options.input, "A description")->required();
-    command->add_option("OUTPUT", options.others,
-                        "Where its configuration goes, '-' for the standard output");
-    command->add_flag("-f,--force", options.force, "Replace existing files");
-    command
-        ->add_option("-d,--output-dir", options.outputFolder,
-                     "Write to this folder, which is made if missing")
-        ->type_name("DIR");
-    command->add_option("-j,--jobs", options.jobs, "Convert N descriptions at a time")
-        ->type_name("N")
-        ->check(CLI::Range(1, 256).description(""));
+    addConversion(*command, options, "Where its configuration goes, '-' for the standard output");
     addDialect(*command, options.dialect);
-    addWarningsAreErrors(*command, options.warningsAreErrors,
-                         "Write nothing if there is a warning, and end with 1");
+}
+
+void addNormalize(CLI::App& app, Arguments& arguments)
+{
+    CLI::App* command =
+        addCommand(app, "normalize", "Write a description that the strict library reads",
+                   "Usage: tavo normalize [OPTIONS] INPUT [OUTPUT]\n"
+                   "       tavo normalize [OPTIONS] --output-dir DIR INPUT...\n",
+                   normalizeFooter, arguments);
+    arguments.normalize.product = Product::StrictDescription;
+    addConversion(*command, arguments.normalize,
+                  "Where the strict description goes, '-' for the standard output");
 }
 
 void addCheck(CLI::App& app, Arguments& arguments)
@@ -208,6 +235,8 @@ ExitCode runCommand(const CLI::App& app, const Arguments& arguments, Console& co
     return attempt(diagnostics, [&] {
         if (name == "convert")
             return convert(arguments.convert, diagnostics);
+        if (name == "normalize")
+            return convert(arguments.normalize, diagnostics);
         if (name == "check")
             return check(arguments.check, diagnostics);
         if (name == "list")
@@ -230,6 +259,7 @@ ExitCode runCommandLine(int argc, char** argv, Console& console)
     app.set_help_flag("-h,--help", "Show this help");
     app.require_subcommand(1);
     addConvert(app, arguments);
+    addNormalize(app, arguments);
     addCheck(app, arguments);
     addList(app, arguments);
     addTokens(app, arguments);

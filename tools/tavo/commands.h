@@ -12,15 +12,23 @@
 /// it as a whole.
 namespace tavo {
 
+/// What is made of a description.
+enum class Product
+{
+    Configuration,
+    StrictDescription ///< For hosts of the strict library.
+};
+
 struct ConvertOptions
 {
     std::string input;
     /// Further descriptions if there is an `outputFolder`, else the output or nothing.
     std::vector<std::string> others;
     std::string outputFolder; ///< "" if none is given.
-    Dialect dialect = Dialect::Wide;
-    bool force = false;             ///< Replaces existing files.
-    bool warningsAreErrors = false; ///< Writes nothing if there is a warning.
+    Product product = Product::Configuration;
+    Dialect dialect = Dialect::Wide; ///< A strict description is made of a wide one only.
+    bool force = false;              ///< Replaces existing files.
+    bool warningsAreErrors = false;  ///< Writes nothing if there is a warning.
     unsigned jobs = 1;
 };
 

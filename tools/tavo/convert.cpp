@@ -4,6 +4,7 @@
 #include "Description.h"
 #include "OutputFile.h"
 #include "StandardOutput.h"
+#include "normalized.h"
 #include "platform.h"
 #include "summary.h"
 
@@ -32,10 +33,11 @@ bool looksLikeDescription(const std::string& path)
     return extension == ".a2l" || extension == ".A2L";
 }
 
-/// The output that stands beside the input if no other is asked for.
-std::string besideInput(const std::string& input)
+/// The output that stands next to the input if no other is asked for.
+std::string besideInput(const std::string& input, Product product)
 {
-    return fs::path(input).replace_extension(".ini").string();
+    const char* extension = product == Product::Configuration ? ".ini" : ".strict.a2l";
+    return fs::path(input).replace_extension(extension).string();
 }
 
 std::vector<Conversion> planForFolder(const ConvertOptions& options)
@@ -45,7 +47,8 @@ std::vector<Conversion> planForFolder(const ConvertOptions& options)
     std::vector<Conversion> plan;
     std::set<fs::path> outputs;
     for (const std::string& input : inputs) {
-        const fs::path output = options.outputFolder / fs::path(besideInput(input)).filename();
+        const fs::path output =
+            options.outputFolder / fs::path(besideInput(input, options.product)).filename();
         if (!outputs.insert(output).second)
             throw Failure(ExitCode::Usage,
                           "Two descriptions would be written to " + output.string());
@@ -60,12 +63,33 @@ std::vector<Conversion> planOf(const ConvertOptions& options)
     if (!options.outputFolder.empty())
         return planForFolder(options);
     if (options.others.empty())
-        return {{options.input, besideInput(options.input)}};
+        return {{options.input, besideInput(options.input, options.product)}};
     const std::string& output = options.others.front();
     // Who gives two descriptions, by a wildcard for example, doesn't want the second one replaced.
-    if (options.others.size() > 1 || looksLikeDescription(output))
+    const bool isSecond = options.product == Product::Configuration && looksLikeDescription(output);
+    if (options.others.size() > 1 || isSecond)
         throw Failure(ExitCode::Usage, "Several descriptions need an --output-dir");
     return {{options.input, output}};
+}
+
+/// Throws a `Failure` that lists what can't be written.
+void checkNormalized(const Description& description, const Inventory& inventory)
+{
+    const std::vector<std::string> hindrances = hindrancesOf(inventory);
+    if (hindrances.empty())
+        return;
+    std::string text = description.file() + ": Can't be written as a strict description:";
+    for (const std::string& hindrance : hindrances)
+        text.append("\n    ").append(hindrance);
+    throw Failure(ExitCode::DescriptionFailed, text);
+}
+
+void writeProduct(Description& description, Product product, ConfigurationStream& stream)
+{
+    if (product == Product::Configuration)
+        description.write(stream);
+    else
+        writeNormalized(stream, description.inventory());
 }
 
 ExitCode convertOne(const Conversion& conversion, const ConvertOptions& options,
@@ -80,18 +104,19 @@ ExitCode convertOne(const Conversion& conversion, const ConvertOptions& options,
     if (exitCode != ExitCode::AllWell)
         return exitCode;
     description->reportLosses(diagnostics);
-    if (options.warningsAreErrors && diagnostics.warningCount() > formerWarnings) {
-        diagnostics.failProgram(conversion.input + ": Not converted because of its warnings");
-        return ExitCode::DescriptionFailed;
-    }
+    if (options.warningsAreErrors && diagnostics.warningCount() > formerWarnings)
+        throw Failure(ExitCode::DescriptionFailed,
+                      conversion.input + ": Not converted because of its warnings");
+    if (options.product == Product::StrictDescription)
+        checkNormalized(*description, description->inventory());
     if (toStandardOutput) {
         StandardOutput output;
-        description->write(output.stream());
+        writeProduct(*description, options.product, output.stream());
         output.finish();
         return exitCode;
     }
     OutputFile output(conversion.output, options.force);
-    description->write(output.stream());
+    writeProduct(*description, options.product, output.stream());
     output.commit();
     diagnostics.inform("Wrote " + conversion.output + ": " + summaryOf(description->inventory()));
     return exitCode;
