@@ -28,5 +28,8 @@ install(
 set(pc_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH tavo_pc_prefix ${CMAKE_INSTALL_PREFIX}/${pc_folder} ${CMAKE_INSTALL_PREFIX})
 string(REGEX REPLACE "/$" "" tavo_pc_prefix ${tavo_pc_prefix})
-configure_file(cmake/tavo.pc.in tavo.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/tavo.pc DESTINATION ${pc_folder} COMPONENT libtavo-dev)
+foreach(library IN LISTS libraries)
+  configure_file(cmake/tavo.pc.in ${library}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${library}.pc
+    DESTINATION ${pc_folder} COMPONENT libtavo-dev)
+endforeach()

@@ -52,7 +52,7 @@ void Parser::parseTpBlob(Interface& interface, Place begin)
     if (!readPositional(word, "xxiii",
                         {"its version", "its version", "the master's identifier",
                          "the slave's identifier", "its station address"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     giveIdentifier(interface.masterId, number(2), word);
@@ -82,7 +82,7 @@ void Parser::parseRaster(Interface& interface, Place begin)
     if (!readPositional(
             word, "ssiii",
             {"its description", "its name", "its event channel", "its unit", "its cycle"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     Source source;
@@ -178,7 +178,7 @@ void Parser::parseEvent(Interface& interface, bool isInTransport, Place begin)
     if (!readPositional(word, "ssiwiiii",
                         {"its description", "its name", "its channel", "its direction",
                          "its number of lists", "its cycle", "its unit", "its priority"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     Source source;

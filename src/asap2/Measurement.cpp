@@ -54,14 +54,14 @@ bool Parser::parseQuantity(const char* word, Place begin, Quantity& quantity)
     if (!readPositional(word, "wswwnnnn",
                         {"its name", "its description", "its data type", "its conversion",
                          "its resolution", "its accuracy", "its lower limit", "its upper limit"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return false;
     }
     quantity.type = dataTypeOf(text(2));
     if (quantity.type == DataType::None) {
         notices_.add(begin, joined({word, " ", inQuotes(text(0)), " is left out: its data type ",
                                     inQuotes(text(2)), " is not known"}));
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return false;
     }
     quantity.name = keep(0);

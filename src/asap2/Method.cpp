@@ -34,7 +34,7 @@ void Parser::parseMethod(Place begin)
     constexpr const char* word = "COMPU_METHOD";
     if (!readPositional(word, "wswss",
                         {"its name", "its description", "its type", "its format", "its unit"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     Method method;
@@ -119,14 +119,14 @@ void Parser::parseTable(TableKind kind, const char* word, Place begin)
                              {"its name", "its description", "its type", "its number of rows"})
             : readPositional(word, "wsi", {"its name", "its description", "its number of rows"});
     if (!isRead) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     const Number rowCount = number(hasType ? 3 : 2);
     const std::uint32_t name = inventory_.tableNames.number(text(0));
     define(inventory_.tablesByName, name, inventory_.tables.size());
     if (inventory_.tablesByName[name] != inventory_.tables.size()) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     Table& table = inventory_.tables.emplace_back();

@@ -153,7 +153,31 @@ void Parser::closeBlock(std::string_view word, Place begin)
     scanner_.advance();
 }
 
-/// Passes over the rest of a block from the current token on.
+/// Reads the rest of a block that is left out because of one of its fields. Unlike one that is
+/// passed over, it may go on in an included file.
+void Parser::leaveOut(std::string_view word, Place begin)
+{
+    for (;;) {
+        switch (scanner_.token()) {
+        case Token::End:
+            return closeBlock(word, begin);
+        case Token::FileEnd:
+            throw Fault(begin, joined({"Block '", word, "' without an end"}));
+        case Token::Begin: {
+            Place inner;
+            const std::string innerWord = beginBlock(inner);
+            passOver(innerWord, inner);
+            break;
+        }
+        case Token::Word:
+        case Token::Text:
+            scanner_.advance();
+            break;
+        }
+    }
+}
+
+/// Passes over the rest of a block, unread, from the current token on.
 void Parser::skipRest(std::string_view word, Place begin)
 {
     switch (scanner_.token()) {
@@ -202,17 +226,23 @@ void Parser::passOverFields(Block block, int most)
 
 /// Reads the fields of an option by their kinds. False if one is missing or of another kind, which
 /// is current then.
-bool Parser::readFields(Block block, const char* kinds)
+bool Parser::readFields(Block block, const OptionRow& row)
 {
-    for (std::size_t i = 0; *kinds; ++kinds) {
+    std::size_t i = 0;
+    for (const char* kinds = row.fields; *kinds; ++kinds) {
         if (kinds[1] == '*' && *kinds == 'w') {
             while (scanner_.token() == Token::Word &&
                    findOption(block, scanner_.text()).option == Option::Unknown)
                 scanner_.advance();
             return true;
         }
-        if (!readField(*kinds, fields_[i]))
+        // A word without effect isn't worth one that has an effect.
+        const bool isOption = row.option == Option::Known && *kinds == 'w' &&
+                              scanner_.token() == Token::Word &&
+                              findOption(block, scanner_.text()).option > Option::Known;
+        if (isOption || !readField(*kinds, fields_[i]))
             return false;
+        fields_[i].further.clear();
         if (kinds[1] == '*') {
             readMoreNumbers(fields_[i]);
             return true;
@@ -268,7 +298,6 @@ bool Parser::readField(char kind, Field& field)
 void Parser::readMoreNumbers(Field& field)
 {
     constexpr std::size_t most = 64; // Dimensions beyond these are no array's.
-    field.further.clear();
     while (scanner_.token() == Token::Word) {
         const std::optional<Number> number = parseNumber(scanner_.text());
         if (!number)

@@ -61,6 +61,7 @@ private:
     // Tokens and blocks.
     std::string beginBlock(Place& begin);
     void closeBlock(std::string_view word, Place begin);
+    void leaveOut(std::string_view word, Place begin);
     void skipRest(std::string_view word, Place begin);
     void passOver(std::string_view word, Place begin);
     template <class Handle>
@@ -70,7 +71,7 @@ private:
     void passOverUnknown(Block block);
 
     // Fields.
-    bool readFields(Block block, const char* kinds);
+    bool readFields(Block block, const OptionRow& row);
     bool readField(char kind, Field& field);
     void readMoreNumbers(Field& field);
     bool readPositional(std::string_view word, const char* kinds,
@@ -187,7 +188,7 @@ template <class Handle> void Parser::parseOption(Block block, Handle handle)
     if (row.option != Option::Known)
         word = {copy.data(), scanner_.text().copy(copy.data(), copy.size())};
     scanner_.advance();
-    if (readFields(block, row.fields)) {
+    if (readFields(block, row)) {
         if (row.option != Option::Known)
             handle(row.option, place);
     } else if (row.option != Option::Known) {

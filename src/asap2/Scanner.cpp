@@ -509,9 +509,9 @@ void Scanner::skipA2ml(Place begin)
         if (found != Keyword::End)
             continue;
         next_ += keywordLength(found) - 1;
-        if (!is(*next_, Blank) && *next_ != 0)
+        if (!is(*next_, Blank) && *next_ != 0 && *next_ != '/')
             continue;
-        skipBlanks();
+        skipBlanksAndComments();
         has(longestLook);
         const bool isEnd =
             std::string_view(next_, static_cast<std::size_t>(end_ - next_)).starts_with("A2ML") &&

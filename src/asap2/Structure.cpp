@@ -12,7 +12,7 @@ void Parser::parseTypedefStructure(Place begin)
 {
     constexpr const char* word = "TYPEDEF_STRUCTURE";
     if (!readPositional(word, "wsi", {"its name", "its description", "its size"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     const std::string name = text(0);
@@ -33,7 +33,7 @@ void Parser::parseComponent(Structure& structure, Place begin)
 {
     constexpr const char* word = "STRUCTURE_COMPONENT";
     if (!readPositional(word, "wwi", {"its name", "its type", "its offset"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     Component component;
@@ -56,7 +56,7 @@ void Parser::parseInstance(Place begin)
 {
     constexpr const char* word = "INSTANCE";
     if (!readPositional(word, "wswp", {"its name", "its description", "its type", "its address"})) {
-        skipRest(word, begin);
+        leaveOut(word, begin);
         return;
     }
     Instance instance;
