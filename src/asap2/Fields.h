@@ -11,7 +11,8 @@ namespace tavo {
 /// A field of a block or of an option, after its kind was checked.
 struct Field
 {
-    std::string text;            ///< Of a word or a text.
+    std::string text;            ///< Of a word or a text, unless it is kept at once.
+    std::string_view kept;       ///< Of one that is kept at once, in the pool of the inventory.
     Number number;               ///< Of a number.
     std::vector<Number> further; ///< The numbers after it, if there may be more.
 };

@@ -51,7 +51,7 @@ bool Parser::parseQuantity(const char* word, Place begin, Quantity& quantity)
     blobAddress_ = {};
     blobExtension_ = {};
     hasMatrix_ = false;
-    if (!readPositional(word, "wswwnnnn",
+    if (!readPositional(word, "WSwwnnnn",
                         {"its name", "its description", "its data type", "its conversion",
                          "its resolution", "its accuracy", "its lower limit", "its upper limit"})) {
         leaveOut(word, begin);
@@ -64,8 +64,8 @@ bool Parser::parseQuantity(const char* word, Place begin, Quantity& quantity)
         leaveOut(word, begin);
         return false;
     }
-    quantity.name = keep(0);
-    quantity.description = keep(1);
+    quantity.name = fields_[0].kept;
+    quantity.description = fields_[1].kept;
     if (text(3) != noMethod)
         quantity.methodName = inventory_.methodNames.number(text(3));
     quantity.lower = limitOf(number(6));

@@ -2,6 +2,8 @@
 
 #include "asap2/Parser.h"
 
+#include <algorithm>
+
 namespace tavo {
 
 namespace {
@@ -186,6 +188,11 @@ void Parser::reportUndefinedMethods()
 {
     const Notices::Kind undefined =
         notices_.kind("Conversions that are not defined count as factor 1 and offset 0");
+    const auto& numbers = inventory_.methodsByName;
+    const bool isComplete = numbers.size() == inventory_.methodNames.size() &&
+                            std::find(numbers.begin(), numbers.end(), noIndex) == numbers.end();
+    if (isComplete)
+        return;
     inventory_.forEachQuantity([&](const Quantity& quantity) {
         if (quantity.methodName != noIndex && !inventory_.methodOf(quantity))
             notices_.add(undefined, {}, inQuotes(inventory_.methodNames.name(quantity.methodName)));

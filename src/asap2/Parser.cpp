@@ -215,6 +215,17 @@ void Parser::passOverUnknown(Block block)
     passOverFields(block, std::numeric_limits<int>::max());
 }
 
+/// An option with a missing field, or one of another kind, which is current.
+void Parser::ignoreOption(const OptionRow& row)
+{
+    if (row.option == Option::Known)
+        return;
+    notices_.add(scanner_.place(), joined({"Option '", row.word,
+                                           "' is ignored: a field is missing or of another kind"}));
+    isSetWrong_ |=
+        row.option == Option::Method_COEFFS || row.option == Option::Method_COEFFS_LINEAR;
+}
+
 /// Passes over what stands before an option, a block or the end, but not over more than so many.
 void Parser::passOverFields(Block block, int most)
 {
@@ -265,10 +276,18 @@ bool Parser::readField(char kind, Field& field)
             return false;
         field.text = word;
         break;
+    case 'S':
+        if (!isText)
+            return false;
+        field.kept = inventory_.texts.keep(word);
+        break;
     case 'w':
+    case 'W':
         if (!isText && parseNumber(word))
             return false;
         field.text = word;
+        if (kind == 'W')
+            field.kept = inventory_.texts.keep(word);
         break;
     case 'x':
         field.text = word;
@@ -288,7 +307,7 @@ bool Parser::readField(char kind, Field& field)
             return false;
     }
     }
-    if (isText && kind != 's' && kind != 'x')
+    if (isText && kind != 's' && kind != 'S' && kind != 'x')
         notices_.add(scanner_.place(), "Quotes around a word or a number are ignored");
     scanner_.advance();
     return true;

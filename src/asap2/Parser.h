@@ -69,6 +69,7 @@ private:
     template <class Handle> void parseOption(Block block, Handle handle);
     template <class Handle> void parseInnerBlock(Block block, Handle handle);
     void passOverUnknown(Block block);
+    void ignoreOption(const OptionRow& row);
 
     // Fields.
     bool readFields(Block block, const OptionRow& row);
@@ -152,8 +153,8 @@ private:
 };
 
 /// The options of a block up to its `/end`, and that end. `handle` gets an option from which
-/// something is taken, and for a block the place where it begins: the option's fields have been
-/// read, the block is the handler's to read.
+/// something is taken: the fields of a plain one have been read; a block is the handler's to read,
+/// which gets the place where it begins.
 template <class Handle>
 void Parser::parseOptions(Block block, std::string_view word, Place begin, Handle handle)
 {
@@ -182,21 +183,11 @@ template <class Handle> void Parser::parseOption(Block block, Handle handle)
     const OptionRow row = findOption(block, scanner_.text());
     if (row.option == Option::Unknown)
         return passOverUnknown(block);
-    const Place place = row.option == Option::Known ? Place() : scanner_.place();
-    std::string_view word;
-    std::array<char, 40> copy;
-    if (row.option != Option::Known)
-        word = {copy.data(), scanner_.text().copy(copy.data(), copy.size())};
     scanner_.advance();
-    if (readFields(block, row)) {
-        if (row.option != Option::Known)
-            handle(row.option, place);
-    } else if (row.option != Option::Known) {
-        notices_.add(place, joined({"Option '", word,
-                                    "' is ignored: a field is missing or of another kind"}));
-        isSetWrong_ |=
-            row.option == Option::Method_COEFFS || row.option == Option::Method_COEFFS_LINEAR;
-    }
+    if (!readFields(block, row))
+        return ignoreOption(row);
+    if (row.option != Option::Known)
+        handle(row.option, Place());
 }
 
 template <class Handle> void Parser::parseInnerBlock(Block block, Handle handle)

@@ -125,6 +125,9 @@ bool Scanner::more()
 {
     Input& input = *inputs_.back();
     const char* const first = keep_ ? keep_ : next_;
+    if (mark_)
+        markedPlace_ = placeAt(mark_);
+    mark_ = nullptr;
     countLines(first);
     const auto kept = static_cast<std::size_t>(end_ - first);
     char* const head = input.buffer.get();
@@ -272,7 +275,7 @@ void Scanner::skipBlanksAndComments()
 /// The slash that begins the comment is in hand.
 void Scanner::skipComment()
 {
-    const Place begin = placeAt(next_);
+    mark_ = next_;
     const bool isLine = next_[1] == '/';
     next_ += 2;
     for (;;) {
@@ -281,23 +284,27 @@ void Scanner::skipComment()
             if (more())
                 continue;
             if (isLine)
-                return;
-            failAtEnd("Comment", begin);
+                break;
+            failAtEnd("Comment", markedPlace());
         }
         if (isLine && *next_ != 0)
-            return;
+            break;
         ++next_;
         if (!isLine && next_[-1] == '*' && has(1) && *next_ == '/') {
             ++next_;
-            return;
+            break;
         }
     }
+    mark_ = nullptr;
 }
 
 void Scanner::advance()
 {
     for (;;) {
-        skipBlanksAndComments();
+        while (is(*next_, Blank))
+            ++next_;
+        if (*next_ == 0 || *next_ == '/')
+            skipBlanksAndComments();
         if (next_ == end_) {
             if (leaveFile())
                 continue;
@@ -413,22 +420,23 @@ void Scanner::scanEditedText()
 }
 
 /// Passes over a text of a block that is passed over; the opening quote is in hand.
-void Scanner::skipText(Place begin)
+void Scanner::skipText()
 {
-    ++next_;
+    mark_ = next_++;
     for (;;) {
         next_ = runEnd(next_, EndsText);
         if (next_ == end_) {
             if (more())
                 continue;
-            failAtEnd("Text", begin);
+            failAtEnd("Text", markedPlace());
         }
         const char stop = *next_++;
         if (stop == '"')
-            return; // A second quote begins another text, which makes no difference here.
+            break; // A second quote begins another text, which makes no difference here.
         if (stop == '\\' && has(1))
             ++next_;
     }
+    mark_ = nullptr;
 }
 
 void Scanner::skipBlock(std::string_view word, Place begin, std::uint64_t depth)
@@ -443,7 +451,7 @@ void Scanner::skipBlock(std::string_view word, Place begin, std::uint64_t depth)
             failAtEnd(joined({"Block '", word, "'"}), begin);
         }
         if (*next_ == '"') {
-            skipText(placeAt(next_));
+            skipText();
         } else if (*next_ != '/') {
             ++next_;
         } else if (startsComment()) {

@@ -105,7 +105,7 @@ private:
     void skipBlanks();
     void skipBlanksAndComments();
     void skipComment();
-    void skipText(Place begin);
+    void skipText();
     std::uint64_t skipKeyword(Keyword keyword, std::uint64_t depth);
     void scanWord();
     void scanText();
@@ -114,12 +114,17 @@ private:
     std::string includedName(Place place);
     void enter(const std::string& name, Place place);
     [[noreturn]] static void failAtEnd(std::string_view what, Place begin);
+    Place markedPlace() { return mark_ ? placeAt(mark_) : markedPlace_; }
 
     Token token_ = Token::FileEnd;
     std::string_view text_;
-    const char* next_ = nullptr;    ///< The first character that no token has taken.
-    const char* end_ = nullptr;     ///< After the last character; a zero byte stands there.
-    const char* keep_ = nullptr;    ///< What stays in the buffer from here on; null for nothing.
+    const char* next_ = nullptr; ///< The first character that no token has taken.
+    const char* end_ = nullptr;  ///< After the last character; a zero byte stands there.
+    const char* keep_ = nullptr; ///< What stays in the buffer from here on; null for nothing.
+    /// Where a comment or a text begins that is passed over, or null if that is no longer in the
+    /// buffer: its place is counted then.
+    const char* mark_ = nullptr;
+    Place markedPlace_;
     const char* counted_ = nullptr; ///< The lines up to here are counted.
     std::uint32_t line_ = 1;        ///< The line of `counted_`.
     char previous_ = 0;             ///< The character before `counted_`.

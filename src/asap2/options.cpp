@@ -24,11 +24,11 @@ struct Row
 
 constexpr Row rows[] = {
 #define TAVO_OPTION(block, word, fields)                                                           \
-    {Block::block, Form::Plain, #word, {Option::block##_##word, fields}},
+    {Block::block, Form::Plain, #word, {Option::block##_##word, #word, fields}},
 #define TAVO_BLOCK(block, word)                                                                    \
-    {Block::block, Form::AsBlock, #word, {Option::block##_##word##_block, ""}},
+    {Block::block, Form::AsBlock, #word, {Option::block##_##word##_block, #word, ""}},
 #define TAVO_KNOWN(block, word, fields)                                                            \
-    {Block::block, Form::Either, #word, {Option::Known, fields}},
+    {Block::block, Form::Either, #word, {Option::Known, #word, fields}},
 #include "asap2/options.def"
 #undef TAVO_OPTION
 #undef TAVO_BLOCK
@@ -96,7 +96,7 @@ OptionRow find(Block block, Form form, std::string_view word)
     }
     // One for each data type that an edition of the standard adds.
     if (block == Block::ModCommon && form == Form::Plain && word.starts_with("ALIGNMENT_"))
-        return {Option::Known, "x"};
+        return {Option::Known, "", "x"};
     return {};
 }
 

@@ -54,6 +54,7 @@ enum class Option : std::uint16_t
 struct OptionRow
 {
     Option option = Option::Unknown;
+    const char* word = "";
     const char* fields = ""; ///< The kinds of the fields of a plain option.
 };
 

@@ -40,6 +40,7 @@ public:
         if (!stream.open(outputPath))
             return false;
         writeInventory(stream, inventory_);
+        stream.close(); // whether all of it could be written isn't said
         return true;
     }
 

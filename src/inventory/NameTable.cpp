@@ -28,37 +28,60 @@ std::uint64_t mixed(std::uint64_t hash)
     return hash ^ hash >> 32U;
 }
 
-} // namespace
-
-KeyedHash::KeyedHash()
+/// The same key for all hashes of the process.
+std::uint64_t hashOf(std::string_view text)
 {
     static const std::uint64_t key = newKey();
-    key_ = key;
-}
-
-std::size_t KeyedHash::operator()(std::string_view text) const
-{
-    std::uint64_t hash = key_ ^ text.size();
+    std::uint64_t hash = key ^ text.size();
     while (text.size() >= sizeof hash) {
         std::uint64_t part = 0;
         std::memcpy(&part, text.data(), sizeof part);
-        hash = mixed(hash ^ part) + key_;
+        hash = mixed(hash ^ part) + key;
         text.remove_prefix(sizeof part);
     }
     std::uint64_t rest = 0;
     if (!text.empty())
         std::memcpy(&rest, text.data(), text.size());
-    return static_cast<std::size_t>(mixed(hash ^ rest));
+    return mixed(hash ^ rest);
+}
+
+std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32U); }
+
+} // namespace
+
+/// Where the name stands, or the empty slot where it belongs.
+std::size_t NameTable::slotOf(std::string_view name, std::uint64_t hash) const
+{
+    const std::size_t mask = slots_.size() - 1;
+    std::size_t slot = static_cast<std::size_t>(hash) & mask;
+    while (slots_[slot].number != 0 &&
+           (slots_[slot].tag != tagOf(hash) || names_[slots_[slot].number - 1] != name))
+        slot = (slot + 1) & mask;
+    return slot;
+}
+
+/// Makes room for twice as many names.
+void NameTable::grow()
+{
+    constexpr std::size_t smallest = 64;
+    slots_.assign(slots_.empty() ? smallest : 2 * slots_.size(), {0, 0});
+    for (std::uint32_t i = 0; i < size(); ++i) {
+        const std::uint64_t hash = hashOf(names_[i]);
+        slots_[slotOf(names_[i], hash)] = {tagOf(hash), i + 1};
+    }
 }
 
 std::uint32_t NameTable::number(std::string_view name)
 {
-    if (const auto found = numbers_.find(name); found != numbers_.end())
-        return found->second;
-    const std::string_view kept = pool_.keep(name);
-    names_.push_back(kept);
-    numbers_.emplace(kept, size() - 1);
-    return size() - 1;
+    if (slots_.size() <= 2 * names_.size())
+        grow();
+    const std::uint64_t hash = hashOf(name);
+    Slot& slot = slots_[slotOf(name, hash)];
+    if (slot.number == 0) {
+        names_.push_back(pool_.keep(name));
+        slot = {tagOf(hash), size()};
+    }
+    return slot.number - 1;
 }
 
 } // namespace tavo

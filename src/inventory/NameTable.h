@@ -2,27 +2,16 @@
 
 #include "inventory/TextPool.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace tavo {
 
-/// Hashes a text with a key that no description can know, so that nobody can choose names that
-/// collide.
-class KeyedHash
-{
-public:
-    /// The same key for all hashes of the process, taken from the system at first use.
-    KeyedHash();
-    std::size_t operator()(std::string_view text) const;
-
-private:
-    std::uint64_t key_;
-};
-
 /// Numbers names from 0 up, in the order of their first use.
+///
+/// It hashes with a key that no description can know, so that nobody can choose names that collide.
 class NameTable
 {
 public:
@@ -35,8 +24,18 @@ public:
     std::uint32_t size() const { return static_cast<std::uint32_t>(names_.size()); }
 
 private:
+    /// A place for a name.
+    struct Slot
+    {
+        std::uint32_t tag;    ///< Of the name's hash.
+        std::uint32_t number; ///< One more than the name's; 0 for an empty slot.
+    };
+
+    std::size_t slotOf(std::string_view name, std::uint64_t hash) const;
+    void grow();
+
     TextPool& pool_;
-    std::unordered_map<std::string_view, std::uint32_t, KeyedHash> numbers_;
+    std::vector<Slot> slots_; ///< A power of two of them, at least half of them empty.
     std::vector<std::string_view> names_;
 };
 
