@@ -1,6 +1,6 @@
 # Builds a locale with decimal commas and runs the host `LOCALE_HOST` under it: on a good description,
-# whose configuration must be `EXPECTED`, and on one that ends at a floating-point number, which the
-# message must show with a point.
+# whose configuration must be `EXPECTED`, and on one that ends at a floating-point number, of which the
+# message must be `FAILURE`, with a point in the number if it shows one.
 
 set(folder ${FOLDER}/locale)
 file(REMOVE_RECURSE ${folder})
@@ -24,6 +24,6 @@ file(WRITE ${folder}/bad.a2l "ASAP2_VERSION 1 60 0.5")
 execute_process(
   COMMAND ${LOCALE_HOST} de_DE.UTF-8 ${folder}/bad.a2l ${folder}/bad.ini
   RESULT_VARIABLE status OUTPUT_VARIABLE report)
-if(NOT status EQUAL 3 OR NOT report MATCHES "Unexpected token 0\\.500000\n")
+if(NOT status EQUAL 3 OR NOT report MATCHES "${FAILURE}\n")
   message(FATAL_ERROR "status ${status}:\n${report}")
 endif()

@@ -19,17 +19,23 @@ find_package | add_subdirectory | FetchContent)
     # It does what add_subdirectory does, so the names are enough.
     [ "$way" != FetchContent ] || exit 0
     cmake --build build
+    build/consumer-wide "$sources/examples/engine.a2l" engine.ini
+    cmp engine.ini "$sources/examples/engine.ini"
     build/consumer "$sources/examples/engine.a2l" engine.ini
     # The project's own, and of another project the library alone.
-    [ "$(find build -type f -executable -name '*tavo*' ! -name 'libtavo.so.*')" = "" ]
+    [ "$(find build -type f -executable -name '*tavo*' ! -name 'libtavo*.so.*')" = "" ]
     cmake --install build --prefix installed
     [ ! -e installed ]
     ;;
 pkg_config)
-    [ "$(pkg-config --modversion tavo)" = "$version" ]
-    read -ra flags <<<"$CFLAGS $(pkg-config --cflags --libs tavo)"
-    "$CC" "$sources/examples/host.c" "${flags[@]}" -o host
-    ./host "$sources/examples/engine.a2l" engine.ini
+    for library in tavo tavo-wide; do
+        [ "$(pkg-config --modversion $library)" = "$version" ]
+        read -ra flags <<<"$CFLAGS $(pkg-config --cflags --libs $library)"
+        "$CC" "$sources/examples/host.c" "${flags[@]}" -o host
+        rm -f engine.ini
+        ./host "$sources/examples/engine.a2l" engine.ini
+        cmp engine.ini "$sources/examples/engine.ini"
+    done
     ;;
 python)
     printf '/begin PROJECT p ""\n/begin MODULE m "" /begin UNIT' >bad.a2l
