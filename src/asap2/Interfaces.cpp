@@ -152,16 +152,6 @@ bool KnownSources::has(const Interface& interface, const Source& source)
     return sources_.contains(&source);
 }
 
-std::size_t KnownSources::Hash::operator()(const Source* source) const
-{
-    const KeyedHash hash;
-    const std::int64_t numbers[] = {source->channel, source->cycle, source->unitCode,
-                                    source->priority, source->listCount};
-    std::size_t all = hash(source->name) + 31 * hash(source->description);
-    all += hash({reinterpret_cast<const char*>(numbers), sizeof numbers});
-    return all;
-}
-
 /// DAQ x x x x x x x x x x { option } /end DAQ
 void Parser::parseDaq(Interface& interface, bool isInTransport, Place begin)
 {

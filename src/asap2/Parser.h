@@ -10,9 +10,9 @@
 #include <array>
 #include <initializer_list>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace tavo {
@@ -25,16 +25,12 @@ public:
     bool has(const Interface& interface, const Source& source);
 
 private:
-    struct Hash
+    struct Before
     {
-        std::size_t operator()(const Source* source) const;
-    };
-    struct Equal
-    {
-        bool operator()(const Source* a, const Source* b) const { return *a == *b; }
+        bool operator()(const Source* a, const Source* b) const { return *a < *b; }
     };
 
-    std::unordered_set<const Source*, Hash, Equal> sources_;
+    std::set<const Source*, Before> sources_;
     std::size_t count_ = 0; ///< So many of the interface are in the set.
 };
 

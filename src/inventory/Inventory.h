@@ -3,6 +3,7 @@
 #include "inventory/NameTable.h"
 #include "inventory/TextPool.h"
 
+#include <compare>
 #include <cstdint>
 #include <deque>
 #include <limits>
@@ -241,7 +242,8 @@ struct Source
     /// The time from one sample to the next; nothing if the code counts something else, or if the
     /// cycle is 0.
     std::optional<double> periodInNanoseconds() const;
-    friend bool operator==(const Source&, const Source&) = default;
+    /// By all that they hold.
+    friend auto operator<=>(const Source&, const Source&) = default;
 };
 
 enum class TransportKind : std::uint8_t

@@ -2,6 +2,7 @@
 #include "support/conversion.h"
 
 #include <algorithm>
+#include <poll.h>
 #include <pty.h>
 #include <unistd.h>
 
@@ -136,14 +137,19 @@ TEST_F(CommandLineTest, OnlyATerminalGetsEscapes)
             << plain;
         standardOutput_ = name;
         EXPECT_EQ(tavo(words).exitCode, 0);
-        std::string shown(plain.size() + 1000, '\0');
-        const ssize_t size = read(terminal[0], shown.data(), shown.size());
-        ASSERT_GT(size, 0);
-        shown.resize(static_cast<std::size_t>(size));
+        const auto lines = std::count(plain.begin(), plain.end(), '\n');
+        std::string shown;
+        pollfd end = {terminal[0], POLLIN, 0};
+        // What was written arrives in pieces, and maybe later than the program ends.
+        while (std::count(shown.begin(), shown.end(), '\n') < lines && poll(&end, 1, 5000) > 0) {
+            char piece[4096];
+            const ssize_t size = read(terminal[0], piece, sizeof piece);
+            ASSERT_GT(size, 0);
+            shown.append(piece, static_cast<std::size_t>(size));
+        }
         EXPECT_NE(shown.find("n\\x1b[2J\\x9b\u00fc"), std::string::npos) << shown;
         EXPECT_EQ(shown.find_first_of("\x1b\x9b"), std::string::npos) << shown;
-        EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'),
-                  std::count(plain.begin(), plain.end(), '\n'));
+        EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'), lines);
         EXPECT_EQ(shown.find("\\x0d"), std::string::npos) << shown;
     }
     close(terminal[0]);

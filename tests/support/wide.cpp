@@ -81,7 +81,7 @@ std::string moreOf(const Inventory& inventory, const Quantity& quantity)
     const QuantityDetails& details = inventory.detailsOf(quantity);
     std::string text;
     for (const std::uint64_t dimension : details.dimensions)
-        text += "[" + std::to_string(dimension) + "]";
+        text.append("[").append(std::to_string(dimension)).append("]");
     if (!details.layout.empty())
         text += " layout" + quoted(details.layout);
     for (const std::uint32_t event : details.events)
@@ -97,8 +97,9 @@ std::string moreOf(const Inventory& inventory, const Quantity& quantity)
 
 std::string moreOf(const Table& table)
 {
-    std::string text = "table" + quoted(table.name) + quoted(table.description) +
-                       (table.interpolates ? " interpolates" : "");
+    std::string text("table");
+    text += quoted(table.name) + quoted(table.description) +
+            (table.interpolates ? " interpolates" : "");
     for (const TableRow& row : table.rows)
         text += "," + number(row.lower) + number(row.upper) + number(row.number) + quoted(row.text);
     if (table.hasDefaultText)

@@ -113,7 +113,9 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description, c
     command->group("Commands");
     command->footer(footer);
     CLI::Option* quiet = command->add_flag("-q,--quiet", arguments.quiet, "Show errors only");
-    command->add_flag("-v,--verbose", arguments.verbose, "Show each case of a warning, not the first one alone")
+    command
+        ->add_flag("-v,--verbose", arguments.verbose,
+                   "Show each case of a warning, not the first one alone")
         ->excludes(quiet);
     return command;
 }
