@@ -6,7 +6,6 @@
 #include "model/enumerations.h"
 
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 namespace tavo {
@@ -16,7 +15,6 @@ class PhConversion;
 class PhEntity;
 class PhGroup;
 class PhObject;
-class PhRange;
 class PhType;
 class PhValue;
 
