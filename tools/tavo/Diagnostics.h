@@ -32,6 +32,9 @@ public:
     unsigned errorCount() const { return errorCount_; }
     unsigned warningCount() const { return warningCount_; }
 
+    /// How the lines of what is read from now on are counted.
+    void setLineEnds(LineEnds lineEnds) { sources_.setLineEnds(lineEnds); }
+
     void reserved() override {}
     /// A progress line.
     void message(const char* text) override;

@@ -1,48 +1,120 @@
 #include "SourceLines.h"
 
+#include "asap2/SourceFile.h"
+
+#include <algorithm>
 #include <filesystem>
-#include <limits>
 
 namespace tavo {
 
 namespace {
 
 constexpr std::size_t longest = 160;
+/// More files than can include one another.
+constexpr std::size_t mostSources = 20;
 
 } // namespace
 
+/// One file, which stands at the beginning of a line.
+class SourceLines::Source
+{
+public:
+    Source(const std::string& file, LineEnds lineEnds) : file_(file), lineEnds_(lineEnds)
+    {
+        std::error_code ignored;
+        isOpen_ = std::filesystem::is_regular_file(file, ignored) && input_.open(file);
+    }
+
+    const std::string& file() const { return file_; }
+    bool hasPassed(int number) const { return number + 1 < next_; }
+    const std::string& line(int number)
+    {
+        for (; next_ < number; ++next_)
+            while (hasMore() && !endsLine(*position_++))
+                continue;
+        if (next_ == number) {
+            readLine();
+            ++next_;
+        }
+        return current_;
+    }
+
+private:
+    bool hasMore()
+    {
+        if (position_ == end_ && isOpen_) {
+            position_ = buffer_;
+            end_ = buffer_ + input_.read(buffer_, sizeof buffer_);
+        }
+        return position_ != end_;
+    }
+    /// True if `character`, which was just passed, is the end of a line, which is passed then.
+    bool endsLine(char character)
+    {
+        if (character == '\r' && lineEnds_ == LineEnds::Any) {
+            if (hasMore() && *position_ == '\n')
+                ++position_;
+            return true;
+        }
+        return character == '\n';
+    }
+    void readLine();
+
+    std::string file_;
+    LineEnds lineEnds_;
+    SourceFile input_;
+    bool isOpen_ = false;
+    char buffer_[16384];
+    const char* position_ = buffer_;
+    const char* end_ = buffer_;
+    int next_ = 1;        ///< Number of the line where the file stands.
+    std::string current_; ///< The line before it, trimmed.
+};
+
+void SourceLines::Source::readLine()
+{
+    current_.clear();
+    bool isCut = false;
+    // Not all at once: a line may hold most of a file.
+    while (hasMore()) {
+        const char character = *position_++;
+        if (endsLine(character))
+            break;
+        if (current_.empty() && (character == ' ' || character == '\t'))
+            continue;
+        if (current_.size() < longest)
+            current_.push_back(character);
+        else
+            isCut = true;
+    }
+    if (isCut)
+        current_ += "...";
+    current_.erase(current_.find_last_not_of(" \t\r") + 1);
+}
+
+SourceLines::SourceLines() = default;
+SourceLines::~SourceLines() = default;
+
+void SourceLines::setLineEnds(LineEnds lineEnds)
+{
+    lineEnds_ = lineEnds;
+    sources_.clear();
+}
+
 std::string SourceLines::line(const std::string& file, int number)
 {
-    constexpr auto anySize = std::numeric_limits<std::streamsize>::max();
-    if (file != file_ || number + 1 < next_) {
-        std::error_code ignored;
-        file_ = file;
-        stream_ = {};
-        if (std::filesystem::is_regular_file(file, ignored))
-            stream_.open(file, std::ios::binary);
-        next_ = 1;
+    auto found = std::find_if(sources_.begin(), sources_.end(),
+                              [&](const auto& source) { return source->file() == file; });
+    if (found == sources_.end() || (*found)->hasPassed(number)) {
+        if (found != sources_.end())
+            sources_.erase(found);
+        else if (sources_.size() == mostSources)
+            sources_.erase(sources_.begin());
+        sources_.push_back(std::make_unique<Source>(file, lineEnds_));
+    } else {
+        std::rotate(found, found + 1, sources_.end());
     }
-    if (number + 1 == next_)
-        return current_;
-    for (; next_ < number; ++next_)
-        stream_.ignore(anySize, '\n');
-    while (stream_.peek() == ' ' || stream_.peek() == '\t')
-        stream_.get();
-    // Not all at once: a line may hold most of a file.
-    current_.clear();
-    int character = stream_.get();
-    while (character != '\n' && character != std::ifstream::traits_type::eof()) {
-        if (current_.size() == longest) {
-            current_ += "...";
-            stream_.ignore(anySize, '\n');
-            break;
-        }
-        current_.push_back(static_cast<char>(character));
-        character = stream_.get();
-    }
-    ++next_;
-    current_.erase(current_.find_last_not_of(" \t\r") + 1);
-    return current_;
+    return sources_.back()->line(number);
 }
 
 } // namespace tavo

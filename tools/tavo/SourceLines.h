@@ -1,25 +1,39 @@
 #pragma once
 
-#include <fstream>
+#include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace tavo {
 
-/// The lines of a description, for diagnostics. They come in ascending order, so each file is read
-/// once.
+/// What ends a line of a description.
+enum class LineEnds : std::uint8_t
+{
+    LineFeed, ///< For strict reading.
+    Any       ///< A line feed, a carriage return, or both together.
+};
+
+/// The lines of a description and of the files that it includes, for diagnostics. Those of one file
+/// come in ascending order, so each file is read once, whichever other ones come between.
 class SourceLines
 {
 public:
-    /// The line of this number, from 1 on, without the blanks around it, as the bytes of the file.
-    /// A long line is cut. "" if there is no such line, and for what can't be read a second time, a
-    /// pipe for example.
+    SourceLines();
+    ~SourceLines();
+
+    /// How the lines are counted from now on.
+    void setLineEnds(LineEnds lineEnds);
+    /// The line of this number, from 1 on, without the blanks around it: the bytes of the file, or
+    /// UTF-8 for one in UTF-16 or UTF-32. A long line is cut. "" if there is no such line, and for
+    /// what can't be read a second time, a pipe for example.
     std::string line(const std::string& file, int number);
 
 private:
-    std::string file_;
-    std::ifstream stream_;
-    int next_ = 0;        ///< Number of the line where the stream stands.
-    std::string current_; ///< The line before it, trimmed.
+    class Source;
+
+    LineEnds lineEnds_ = LineEnds::Any;
+    std::vector<std::unique_ptr<Source>> sources_; ///< The one in use last stands last.
 };
 
 } // namespace tavo

@@ -105,6 +105,7 @@ std::unique_ptr<Description> makeStrictDescription(const std::string& file)
 int runReader(const std::string& file, Diagnostics& diagnostics,
               const std::function<int(PhA2l&)>& operation)
 {
+    diagnostics.setLineEnds(LineEnds::LineFeed);
     PhA2l reader(file.c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);

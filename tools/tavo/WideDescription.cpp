@@ -36,6 +36,7 @@ ExitCode WideDescription::read(Diagnostics& diagnostics)
 {
     checkFile();
     Progress progress(diagnostics.console(), file());
+    diagnostics.setLineEnds(LineEnds::Any);
     PhAsap2 reader(file().c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
