@@ -2,6 +2,7 @@
 #include "support/conversion.h"
 
 #include <chrono>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
@@ -60,6 +61,90 @@ TEST_F(DiagnosticsTest, ShowPlaceTextAndSourceLine)
     };
     for (const auto& c : cases)
         EXPECT_EQ(said(c.description, "list --strict"), c.said) << c.description;
+}
+
+/// The text in UTF-16, with a mark.
+std::string inUtf16(const std::string& text)
+{
+    std::string wide = "\xFF\xFE";
+    for (const char character : text)
+        wide.append({character, '\0'});
+    return wide;
+}
+
+std::string withLineEnds(std::string text, const char* end)
+{
+    for (std::size_t place = 0; (place = text.find('\n', place)) != std::string::npos;
+         place += std::strlen(end))
+        text.replace(place, 1, end);
+    return text;
+}
+
+TEST_F(DiagnosticsTest, AKindOfWarningComesOnceWithItsCountAndFirstPlace)
+{
+    const std::string x =
+        "/begin MEASUREMENT a \"\" UBYTE c 0 0 0 1 x MATRIX_DIM 3 /end MEASUREMENT";
+    const std::string y =
+        "/begin MEASUREMENT b \"\" UBYTE d 0 0 0 1 x MATRIX_DIM 4 /end MEASUREMENT";
+    const std::string method = " \"\" RAT_FUNC \"\" \"\" COEFFS 0 1e7 0 0 0 3 /end COMPU_METHOD";
+    const std::string description =
+        inModule(x + "\n/include part.a2l\n  " + y + "\n/begin COMPU_METHOD c" + method +
+                 "\n/begin COMPU_METHOD d" + method);
+    write("part.a2l", "\n/begin MEASUREMENT p 1 /end MEASUREMENT");
+    const std::string word = ": warning: Unknown word 'x' is passed over";
+    const std::string included =
+        "part.a2l:2: warning: MEASUREMENT 'p' is left out: its description "
+        "can't be '1'\n    /begin MEASUREMENT p 1 /end MEASUREMENT\n";
+    const std::string array =
+        "d.a2l: warning: The configuration has the first element of an array: ";
+    const std::string factor = "d.a2l: warning: Six decimals can't hold a factor: ";
+    const std::string lost = ", which is 3e-07 and is written as 0.000000\n";
+    const std::string once = "d.a2l:3" + word + " (2 times)\n    " + x + "\n" + included + array +
+                             "2 times, first 'a'\n" + factor + "2 times, first 'c'" + lost;
+    const std::string each = "d.a2l:3" + word + "\n    " + x + "\n" + included + "d.a2l:5" + word +
+                             "\n    " + y + "\n" + array + "'a'\n" + factor + "'c'" + lost + array +
+                             "'b'\n" + factor + "'d'" + lost;
+    for (const std::string& form :
+         {description, "\xEF\xBB\xBF" + description, inUtf16(description),
+          withLineEnds(description, "\r"), withLineEnds(description, "\r\n")}) {
+        EXPECT_EQ(said(form, "check"), once);
+        EXPECT_EQ(said(form, "check --verbose"), each);
+        EXPECT_EQ(said(form, "check --quiet --werror"), "");
+    }
+}
+
+TEST_F(DiagnosticsTest, StrictCheckTellsWhatStrictReadingChanges)
+{
+    const std::string d = "d.a2l: warning: ";
+    struct
+    {
+        const char* body;
+        std::string said;
+    } cases[] = {
+        {"/begin MEASUREMENT n \"\" ULONG c 0 0 0 4294967295 ECU_ADDRESS 4000000000\n"
+         "/end MEASUREMENT /begin MOD_COMMON \"\" BYTE_ORDER MSB_LAST /end MOD_COMMON\n"
+         "/begin COMPU_METHOD c \"\" RAT_FUNC \"\" \"\" COEFFS 0 1e7 0 0 0 3 /end COMPU_METHOD",
+         d + "Six decimals can't hold a factor: 'c', which is 3e-07 and is written as 0.000000\n" +
+             d + "ByteOrder of 'n': strict nothing, the description says Intel\n" + d +
+             "ECUAddress of 'n': strict 0x7fffffff, the description says 0xee6b2800\n" + d +
+             "Max of 'n': strict 2147483647, the description says 4294967295\n"},
+        {"/begin IF_DATA XCPplus /begin XCP_ON_USB /end XCP_ON_USB /end IF_DATA\n"
+         "/begin IF_DATA ASAP1B_CCP /begin TP_BLOB 1 2 3 4 5 1 /end TP_BLOB\n"
+         "/begin RASTER \"\" \"\" 1 3 10 /end RASTER /end IF_DATA",
+         d + "Interfaces of XCPplus: strict 0, the description says 1\n"},
+        {"/include part.a2l",
+         "d.a2l:3: warning: /include is not supported\n    /include part.a2l\n" + d +
+             "Measurements: strict lacks 1 that the description has\n"},
+        {"/begin MEASUREMENT n \"\" UBYTE NO_COMPU_METHOD 0 0 x 1 /end MEASUREMENT",
+         "d.a2l:3: warning: Unexpected type for lower limit.\n    /begin MEASUREMENT n \"\" UBYTE "
+         "NO_COMPU_METHOD 0 0 x 1 /end MEASUREMENT\n" +
+             d + "'n': strict has it, but the description doesn't say all that it needs\n"},
+        {"/begin A2ML \"/end A2ML\" /end A2ML",
+         d + "Read without --strict, the description is faulty: d.a2l:3: Text without an end\n"},
+    };
+    write("part.a2l", "/begin MEASUREMENT p \"\" UBYTE NO_COMPU_METHOD 0 0 0 1 /end MEASUREMENT");
+    for (const auto& c : cases)
+        EXPECT_EQ(said(inModule(c.body), "check --strict"), c.said) << c.body;
 }
 
 TEST_F(DiagnosticsTest, OnlyATerminalGetsColors)

@@ -6,6 +6,7 @@
 #include "inventory/Inventory.h"
 
 #include <charconv>
+#include <deque>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -14,7 +15,7 @@ namespace tavo {
 
 namespace {
 
-/// Keeps the last error of a reading, and nothing of what it warns of.
+/// Keeps the last error of a reading with its place, and nothing of what it warns of.
 class ErrorKeeper : public PhLogger
 {
 public:
@@ -24,8 +25,11 @@ public:
     void error(const char*, ...) override {}
     void report(const Diagnostic& diagnostic) override
     {
-        if (diagnostic.severity == Severity::Error)
-            text_ = diagnostic.text;
+        if (diagnostic.severity != Severity::Error)
+            return;
+        text_ = diagnostic.text;
+        if (diagnostic.line > 0)
+            text_ = joined({diagnostic.file, ":", std::to_string(diagnostic.line), ": ", text_});
     }
 
     const std::string& text() const { return text_; }
@@ -107,6 +111,15 @@ Values valuesOf(const Source& source)
             {"EventChannelNo", std::to_string(static_cast<std::uint32_t>(source.channel))}};
 }
 
+std::vector<const Interface*> interfacesOf(const Inventory& inventory, Protocol protocol)
+{
+    std::vector<const Interface*> found;
+    for (const Interface& interface : inventory.interfaces)
+        if (interface.protocol == protocol)
+            found.push_back(&interface);
+    return found;
+}
+
 class Comparison
 {
 public:
@@ -120,6 +133,7 @@ public:
     void compareQuantities();
 
 private:
+    void compareInterface(const Interface& strict, const Interface& wide);
     void compare(const Values& strict, const Values& wide, std::string_view name);
     void warn(const std::string& text) { diagnostics_.warnAbout(file_, text); }
 
@@ -137,37 +151,51 @@ void Comparison::compare(const Values& strict, const Values& wide, std::string_v
                          ", the description says ", wide[i].second}));
 }
 
+/// Those of one kind of section are compared one by one if there are as many of them.
 void Comparison::compareInterfaces()
 {
-    if (strict_.interfaces.size() != wide_.interfaces.size())
-        warn(joined({"Interfaces: strict ", std::to_string(strict_.interfaces.size()),
-                     ", the description says ", std::to_string(wide_.interfaces.size())}));
-    for (std::size_t i = 0; i < strict_.interfaces.size() && i < wide_.interfaces.size(); ++i) {
-        const Interface& strict = strict_.interfaces[i];
-        const Interface& wide = wide_.interfaces[i];
-        compare(valuesOf(strict), valuesOf(wide), protocolText(strict.protocol));
-        for (std::size_t j = 0; j < strict.sources.size() && j < wide.sources.size(); ++j)
-            compare(valuesOf(strict.sources[j]), valuesOf(wide.sources[j]), strict.sources[j].name);
+    constexpr std::pair<Protocol, const char*> protocols[] = {
+        {Protocol::Ccp, "CCP"}, {Protocol::Xcp, "XCP"}, {Protocol::XcpPlus, "XCPplus"}};
+    for (const auto& [protocol, name] : protocols) {
+        const auto strict = interfacesOf(strict_, protocol);
+        const auto wide = interfacesOf(wide_, protocol);
+        if (strict.size() != wide.size())
+            warn(joined({"Interfaces of ", name, ": strict ", std::to_string(strict.size()),
+                         ", the description says ", std::to_string(wide.size())}));
+        else
+            for (std::size_t i = 0; i < strict.size(); ++i)
+                compareInterface(*strict[i], *wide[i]);
     }
+}
+
+void Comparison::compareInterface(const Interface& strict, const Interface& wide)
+{
+    compare(valuesOf(strict), valuesOf(wide), protocolText(strict.protocol));
+    for (std::size_t i = 0; i < strict.sources.size() && i < wide.sources.size(); ++i)
+        compare(valuesOf(strict.sources[i]), valuesOf(wide.sources[i]), strict.sources[i].name);
 }
 
 /// Quantities are the same if they have one name, and come in one order where they share it.
 void Comparison::compareQuantities()
 {
-    std::map<std::string_view, std::vector<const Quantity*>> byName;
-    std::map<std::string_view, std::size_t> used;
+    std::map<std::string_view, std::deque<const Quantity*>> missing; // in strict reading
     wide_.forEachQuantity(
-        [&](const Quantity& quantity) { byName[quantity.name].push_back(&quantity); });
+        [&](const Quantity& quantity) { missing[quantity.name].push_back(&quantity); });
+    std::size_t missingCount = wide_.quantityCount();
     for (const Quantity& strict : strict_.measurements) {
-        const auto found = byName.find(strict.name);
-        const std::size_t number = used[strict.name]++;
-        if (found != byName.end() && number < found->second.size())
-            compare(valuesOf(strict_, strict), valuesOf(wide_, *found->second[number]),
-                    strict.name);
-        else
+        const auto found = missing.find(strict.name);
+        if (found == missing.end() || found->second.empty()) {
             warn(joined({inQuotes(strict.name),
                          ": strict has it, but the description doesn't say all that it needs"}));
+            continue;
+        }
+        compare(valuesOf(strict_, strict), valuesOf(wide_, *found->second.front()), strict.name);
+        found->second.pop_front();
+        --missingCount;
     }
+    if (missingCount > 0)
+        warn("Measurements: strict lacks " + std::to_string(missingCount) +
+             " that the description has");
 }
 
 } // namespace
