@@ -21,7 +21,7 @@ constexpr const char* programFooter = R"(Examples:
 
 Exit codes:
   0  all is well
-  1  a description is faulty
+  1  a description is faulty, or has a warning and --werror is given
   2  the command line is wrong
   3  a file can't be read or written
 Of several files, the highest code counts.
@@ -30,11 +30,13 @@ Of several files, the highest code counts.
 
 constexpr const char* convertFooter =
     R"(An existing file is replaced with --force only, and only once the description
-was read and its configuration is complete.
+was read and its configuration is complete. What a configuration can't say is
+worth a warning.
 
 Examples:
   tavo convert ecu.a2l                       writes ecu.ini
   tavo convert ecu.a2l out/engine.ini
+  tavo convert --strict ecu.a2l              as the strict library does it
   tavo convert ecu.a2l - | less
   tavo convert -f -j 4 -d out *.a2l          writes out/*.ini, four at a time)";
 
@@ -47,20 +49,26 @@ Examples:
   tavo normalize ecu.a2l out/ecu.a2l
   tavo normalize -f -d out *.a2l             writes out/*.strict.a2l)";
 
-constexpr const char* checkFooter = R"(Examples:
+constexpr const char* checkFooter =
+    R"(With --strict, a warning for each value that strict reading changes.
+
+Examples:
   tavo check ecu.a2l
-  tavo check --quiet *.a2l || echo 'something is wrong')";
+  tavo check --strict ecu.a2l
+  tavo check --quiet --werror *.a2l || echo 'something is wrong')";
 
 constexpr const char* listFooter =
     R"(In a PATTERN, * stands for any text, ? for any character and [a-z] for one of a
-set; \ takes the meaning away from the character behind it.
+set; \ takes the meaning away from the character after it.
 
 Examples:
   tavo list ecu.a2l --match 'Eng*'
   tavo list ecu.a2l --format csv > ecu.csv
   tavo list ecu.a2l --format json | jq '.measurements[] | {name, address}')";
 
-constexpr const char* tokensFooter = R"(Example:
+constexpr const char* tokensFooter = R"(The tokens are those that the strict library reads.
+
+Example:
   tavo tokens ecu.a2l | head)";
 
 /// What the command line says.
