@@ -41,7 +41,7 @@ expect() {
 plain_page=$(sed 's/\\-/-/g; s/ ", " /,/' "$page")
 zsh=$(cat "$2/completion/_tavo")
 all=
-for command in '' convert check list tokens; do
+for command in '' convert normalize check list tokens; do
     # shellcheck disable=SC2086 # No command is no word.
     shown=$("$program" $command --help | sed -n '/^Options:/,/^$/p')
     all+=$shown
@@ -57,7 +57,7 @@ for text in "$plain_page" "$zsh"; do
     unknown=$(comm -13 <(options_in "$all") <(options_in "$text"))
     [ -z "$unknown" ] || fail "no option of the program: $unknown"
 done
-expect "--help --version check convert list tokens" tavo ""
+expect "--help --version check convert list normalize tokens" tavo ""
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

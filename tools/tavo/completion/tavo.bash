@@ -17,7 +17,7 @@ _tavo() {
     fi
 
     if [ "$COMP_CWORD" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "convert check list tokens --help --version" -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W "convert normalize check list tokens --help --version" -- "$current")
         return
     fi
     case "$previous" in
@@ -36,6 +36,7 @@ _tavo() {
     esac
     case "$command" in
     convert) options+=" --force --output-dir --jobs --strict --werror" ;;
+    normalize) options+=" --force --output-dir --jobs --werror" ;;
     check) options+=" --strict --werror" ;;
     list) options+=" --format --match --strict" ;;
     tokens) ;;
