@@ -22,8 +22,8 @@ foreach(component IN ITEMS tavo libtavo-dev)
   install(FILES ${PROJECT_BINARY_DIR}/installed/README.md CHANGELOG.md SECURITY.md
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT ${component})
   install(
-    FILES docs/dialect.md docs/output-format.md docs/embedding.md docs/performance.md
-      docs/reliability.md docs/listing.schema.json
+    FILES docs/dialect-strict.md docs/dialect-wide.md docs/output-format.md docs/embedding.md
+      docs/performance.md docs/reliability.md docs/listing.schema.json
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT ${component})
   install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT ${component})
 endforeach()
