@@ -5,8 +5,9 @@ reads the wide dialect; without it, what shows that dialect isn't checked.
 usage: documents.py examples|commands|failures|links|words SOURCES CONVERTER [PROGRAM]
 
 examples  Each `a2l` block converts to the `ini` block that follows it, and each description in
-          examples/ to the configuration next to it. The program reads a block marked `wide` and a
-          description with a listing (`.json`) next to it, which the library refuses.
+          examples/ to the configuration next to it, of which any other `ini` block is a part. The
+          program reads a block marked `wide` and a description with a listing (`.json`) next to it,
+          which the library refuses.
 commands  Each `sh` block marked `run` runs in a folder with the examples, the build, and a home of its
           own; every other line of an `sh` block is a command of .ci/run.
 failures  Each row of a table with a column "Message" has the message that it shows, in the page of the
@@ -90,6 +91,15 @@ def check_blocks(document, folder):
     return count
 
 
+def check_excerpts(document, configurations):
+    """An `ini` block of its own stands in one of these configurations."""
+    found = blocks(document.read_text())
+    for (kind, _), (next_kind, excerpt) in zip(found, found[1:]):
+        if next_kind == "ini" and not kind.startswith("a2l"):
+            if not any(excerpt in configuration for configuration in configurations):
+                fail(f"{document.name}: no example converts to\n{excerpt}")
+
+
 def compare(path, content, description):
     if REWRITE:
         path.write_text(content)
@@ -99,6 +109,9 @@ def compare(path, content, description):
 
 def check_examples(sources, folder):
     count = sum(check_blocks(document, folder) for document in documents(sources))
+    configurations = [path.read_text() for path in sources.glob("examples/*.ini")]
+    for document in documents(sources):
+        check_excerpts(document, configurations)
     for description in sorted(sources.glob("examples/*.a2l")):
         count += 1
         content = description.read_text()
@@ -111,6 +124,9 @@ def check_examples(sources, folder):
             if not PROGRAM:
                 continue
             written, messages = convert_wide(content, folder)
+            summary = messages.splitlines()[-1].replace("d.ini", configuration.name)
+            if summary not in (sources / "README.md").read_text():
+                fail(f"README.md doesn't show '{summary}'")
             run = subprocess.run([PROGRAM, "list", "--quiet", "--format", "json", "d.a2l"], cwd=folder,
                                  text=True, check=True, stdout=subprocess.PIPE)
             compare(listing, run.stdout, description)
