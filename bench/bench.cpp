@@ -1,4 +1,4 @@
-// Whole conversions beside the floor loop over the same bytes, each in a process of its own.
+// Whole conversions against the floor loop over the same bytes, each in a process of its own.
 //
 // usage: tavo-bench FOLDER-OF-PROGRAMS HOST
 
@@ -70,27 +70,27 @@ std::pair<Usage, Usage> compare(const std::vector<std::string>& first,
 struct Plan
 {
     std::vector<std::string> words;
-    bool comparedWithTheOneAhead = false;
+    bool comparedWithTheOneBefore = false;
 };
 
-// What stands behind a tenth of itself is compared with that.
+// A plan that comes after a tenth of itself is compared with that.
 const Plan plans[] = {
     {{"1"}},
     {{"10"}, true},
     {{"100"}, true},
-    {{"1", "behind"}},
-    {{"10", "behind"}, true},
-    {{"100", "behind"}, true},
+    {{"1", "after"}},
+    {{"10", "after"}, true},
+    {{"100", "after"}, true},
     {{"20"}},
     {{"200"}, true},
     {{"30000", "5000"}},
     {{"300000", "5000"}, true},
-    {{"30000", "5000", "behind"}},
-    {{"300000", "5000", "behind"}, true},
+    {{"30000", "5000", "after"}},
+    {{"300000", "5000", "after"}, true},
     {{"10000", "10000"}},
     {{"100000", "100000"}, true},
-    {{"10000", "10000", "behind"}},
-    {{"100000", "100000", "behind"}, true},
+    {{"10000", "10000", "after"}},
+    {{"100000", "100000", "after"}, true},
     {{"200000", "bare"}},
 };
 
@@ -110,8 +110,8 @@ void largeConversions(const Place& place)
 
     std::printf("%-22s %7s %9s %9s %7s %9s %9s %9s %9s\n", "description", "MB", "floor s", "tavo s",
                 "ratio", "tavo MB/s", "peak MB", "peak/file", "growth");
-    double sizeAhead = 0.0;
-    double secondsAhead = 0.0;
+    double sizeBefore = 0.0;
+    double secondsBefore = 0.0;
     for (const Plan& plan : plans) {
         std::vector<std::string> generate = {place.programs + "/tavo-generate", place.input};
         std::string name;
@@ -128,15 +128,15 @@ void largeConversions(const Place& place)
         std::printf("%-22s %7.1f %9.4f %9.4f %7.2f %9.0f %9.1f %9.2f", name.c_str(), size,
                     floor.seconds, tavo.seconds, tavo.seconds / floor.seconds, size / tavo.seconds,
                     peak, peak / size);
-        if (plan.comparedWithTheOneAhead)
-            std::printf(" %9.2f", tavo.seconds / secondsAhead / (size / sizeAhead));
+        if (plan.comparedWithTheOneBefore)
+            std::printf(" %9.2f", tavo.seconds / secondsBefore / (size / sizeBefore));
         std::printf("\n");
         std::fflush(stdout);
-        sizeAhead = size;
-        secondsAhead = tavo.seconds;
+        sizeBefore = size;
+        secondsBefore = tavo.seconds;
     }
     std::printf("\nratio: to the floor; growth: of the time, divided by that of the size, against "
-                "the row ahead\n");
+                "the row above\n");
 }
 
 void smallConversions(const Place& place, const std::string& output)

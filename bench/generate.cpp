@@ -11,23 +11,23 @@ int main(int argc, char** argv)
     if (argc < 3) {
         std::fprintf(
             stderr,
-            "usage: %s PATH MEGABYTES [before|behind]        methods ahead of or behind their use\n"
-            "       %s PATH MEASUREMENTS METHODS [before|behind]\n"
+            "usage: %s PATH MEGABYTES [before|after]          methods before or after their use\n"
+            "       %s PATH MEASUREMENTS METHODS [before|after]\n"
             "       %s PATH MEASUREMENTS bare\n",
             argv[0], argv[0], argv[0]);
         return 64;
     }
     DescriptionPlan plan;
-    const bool behind = std::strcmp(argv[argc - 1], "behind") == 0;
+    const bool after = std::strcmp(argv[argc - 1], "after") == 0;
     if (argc > 3 && std::strcmp(argv[3], "bare") == 0) {
         plan.measurements = std::atol(argv[2]);
         plan.measurementsOnly = true;
     } else if (argc > 3 && std::atol(argv[3]) > 0) {
         plan.measurements = std::atol(argv[2]);
         plan.methods = std::atol(argv[3]);
-        plan.methodsFirst = !behind;
+        plan.methodsFirst = !after;
     } else {
-        plan = planOfSize(static_cast<long>(std::atof(argv[2]) * 1e6), !behind);
+        plan = planOfSize(static_cast<long>(std::atof(argv[2]) * 1e6), !after);
     }
     std::FILE* file = std::fopen(argv[1], "wb");
     if (!file) {

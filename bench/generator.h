@@ -5,9 +5,9 @@
 /// What a generated description holds.
 struct DescriptionPlan
 {
-    long measurements = 0;         ///< As many characteristics stand beside them.
+    long measurements = 0;         ///< There are as many characteristics.
     long methods = 0;              ///< Conversions, used in turn.
-    bool methodsFirst = true;      ///< Ahead of the measurements, or behind them.
+    bool methodsFirst = true;      ///< Before the measurements, or after them.
     bool measurementsOnly = false; ///< Nothing but bare measurements with texts of 30 characters.
 };
 

@@ -1,4 +1,4 @@
-// The pieces of a conversion, each by itself, beside the floor loop over the same file.
+// The pieces of a conversion, each by itself, next to the floor loop over the same file.
 
 #include "a2l/PhA2l.h"
 #include "daq/ConfigurationStream.h"

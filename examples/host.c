@@ -35,7 +35,7 @@ int main(int argc, char** argv)
     result = tavoConvert(argv[1], argv[2]);
     tavoDeinitialize();
 
-    fflush(stdout); /* the library's report, ahead of what follows */
+    fflush(stdout); /* the library's report, before what follows */
     fprintf(stderr, "%s: %s\n", argv[1], meaning(result));
     return result == TAVO_OK ? 0 : 1;
 }

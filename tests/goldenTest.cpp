@@ -2,15 +2,14 @@
 // compared byte for byte with `NAME.report` (the standard output) and `NAME.ini` (the file written;
 // there is none where the reading failed). The name tells the outcome: `ok-` or `bad-`.
 //
-// A series is a file of many texts, each behind a line `==== TITLE`. What comes of them stands in
-// the file with `.expected` added to its name, behind the same titles: of `NAME.messages` the
+// A series is a file of many texts, each after a line `==== TITLE`. What comes of them stands in
+// the file with `.expected` added to its name, after the same titles: of `NAME.messages` the
 // diagnostics, of `NAME.tokens` the tokens, of `NAME.model` what the reader leaves in the model, of
 // `NAME.resolved` what the resolution of names makes of that, of `NAME.log` what a verbose
 // reader tells, and of `NAME.wide` what the wide reader makes of it, which is the body of a MODULE
-// unless there is a PROJECT in it. What stands ahead of the first title tells what the series is
-// about. A line
-// `++++ ENDING` in it is an ending: each text is then taken once with each of the endings behind
-// it.
+// unless there is a PROJECT in it. The text before the first title says what the series is about.
+// A line `++++ ENDING` in it is an ending: each text is then taken once with each of the endings
+// after it.
 //
 // With TAVO_REWRITE_GOLDEN set in the environment the expectations are rewritten instead.
 
@@ -130,7 +129,7 @@ TEST_P(GoldenTest, GivesTheExpectedReportAndConfiguration)
 const auto descriptions = goldenFiles([](const std::string& type) { return type == ".a2l"; });
 INSTANTIATE_TEST_SUITE_P(Descriptions, GoldenTest, testing::ValuesIn(descriptions), testName);
 
-/// Puts the result of each text of a series behind its title.
+/// Puts the result of each text of a series after its title.
 template <class Result> std::string resultsOf(const std::string& texts, Result result)
 {
     std::string results;

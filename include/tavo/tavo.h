@@ -7,8 +7,8 @@
  *    system's encoding on POSIX systems, in the active code page on Windows.
  * 2. The caller owns every pointer that it passes. The library keeps none of them.
  * 3. A result of 0 is success; failures are negative, see `tavoConvert`. No exception leaves the
- *    library. Memory that runs out gives TAVO_NOT_READ, or TAVO_OUTPUT_NOT_OPENED if it is just
- *    the output's stream that gets none, with everything released.
+ *    library. If memory runs out, the result is TAVO_NOT_READ, or TAVO_OUTPUT_NOT_OPENED if
+ *    only the output's stream gets none, with everything released.
  * 4. The report and the diagnostics of a conversion go through the C library's `stdout` to the
  *    standard output of the process. The library never flushes it.
  * 5. Conversions in one process run one after the other, on whatever thread: the library starts no
@@ -61,7 +61,7 @@ enum TavoResult
 /**
  * Starts the numbering of sources afresh. Prints "tavoInitialize ()" and returns 0.
  *
- * Optional: a conversion needs no call ahead of it. The number matters only for a description
+ * Optional: a conversion needs no call before it. The number matters only for a description
  * without any raster or event, whose one source else goes on from the conversion before.
  */
 TAVO_API int32_t tavoInitialize(void);

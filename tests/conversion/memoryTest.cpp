@@ -23,7 +23,7 @@ namespace {
 long remaining = std::numeric_limits<long>::max();
 long inUse = 0;
 /// The blocks with an alignment of their own that were handed out, which are the chunks of the
-/// pool. Behind each stands a guard, which must be there when it comes back.
+/// pool. After each there is a guard, which must be intact when it comes back.
 constexpr std::size_t guardSize = 64;
 std::map<void*, std::size_t> chunks;
 std::size_t chunkCount = 0;

@@ -1,4 +1,4 @@
-// The three exported functions as a host sees them, beside what the golden descriptions show.
+// The three exported functions as a host sees them, besides what the golden descriptions show.
 
 #include "tavo/tavo.h"
 

@@ -99,7 +99,7 @@ int main(int argc, char** argv)
     description = argv[2];
     output = argv[3];
     writeOld();
-    /* The thread that has loaded the library needs no call ahead of it. */
+    /* The thread that has loaded the library needs no call before it. */
     failAfter(0);
     result = convert(description, output);
     failAfter(LONG_MAX);

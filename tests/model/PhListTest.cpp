@@ -20,7 +20,7 @@ int youngerFirst(const void* left, const void* right)
     return a->id() < b->id() ? 1 : a->id() > b->id() ? -1 : 0;
 }
 
-/// A list to which changes happen at random, beside a vector to which the same happens. There are
+/// A list to which changes happen at random, next to a vector to which the same happens. There are
 /// few names, so that equal ones are common, and an object may stand in the list twice.
 class RandomList
 {

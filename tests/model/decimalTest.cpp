@@ -46,7 +46,7 @@ TEST(DecimalTest, ReadsWhatStrtodReadsBitByBit)
         zeros("0.", 400, "1e405"), zeros("1", 400, "e-400"), zeros("0.", 5000, "25e5001"),
         zeros("-25", 5000, ".0e-5001"), zeros("0.", 5000, "1e5400"), zeros("1", 5000, "e-5400"),
         zeros("", 5000, "1.5"), std::string(3000, '9').append(".9e-3000"),
-        // A digit far behind the point decides the rounding.
+        // A digit far after the point decides the rounding.
         tie, zeros(tie, 5000, ""), zeros(tie, 5000, "1"), "9007199254740993",
         zeros("9007199254740993.", 2000, "1")};
     for (const std::string& text : numerals)
@@ -99,7 +99,7 @@ TEST(DecimalTest, FixedTextIsWhatPrintfPrintsAndIsReadAgain)
     constexpr double largest = std::numeric_limits<double>::max();
     for (const double number : {0.0, -0.0, 0.0000005, 1e-300, 1e22, largest, -largest, -infinity})
         check(number);
-    // Numbers of all sizes, and numbers beside the middle between two texts.
+    // Numbers of all sizes, and numbers next to the middle between two texts.
     std::mt19937_64 random(1);
     for (int i = 0; i < 200000; ++i) {
         double number =

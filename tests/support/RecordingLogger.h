@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <string>
 
-/// Keeps what reaches it, each text behind the name of the operation.
+/// Keeps what reaches it, each text after the name of the operation.
 class RecordingLogger : public tavo::PhLogger
 {
 public:

@@ -51,7 +51,7 @@ const char* word(const char* (*name)(std::int32_t), Enumeration enumerator)
     return name(static_cast<std::int32_t>(enumerator));
 }
 
-/// The name of an object and, behind a comma, its long name.
+/// The name of an object and, after a comma, its long name.
 std::string title(const PhObject& object)
 {
     std::string text(object.name().view());
@@ -62,7 +62,7 @@ std::string title(const PhObject& object)
 
 std::string shown(const PhList* values);
 
-/// 5, 0.500000, 'text' or [...], with "name=" ahead of it if the value has one.
+/// 5, 0.500000, 'text' or [...], with "name=" before it if the value has one.
 std::string shown(const PhValue* value)
 {
     std::ostringstream out;

@@ -16,7 +16,7 @@ std::string tokensOf(std::string_view text, Source source = Source::Memory,
                      const tavo::PhKeywordTable& vocabulary = tavo::coreKeywords);
 
 /// What the reading of a description tells, its status, and what it leaves in the model: a line for
-/// each object, with the objects of a group indented. A "?" behind the name of a conversion says
+/// each object, with the objects of a group indented. A "?" after the name of a conversion says
 /// that it is a placeholder, a "!" that this was reported.
 enum class Names
 {

@@ -8,14 +8,14 @@ namespace {
 
 constexpr std::size_t none = std::u32string_view::npos;
 
-/// The place behind the set that opens at `at`; `none` if it isn't closed.
+/// The place after the set that opens at `at`; `none` if it isn't closed.
 std::size_t endOfSet(std::u32string_view pattern, std::size_t at)
 {
     ++at;
     if (at < pattern.size() && (pattern[at] == U'!' || pattern[at] == U'^'))
         ++at;
     if (at < pattern.size() && pattern[at] == U']')
-        ++at; // Right behind the opening it is a member.
+        ++at; // Right after the opening it is a member.
     for (; at < pattern.size() && pattern[at] != U']'; ++at)
         if (pattern[at] == U'\\')
             ++at;
@@ -49,7 +49,7 @@ bool isInSet(std::u32string_view set, char32_t character)
 }
 
 /// Compares one character with the piece of the pattern at `at`, which isn't a star, and gives the
-/// place behind that piece; `none` if they differ.
+/// place after that piece; `none` if they differ.
 std::size_t matchOne(std::u32string_view pattern, std::size_t at, char32_t character)
 {
     if (pattern[at] == U'?')
@@ -72,7 +72,7 @@ bool Glob::matches(std::string_view name) const
 {
     const std::u32string text = characters(name);
     std::size_t at = 0;
-    std::size_t star = none;  // Behind the last star.
+    std::size_t star = none;  // After the last star.
     std::size_t starText = 0; // Where the text goes on if that star takes no more.
     for (std::size_t i = 0; i < text.size();) {
         if (at < pattern_.size() && pattern_[at] == U'*') {

@@ -11,7 +11,7 @@ class ConfigurationStream;
 /// For eyes: the sections that hold anything, in columns.
 void renderTable(ConfigurationStream& stream, const std::vector<Section>& listing);
 
-/// By RFC 4180: one header, with the columns of all sections behind the kind of a row.
+/// By RFC 4180: one header, with the columns of all sections after the kind of a row.
 void renderCsv(ConfigurationStream& stream, const std::vector<Section>& listing);
 
 } // namespace tavo
