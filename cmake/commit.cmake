@@ -8,7 +8,7 @@ if(NOT CMAKE_SCRIPT_MODE_FILE)
     set(folder ${CMAKE_CURRENT_BINARY_DIR}/commit)
     set(command ${CMAKE_COMMAND} -DGIT=${GIT_EXECUTABLE} -DSOURCES=${PROJECT_SOURCE_DIR}
       -DHEADER=${folder}/commit.h -P ${CMAKE_CURRENT_FUNCTION_LIST_FILE})
-    execute_process(COMMAND ${command}) # For who reads the sources before the first build.
+    execute_process(COMMAND ${command}) # For tools that read the sources before the first build.
     add_custom_target(${target}-commit COMMAND ${command} BYPRODUCTS ${folder}/commit.h
       COMMENT "Naming the commit" VERBATIM)
     add_dependencies(${target} ${target}-commit)
@@ -34,7 +34,7 @@ endforeach()
 set(ENV{GIT_OPTIONAL_LOCKS} 0)
 
 set(commit "")
-# Sources without a repository of their own may stand within that of somebody else.
+# Sources without a repository of their own may be within that of somebody else.
 git(rev-parse --show-cdup)
 if(NOT failed AND output STREQUAL "")
   git(rev-parse --short=7 HEAD)

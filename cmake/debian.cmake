@@ -1,4 +1,4 @@
-# Run by CPack on the staged trees, one for each package: what Debian wants of a package besides the
+# Run by CPack on the staged trees, one for each package: what Debian requires of a package besides the
 # files that all installations have.
 
 string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC)

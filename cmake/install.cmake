@@ -1,4 +1,4 @@
-# What those need who build with an installed library. The components are the packages of Debian.
+# What is needed to build with an installed library. The components are the packages of Debian.
 
 include(CMakePackageConfigHelpers)
 

@@ -11,10 +11,10 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# The library and the program stand alone: the runtime of the compiler goes into them. What guards
-# the stack is a library of its own here, which the linker takes if it is told about the guard.
+# The library and the program are self-contained: the runtime of the compiler goes into them. What guards
+# the stack is a library of its own here, which the linker takes if it knows about the guard.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -fstack-protector-strong")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -fstack-protector-strong")
 
-# Libraries of headers alone are taken from the machine that builds.
+# Header-only libraries are taken from the machine that builds.
 list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/mingw)

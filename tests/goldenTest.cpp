@@ -1,15 +1,15 @@
 // Golden descriptions: each `NAME.a2l` in `golden/` is converted, and what the host sees is
 // compared byte for byte with `NAME.report` (the standard output) and `NAME.ini` (the file written;
-// there is none where the reading failed). The name tells the outcome: `ok-` or `bad-`.
+// there is none where the reading failed). The name says what happens: `ok-` or `bad-`.
 //
 // A series is a file of many texts, each after a line `==== TITLE`. What comes of them stands in
 // the file with `.expected` added to its name, after the same titles: of `NAME.messages` the
 // diagnostics, of `NAME.tokens` the tokens, of `NAME.model` what the reader leaves in the model, of
 // `NAME.resolved` what the resolution of names makes of that, of `NAME.log` what a verbose
-// reader tells, and of `NAME.wide` what the wide reader makes of it, which is the body of a MODULE
-// unless there is a PROJECT in it. The text before the first title says what the series is about.
-// A line `++++ ENDING` in it is an ending: each text is then taken once with each of the endings
-// after it.
+// reader reports, and of `NAME.wide` what the wide reader makes of it, which is the body of a
+// MODULE unless there is a PROJECT in it. The text before the first title says what the series is
+// about. A line `++++ ENDING` in it is an ending: each text is then taken once with each of the
+// endings after it.
 //
 // With TAVO_REWRITE_GOLDEN set in the environment the expectations are rewritten instead.
 
@@ -33,7 +33,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the reading of a description tells. It fails if there is an error, and else it doesn't.
+/// What the reader reports of a description. It fails if and only if there is an error.
 std::string messagesOf(const std::string& description)
 {
     const Conversion conversion = convertText(description);

@@ -152,7 +152,7 @@ TEST(WideReader, readsTheSameInEveryFormOfTheSameTokens)
     }
 }
 
-/// True for the blocks of which something is taken, and whose unknown words are told.
+/// True for the blocks of which something is taken, and whose unknown words are reported.
 bool isWanted(const std::string& word)
 {
     static const std::regex words(
@@ -163,7 +163,7 @@ bool isWanted(const std::string& word)
 }
 
 /// Calls `use` with each place where an option could stand, and with whether it is in a block
-/// whose unknown words are told. The lines of the golden descriptions begin at such places.
+/// whose unknown words are reported. The lines of the golden descriptions begin at such places.
 void forEachGap(const std::string& text, const std::function<void(std::size_t, bool)>& use)
 {
     static const std::regex token(

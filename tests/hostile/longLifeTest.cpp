@@ -52,7 +52,7 @@ TEST_F(LongLifeTest, NeedsNoMoreForManyConversionsThanForAFew)
     const auto before = mallinfo2();
     convert(isFull() ? 10'000 : 1'000);
     EXPECT_EQ(openFiles(), files);
-    // Of the sanitizers' own allocator this tells nothing; they report at the end what leaks.
+    // Of the sanitizers' own allocator this says nothing; they report at the end what leaks.
     EXPECT_EQ(mallinfo2().uordblks, before.uordblks);
     EXPECT_EQ(mallinfo2().hblkhd, before.hblkhd);
 }

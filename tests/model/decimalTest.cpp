@@ -31,7 +31,7 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(DecimalTest, ReadsWhatStrtodReadsBitByBit)
 {
-    // Halfway between 1 and the next double, which a tie gives to the even 1.
+    // Halfway between 1 and the next double, which ties to even, 1.
     const char* const tie = "1.00000000000000011102230246251565404236316680908203125";
     const std::string numerals[] = {
         "-1.5", "+1.5", ".5", "5.", "1.2.3", "1,5", "2E+3", "2e-3", ".5e1", "1e", "1e+", "1 2",

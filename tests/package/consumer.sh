@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Uses the installed tree in one of the ways in which users do, in a folder of its own. The
-# environment tells where the tree is.
+# environment says where the tree is.
 #
 # usage: consumer.sh find_package|add_subdirectory|FetchContent|pkg_config|python|program SOURCES VERSION
 set -euo pipefail
@@ -22,7 +22,7 @@ find_package | add_subdirectory | FetchContent)
     build/consumer-wide "$sources/examples/engine.a2l" engine.ini
     cmp engine.ini "$sources/examples/engine.ini"
     build/consumer "$sources/examples/engine.a2l" engine.ini
-    # The project's own, and of another project the library alone.
+    # The project's own program, and of another project only the library.
     [ "$(find build -type f -executable -name '*tavo*' ! -name 'libtavo*.so.*')" = "" ]
     cmake --install build --prefix installed
     [ ! -e installed ]

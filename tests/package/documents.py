@@ -92,7 +92,7 @@ def check_blocks(document, folder):
 
 
 def check_excerpts(document, configurations):
-    """An `ini` block of its own stands in one of these configurations."""
+    """Fails for an `ini` block of its own that none of these configurations contains."""
     found = blocks(document.read_text())
     for (kind, _), (next_kind, excerpt) in zip(found, found[1:]):
         if next_kind == "ini" and not kind.startswith("a2l"):

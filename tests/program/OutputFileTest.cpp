@@ -71,7 +71,7 @@ protected:
         synced.clear();
     }
 
-    /// Writes "new" to a file. What the failure tells, without the folder, or "".
+    /// Writes "new" to a file. Returns the message of the failure, without the folder, or "".
     std::string failureOf(const std::string& name, bool mayReplace,
                           const std::function<void()>& meanwhile = {}) const
     {
@@ -87,7 +87,7 @@ protected:
         }
     }
 
-    /// Replaces a file, and gives the bits of its mode.
+    /// Replaces a file, and returns the bits of its mode.
     unsigned written(const std::string& name) const
     {
         EXPECT_EQ(failureOf(name, true), "");
@@ -111,7 +111,7 @@ TEST_F(OutputFileTest, StandsThereOnceItIsComplete)
 
 TEST_F(OutputFileTest, ReplacesNothingThatAppearedInTheMeantime)
 {
-    const std::string exists = "a.ini: exists already, --force replaces it";
+    const std::string exists = "a.ini: already exists, --force replaces it";
     // As local disks, network folders, and shared folders of virtual machines have it.
     for (const CallErrors kind :
          {CallErrors{}, CallErrors{EINVAL, 0, 0}, CallErrors{EINVAL, EPERM, 0}}) {

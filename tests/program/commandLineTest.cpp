@@ -68,7 +68,7 @@ TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
         {"check -q -v good.a2l", 2, "tavo: error: "},
         {"list good.a2l good.a2l", 2, "tavo: error: "},
         {"list good.a2l --format xml", 2,
-         "tavo: error: --format: 'xml' is none of table, csv and json (see 'tavo list --help')\n"},
+         "tavo: error: --format: 'xml' is not table, csv or json (see 'tavo list --help')\n"},
         {"convert nowhere.a2l", 3, "tavo: error: nowhere.a2l: No such file or directory\n"},
         {"convert .", 3, "tavo: error: .: Is a directory\n"},
         {"check nowhere.a2l bad.a2l", 3, "tavo: error: nowhere.a2l: No such file"},

@@ -96,8 +96,8 @@ TEST_F(ConvertTest, LeavesAllFilesAsTheyWereIfItFails)
         int exitCode;
         std::string reason;
     } cases[] = {
-        {"d.a2l", 3, error + "d.ini: exists already, --force replaces it"},
-        {"d.a2l link", 3, error + "link: exists already, --force replaces it"},
+        {"d.a2l", 3, error + "d.ini: already exists, --force replaces it"},
+        {"d.a2l link", 3, error + "link: already exists, --force replaces it"},
         {"-f bad.a2l d.ini", 1,
          "bad.a2l:1: error: Block 'PROJECT' without an end\n    /begin PROJECT"},
         {"-f d.a2l d.ini", 3, error + "d.ini: File too large"},
@@ -162,7 +162,7 @@ TEST_F(ConvertTest, AFileThatAppearsWhileItReadsStays)
         close(pipe);
     });
     EXPECT_EQ(run.exitCode, 3);
-    EXPECT_EQ(run.err, "tavo: error: slow.ini: exists already, --force replaces it\n");
+    EXPECT_EQ(run.err, "tavo: error: slow.ini: already exists, --force replaces it\n");
     EXPECT_EQ(content("slow.ini"), "other");
     EXPECT_EQ(names(), "bad.a2l d.a2l slow.a2l slow.ini ");
 }

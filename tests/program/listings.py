@@ -73,7 +73,7 @@ def host(transport):
 
 
 def is_same(cell, value):
-    """Whether a cell of CSV tells what JSON does, with less detail."""
+    """Whether a cell of CSV says what JSON does, with less detail."""
     if isinstance(value, dict):  # a conversion
         return cell == value["name"]
     if isinstance(value, list):

@@ -16,7 +16,7 @@ struct Conversion
 /// Converts a file, with the standard output caught.
 Conversion convertFile(const std::string& input, const std::string& output);
 
-/// Converts a description that is given as text. It bears the name "d.a2l" in the report.
+/// Converts a description that is given as text. It has the name "d.a2l" in the report.
 Conversion convertText(std::string_view description);
 
 /// The description of a module that holds `body`, which begins on line 3.

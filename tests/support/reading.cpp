@@ -29,7 +29,7 @@ struct Reading
         reader.setLogger(&logger);
     }
 
-    /// What was told, with the file named without its folder.
+    /// What was reported, with the file named without its folder.
     std::string log() const
     {
         std::string text = logger.text;
@@ -192,7 +192,7 @@ std::string modelOf(std::string_view description, Names names)
     if (names == Names::Resolved) {
         root.setLogger(&reading.logger);
         root.resolve();
-        root.resolve(); // once more: all has been done and told
+        root.resolve(); // once more: everything has been done and reported
     }
     std::ostringstream out;
     out << reading.log() << "status " << status << "\n";

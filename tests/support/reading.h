@@ -15,8 +15,8 @@ enum class Source
 std::string tokensOf(std::string_view text, Source source = Source::Memory,
                      const tavo::PhKeywordTable& vocabulary = tavo::coreKeywords);
 
-/// What the reading of a description tells, its status, and what it leaves in the model: a line for
-/// each object, with the objects of a group indented. A "?" after the name of a conversion says
+/// What the reader reports of a description, its status, and what it leaves in the model: a line
+/// for each object, with the objects of a group indented. A "?" after the name of a conversion says
 /// that it is a placeholder, a "!" that this was reported.
 enum class Names
 {
@@ -25,5 +25,5 @@ enum class Names
 };
 std::string modelOf(std::string_view description, Names names);
 
-/// What a verbose reader that is being debugged tells of a description.
+/// What a verbose reader that is being debugged reports of a description.
 std::string logOf(std::string_view description);

@@ -19,7 +19,7 @@ constexpr struct
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
 
-/// Some texts of a reader begin with the word that stands before all of them here.
+/// Some texts of a reader begin with the word that is put before all of them here.
 std::string_view withoutWord(std::string_view text)
 {
     constexpr std::string_view word = "Error: ";

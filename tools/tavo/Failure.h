@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-/// What the program tells its caller. The greater one wins where several files are at work.
+/// What the program reports to its caller. The greater one wins where several files are at work.
 enum class ExitCode
 {
     AllWell = 0,
@@ -32,7 +32,7 @@ private:
     ExitCode exitCode_;
 };
 
-/// A file, or whatever else `what` names, that gives the system's error `number`.
+/// A file, or whatever else `what` names, that failed with the system's error `number`.
 Failure systemFailure(const std::string& what, int number);
 
 } // namespace tavo

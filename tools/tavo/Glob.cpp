@@ -48,7 +48,7 @@ bool isInSet(std::u32string_view set, char32_t character)
     return found != negated;
 }
 
-/// Compares one character with the piece of the pattern at `at`, which isn't a star, and gives the
+/// Compares one character with the piece of the pattern at `at`, which isn't a star. Returns the
 /// place after that piece; `none` if they differ.
 std::size_t matchOne(std::u32string_view pattern, std::size_t at, char32_t character)
 {

@@ -20,7 +20,7 @@ struct Pattern
     std::uint64_t bits;
 };
 
-/// What stands in one place of a listing. A text is valid UTF-8; nothing at all says that there is
+/// A cell of a listing. A text is valid UTF-8; nothing at all says that there is
 /// no such thing.
 using Cell = std::variant<std::monostate, std::string, std::int64_t, double, Pattern>;
 using Row = std::vector<Cell>;

@@ -44,7 +44,7 @@ bool isWrittenDirectly(const std::string& path, const std::string& target)
 
 Failure existsAlready(const std::string& path)
 {
-    return {ExitCode::Trouble, path + ": exists already, --force replaces it"};
+    return {ExitCode::Trouble, path + ": already exists, --force replaces it"};
 }
 
 } // namespace

@@ -123,7 +123,7 @@ CLI::App* addCommand(CLI::App& app, const char* name, const char* description, c
     CLI::Option* quiet = command->add_flag("-q,--quiet", arguments.quiet, "Show errors only");
     command
         ->add_flag("-v,--verbose", arguments.verbose,
-                   "Show each case of a warning, not the first one alone")
+                   "Show each case of a warning, not only the first")
         ->excludes(quiet);
     return command;
 }
@@ -182,9 +182,8 @@ void addNormalize(CLI::App& app, Arguments& arguments)
 
 void addCheck(CLI::App& app, Arguments& arguments)
 {
-    CLI::App* command =
-        addCommand(app, "check", "Read descriptions and tell what is wrong with them",
-                   "Usage: tavo check [OPTIONS] FILE...\n", checkFooter, arguments);
+    CLI::App* command = addCommand(app, "check", "Report what descriptions hold and what is wrong",
+                                   "Usage: tavo check [OPTIONS] FILE...\n", checkFooter, arguments);
     command->add_option("FILE", arguments.check.files, "A description")->required();
     addDialect(*command, arguments.check.dialect);
     addWarningsAreErrors(*command, arguments.check.warningsAreErrors,
@@ -203,14 +202,12 @@ void addList(CLI::App& app, Arguments& arguments)
         ->add_option_function<std::string>(
             "--format",
             [&arguments](const std::string& name) { arguments.list.format = formats.at(name); },
-            "table (for eyes), csv or json")
+            "table, csv or json")
         ->type_name("FORMAT")
         ->check([](const std::string& name) {
-            return formats.count(name) > 0 ? "" : "'" + name + "' is none of table, csv and json";
+            return formats.count(name) > 0 ? "" : "'" + name + "' is not table, csv or json";
         });
-    command
-        ->add_option("--match", arguments.list.pattern,
-                     "Show only what has a name that the pattern describes")
+    command->add_option("--match", arguments.list.pattern, "Show only names that match the pattern")
         ->type_name("PATTERN");
     addDialect(*command, arguments.list.dialect);
 }

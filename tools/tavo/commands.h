@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-/// The commands of the program. Each one gives its exit code, and throws a `Failure` for what ends
-/// it as a whole.
+/// The commands of the program. Each one returns its exit code, and throws a `Failure` for what
+/// ends it as a whole.
 namespace tavo {
 
 /// What is made of a description.
@@ -24,7 +24,7 @@ struct ConvertOptions
     std::string input;
     /// Further descriptions if there is an `outputFolder`, else the output or nothing.
     std::vector<std::string> others;
-    std::string outputFolder; ///< "" if none is given.
+    std::string outputFolder; ///< "" if there is none.
     Product product = Product::Configuration;
     Dialect dialect = Dialect::Wide; ///< A strict description is made of a wide one only.
     bool force = false;              ///< Replaces existing files.
@@ -59,7 +59,7 @@ ExitCode check(const CheckOptions& options, Diagnostics& diagnostics);
 ExitCode list(const ListOptions& options, Diagnostics& diagnostics);
 ExitCode printTokens(const std::string& file, Console& console, Volume volume);
 
-/// Does the work on one of several files. A `Failure` is reported and gives its exit code, so that
+/// Does the work on one of several files. A `Failure` is reported and becomes an exit code, so that
 /// the next file has its turn.
 template <class Work> ExitCode attempt(Diagnostics& diagnostics, Work work)
 {

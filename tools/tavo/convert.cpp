@@ -33,7 +33,7 @@ bool looksLikeDescription(const std::string& path)
     return extension == ".a2l" || extension == ".A2L";
 }
 
-/// The output that stands next to the input if no other is asked for.
+/// The output next to the input, if no other one is asked for.
 std::string besideInput(const std::string& input, Product product)
 {
     const char* extension = product == Product::Configuration ? ".ini" : ".strict.a2l";
@@ -65,7 +65,8 @@ std::vector<Conversion> planOf(const ConvertOptions& options)
     if (options.others.empty())
         return {{options.input, besideInput(options.input, options.product)}};
     const std::string& output = options.others.front();
-    // Who gives two descriptions, by a wildcard for example, doesn't want the second one replaced.
+    // Two descriptions, from a wildcard for example, don't mean that the second one is to be
+    // replaced.
     const bool isSecond = options.product == Product::Configuration && looksLikeDescription(output);
     if (options.others.size() > 1 || isSecond)
         throw Failure(ExitCode::Usage, "Several descriptions need an --output-dir");

@@ -18,7 +18,7 @@ template <class... Format> std::string numberText(Format... number)
     return {digits, std::to_chars(digits, digits + sizeof digits, number...).ptr};
 }
 
-/// A double has as many digits as it takes to tell it from its neighbours.
+/// A double has as many digits as distinguish it from its neighbours.
 std::string cellText(const Cell& cell)
 {
     return std::visit(
