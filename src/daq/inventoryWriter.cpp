@@ -16,30 +16,33 @@ namespace {
 class StackValue
 {
 public:
-    StackValue() = default;
-    explicit StackValue(const std::optional<std::int64_t>& number)
+    explicit StackValue(const std::optional<std::int64_t>& number) : isGiven_(number.has_value())
     {
-        // The pattern of 32 bits, as a configuration has room for.
-        if (number)
-            value_.emplace(static_cast<std::int32_t>(static_cast<std::uint32_t>(*number)));
+        setPattern(static_cast<std::uint64_t>(number.value_or(0)));
     }
-    explicit StackValue(const Pattern64& pattern)
+    explicit StackValue(const Pattern64& pattern) : isGiven_(pattern.isGiven)
     {
-        if (pattern.isGiven)
-            value_.emplace(static_cast<std::int32_t>(static_cast<std::uint32_t>(pattern.bits)));
+        setPattern(pattern.bits);
     }
-    explicit StackValue(const Limit& limit)
+    explicit StackValue(const Limit& limit) : isGiven_(limit.isGiven)
     {
-        if (limit.isGiven && limit.isInteger)
-            value_.emplace(static_cast<std::int32_t>(limit.value));
-        else if (limit.isGiven)
-            value_.emplace(limit.value);
+        if (limit.isInteger)
+            value_.setValue(static_cast<std::int32_t>(limit.value));
+        else
+            value_.setValue(limit.value);
     }
 
-    const PhValue* get() const { return value_ ? &*value_ : nullptr; }
+    const PhValue* get() const { return isGiven_ ? &value_ : nullptr; }
 
 private:
-    std::optional<PhValue> value_;
+    /// The low 32 bits, for which a configuration has room.
+    void setPattern(std::uint64_t bits)
+    {
+        value_.setValue(static_cast<std::int32_t>(static_cast<std::uint32_t>(bits)));
+    }
+
+    PhValue value_;
+    bool isGiven_;
 };
 
 void writeInterface(ConfigurationStream& stream, const Interface& interface, std::int32_t index)

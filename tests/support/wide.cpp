@@ -101,7 +101,8 @@ std::string moreOf(const Table& table)
     text += quoted(table.name) + quoted(table.description) +
             (table.interpolates ? " interpolates" : "");
     for (const TableRow& row : table.rows)
-        text += "," + number(row.lower) + number(row.upper) + number(row.number) + quoted(row.text);
+        text.append(",").append(number(row.lower) + number(row.upper) + number(row.number) +
+                                quoted(row.text));
     if (table.hasDefaultText)
         text += ", default" + quoted(table.defaultText);
     if (table.hasDefaultNumber)
