@@ -1,6 +1,7 @@
 #include "inventory/TextPool.h"
 
 #include <cstring>
+#include <utility>
 
 namespace tavo {
 
@@ -21,21 +22,28 @@ std::string_view TextPool::keep(std::string_view text)
     return {copy, text.size()};
 }
 
+char* TextPool::addBlock(std::size_t size)
+{
+    std::unique_ptr<char[]> block(new char[size]); // which the vector may have no room for
+    char* const bytes = block.get();
+    blocks_.push_back(std::move(block));
+    return bytes;
+}
+
 char* TextPool::room(std::size_t size)
 {
     // A long text has a block of its own, so that the one in use isn't given up for it.
-    if (size > largestBlock / 8) {
-        blocks_.emplace_back(new char[size]);
-        return blocks_.back().get();
-    }
+    if (size > largestBlock / 8)
+        return addBlock(size);
     if (size > left_) {
         // Small descriptions are many: the first blocks are small and the later ones grow.
         std::size_t capacity = smallestBlock;
         for (std::size_t i = 0; i < blocks_.size() && capacity < largestBlock; ++i)
             capacity *= 2;
-        left_ = capacity < size ? largestBlock : capacity;
-        blocks_.emplace_back(new char[left_]);
-        next_ = blocks_.back().get();
+        if (capacity < size)
+            capacity = largestBlock;
+        next_ = addBlock(capacity);
+        left_ = capacity;
     }
     char* const place = next_;
     next_ += size;

@@ -18,6 +18,7 @@ public:
     std::size_t size() const { return size_; }
 
 private:
+    char* addBlock(std::size_t size);
     char* room(std::size_t size);
 
     std::vector<std::unique_ptr<char[]>> blocks_;
