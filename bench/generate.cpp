@@ -13,8 +13,9 @@ int main(int argc, char** argv)
             stderr,
             "usage: %s PATH MEGABYTES [before|after]          methods before or after their use\n"
             "       %s PATH MEASUREMENTS METHODS [before|after]\n"
-            "       %s PATH MEASUREMENTS bare\n",
-            argv[0], argv[0], argv[0]);
+            "       %s PATH MEASUREMENTS bare\n"
+            "       %s PATH MEASUREMENTS METHODS CHARACTERISTICS\n",
+            argv[0], argv[0], argv[0], argv[0]);
         return 64;
     }
     DescriptionPlan plan;
@@ -25,6 +26,9 @@ int main(int argc, char** argv)
     } else if (argc > 3 && std::atol(argv[3]) > 0) {
         plan.measurements = std::atol(argv[2]);
         plan.methods = std::atol(argv[3]);
+        plan.characteristics = plan.measurements;
+        if (argc > 4 && std::atol(argv[4]) > 0)
+            plan.characteristics = std::atol(argv[4]);
         plan.methodsFirst = !after;
     } else {
         plan = planOfSize(static_cast<long>(std::atof(argv[2]) * 1e6), !after);

@@ -49,7 +49,11 @@ public:
                 methods();
             for (long i = 0; i < plan_.measurements; ++i) {
                 measurement(i);
-                characteristic(i);
+                const auto share = [&](long n) {
+                    return plan_.characteristics * n / plan_.measurements;
+                };
+                for (long j = share(i); j < share(i + 1); ++j)
+                    characteristic(j);
             }
             if (!plan_.methodsFirst)
                 methods();
@@ -208,6 +212,7 @@ DescriptionPlan planOfSize(long bytes, bool methodsFirst)
 {
     DescriptionPlan plan;
     plan.measurements = std::max(1L, bytes / 700);
+    plan.characteristics = plan.measurements;
     plan.methods = std::max(1L, std::min(5000L, plan.measurements / 20));
     plan.methodsFirst = methodsFirst;
     return plan;

@@ -5,7 +5,8 @@
 /// What a generated description holds.
 struct DescriptionPlan
 {
-    long measurements = 0;         ///< There are as many characteristics.
+    long measurements = 0;
+    long characteristics = 0;      ///< After every measurement its share of them.
     long methods = 0;              ///< Conversions, used in turn.
     bool methodsFirst = true;      ///< Before the measurements, or after them.
     bool measurementsOnly = false; ///< Nothing but bare measurements with texts of 30 characters.
