@@ -62,7 +62,7 @@ std::vector<Usage> compare(const std::vector<std::vector<std::string>>& commands
     return best;
 }
 
-/// What the generator is told to write.
+/// The arguments of the generator.
 struct Plan
 {
     std::vector<std::string> words;

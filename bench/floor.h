@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-/// The floor that a reader stands on: goes over the bytes once with a table of character classes,
+/// The floor for a reader: goes over the bytes once with a table of character classes,
 /// splits them into names, numbers, strings and comments, and stores nothing. Gives the number of
 /// tokens, so that nothing of it can be left out.
 class FloorLoop
@@ -12,7 +12,7 @@ public:
     void feed(const unsigned char* bytes, std::size_t size);
     std::size_t tokens() const { return tokens_; }
 
-    /// Goes over a whole file, in blocks as a reader takes them, and gives its tokens. Ends the
+    /// Goes over a whole file, in blocks as a reader takes them, and returns its tokens. Ends the
     /// program if the file can't be opened.
     static std::size_t tokensOf(const char* path);
 

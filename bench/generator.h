@@ -16,6 +16,6 @@ struct DescriptionPlan
 DescriptionPlan planOfSize(long bytes, bool methodsFirst);
 
 /// Writes the description of an ECU as a tool exports it: comments, conversions of all kinds,
-/// record layouts, CCP and XCP, quantities, functions and groups. The same plan gives the same
+/// record layouts, CCP and XCP, quantities, functions and groups. The same plan makes the same
 /// bytes.
 void writeDescription(std::FILE* file, const DescriptionPlan& plan);

@@ -2,14 +2,14 @@
 // compared byte for byte with `NAME.report` (the standard output) and `NAME.ini` (the file written;
 // there is none where the reading failed). The name says what happens: `ok-` or `bad-`.
 //
-// A series is a file of many texts, each after a line `==== TITLE`. What comes of them stands in
-// the file with `.expected` added to its name, after the same titles: of `NAME.messages` the
-// diagnostics, of `NAME.tokens` the tokens, of `NAME.model` what the reader leaves in the model, of
+// A series is a file of many texts, each after a line `==== TITLE`. The results are in the file
+// with `.expected` added to its name, after the same titles: of `NAME.messages` the diagnostics,
+// of `NAME.tokens` the tokens, of `NAME.model` what the reader leaves in the model, of
 // `NAME.resolved` what the resolution of names makes of that, of `NAME.log` what a verbose
 // reader reports, and of `NAME.wide` what the wide reader makes of it, which is the body of a
-// MODULE unless there is a PROJECT in it. The text before the first title says what the series is
-// about. A line `++++ ENDING` in it is an ending: each text is then taken once with each of the
-// endings after it.
+// MODULE unless there is a PROJECT in it. The text before the first title says what the series
+// is about. A line `++++ ENDING` in it is an ending: each text is then taken once with each of
+// the endings after it.
 //
 // With TAVO_REWRITE_GOLDEN set in the environment the expectations are rewritten instead.
 

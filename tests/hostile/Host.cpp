@@ -19,7 +19,7 @@ constexpr rlim_t stackBytes = 256 * 1024;
 /// Linear passes take a few seconds, also under the sanitizers; quadratic ones take hours.
 constexpr rlim_t processorSeconds = 60;
 
-/// Exceeding the soft limit of processor time gives SIGXCPU, which shows what went wrong.
+/// Exceeding the soft limit of processor time raises SIGXCPU, which shows what went wrong.
 void setLimit(int resource, rlim_t value)
 {
     const rlimit limit = {value, value + 1};

@@ -21,7 +21,7 @@ int youngerFirst(const void* left, const void* right)
 }
 
 /// A list to which changes happen at random, next to a vector to which the same happens. There are
-/// few names, so that equal ones are common, and an object may stand in the list twice.
+/// few names, so that equal ones are common, and an object may be in the list twice.
 class RandomList
 {
 public:

@@ -27,7 +27,7 @@ protected:
     {
         writeFile(path(name), bytes);
     }
-    /// The names of what stands in a folder of this folder, sorted, each with a blank after it.
+    /// The names of all entries of a folder in this folder, sorted, each with a blank after it.
     std::string names(const std::string& folder = "") const;
 
     /// Runs `tavo` with these words, between which blanks stand, and waits until it and all

@@ -73,7 +73,7 @@ TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
         {"convert .", 3, "tavo: error: .: Is a directory\n"},
         {"check nowhere.a2l bad.a2l", 3, "tavo: error: nowhere.a2l: No such file"},
         {"tokens .", 3, "tavo: error: .: Is a directory\n"},
-        // Nothing stands at the address 0, where the reading of this file begins.
+        // There is nothing at the address 0, where the reading of this file begins.
         {"tokens /proc/self/mem", 3, "tavo: error: /proc/self/mem: Input/output error\n"},
     };
     for (const auto& c : cases) {

@@ -20,7 +20,7 @@ void replaceAll(std::string& text, const std::string& from, const std::string& t
         text.replace(at, from.size(), to);
 }
 
-/// A reader of a text, which stands in a file of its own.
+/// A reader of a text, which is in a file of its own.
 struct Reading
 {
     explicit Reading(std::string_view text) : path(folder.path("d.a2l")), reader(path.c_str())

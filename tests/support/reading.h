@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// The tokens of a text up to its end, with a blank between them: [keyword], 'name', "string", the
-/// number or t=code. A failure stands before its token as {line: text}.
+/// number or t=code. A failure comes before its token as {line: text}.
 enum class Source
 {
     Memory,

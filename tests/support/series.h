@@ -12,7 +12,7 @@ struct SeriesText
     std::vector<std::string> endings; ///< Of the whole series: "" and none of them are the same.
 };
 
-/// The texts of a series, whose bytes are given. What stands before the first title is no text.
+/// The texts of a series, from its bytes. What comes before the first title is no text.
 std::vector<SeriesText> seriesTexts(const std::string& bytes);
 
 /// The description that a text for the wide reader stands for: itself if there is a PROJECT in it,

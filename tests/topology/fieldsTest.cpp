@@ -1,6 +1,6 @@
 // What the classes do with the objects in their fields and lists: they keep a count of each and
-// give it back when they die, in an order that stays as it is. A list holds its elements from its
-// first one on. Most of the fields that nobody uses are left out.
+// give it back when they are destroyed, in an order that stays as it is. A list holds its elements
+// from its first one on. Most of the fields that nobody uses are left out.
 
 #include "support/model.h"
 
@@ -41,7 +41,7 @@ public:
         EXPECT_EQ(deaths_, numbers);
     }
 
-    /// `Got` is `Field` itself, or the list in which it stands.
+    /// `Got` is `Field` itself, or the list that holds it.
     template <class Field, class Got>
     Fields& have(void (Object::*store)(Field*), Got* (Object::*get)() const)
     {

@@ -22,7 +22,7 @@ std::size_t endOfSet(std::u32string_view pattern, std::size_t at)
     return at < pattern.size() ? at + 1 : none;
 }
 
-/// `set` is what stands between the brackets.
+/// `set` is the text between the brackets.
 bool isInSet(std::u32string_view set, char32_t character)
 {
     const bool negated = !set.empty() && (set[0] == U'!' || set[0] == U'^');

@@ -7,7 +7,7 @@ namespace tavo {
 
 /// A pattern for names: `*` stands for any text, `?` for any one character, `[a-z_]` for one of a
 /// set and `[!a-z]` for one outside of it; `\` takes the meaning away from what follows. A bracket
-/// that is never closed stands for itself.
+/// that is never closed matches itself.
 class Glob
 {
 public:

@@ -15,7 +15,7 @@ constexpr std::size_t mostSources = 20;
 
 } // namespace
 
-/// One file, which stands at the beginning of a line.
+/// One file, at the beginning of a line.
 class SourceLines::Source
 {
 public:

@@ -29,7 +29,7 @@ ExitCode checkOne(const std::string& file, const CheckOptions& options, Diagnost
         if (status == ExitCode::AllWell)
             report += summaryOf(description->inventory()) + "; ";
         report += counted(errors, "error") + ", " + counted(warnings, "warning") + "\n";
-        // It stands after the diagnostics of its file, so it can't wait for the others.
+        // It comes after the diagnostics of its file, so it can't wait for the others.
         StandardOutput::print(report);
     }
     const bool hasFailed = errors > 0 || (options.warningsAreErrors && warnings > 0);

@@ -16,7 +16,7 @@ namespace tavo {
 namespace {
 
 /// Tables with many rows that many quantities use would make a listing of any size: once so many
-/// rows are written, tables stand there without theirs.
+/// rows are written, tables have none.
 constexpr std::size_t mostTableRows = 10000000;
 
 class JsonListing
@@ -321,7 +321,7 @@ void JsonListing::putMethod(const Method& method)
         putTable(*table);
 }
 
-/// COEFFS as they stand in the description, six for each set, or the two of COEFFS_LINEAR.
+/// COEFFS as in the description, six for each set, or the two of COEFFS_LINEAR.
 void JsonListing::putCoefficients(const Method& method)
 {
     if (!method.coefficients.empty()) {

@@ -283,7 +283,7 @@ void NormalizedWriter::writeMethod(const MethodKey& key, const std::string& name
     put(" /end COMPU_METHOD\n");
 }
 
-/// COEFFS that give the line of the method. A method that is no set of coefficients has none:
+/// COEFFS for the line of the method. A method that is no set of coefficients has none:
 /// factor 1 and offset 0.
 void NormalizedWriter::writeConversion(const Method& method)
 {

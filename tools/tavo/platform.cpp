@@ -101,7 +101,7 @@ constexpr int endingSignals[] = {SIGHUP,  SIGINT,  SIGQUIT, SIGTERM, SIGPIPE,
 void handleSignals()
 {
     for (const int number : endingSignals) {
-        // A signal that the program was told to ignore, by nohup for example, stays ignored.
+        // A signal that is ignored from the start, by nohup for example, stays ignored.
         struct sigaction former = {};
         if (sigaction(number, nullptr, &former) == 0 && former.sa_handler == SIG_DFL)
             std::signal(number, endBySignal);
