@@ -50,6 +50,22 @@ const char* runEnd(const char* position, unsigned ends)
     return position;
 }
 
+/// The first quote, slash or zero byte, which is what counts in a block that is passed over. Reads
+/// up to `padding` bytes after that.
+const char* skipEnd(const char* position)
+{
+    using Bytes = unsigned char __attribute__((vector_size(16)));
+    using Halves = std::uint64_t __attribute__((vector_size(16)));
+    for (;; position += sizeof(Bytes)) {
+        Bytes bytes;
+        std::memcpy(&bytes, position, sizeof bytes);
+        const auto ends = reinterpret_cast<Halves>((bytes == '"') | (bytes == '/') | (bytes == 0));
+        if ((ends[0] | ends[1]) != 0)
+            return runEnd(position, EndsSkip);
+    }
+}
+
+constexpr std::size_t padding = 16; ///< Zero bytes after the last character of the buffer.
 constexpr std::size_t readSize = 65536;
 /// A keyword, the character after it, and a keyword that may follow at once.
 constexpr std::size_t longestLook = 17;
@@ -78,8 +94,8 @@ void Scanner::use(std::string_view description)
 void Scanner::start(std::unique_ptr<Input> input)
 {
     input->capacity = 2 * readSize;
-    input->buffer.reset(new char[input->capacity + 1]);
-    input->buffer[0] = 0;
+    input->buffer.reset(new char[input->capacity + padding]);
+    std::memset(input->buffer.get(), 0, padding);
     input->next = input->end = input->counted = input->buffer.get();
     input->number = static_cast<std::uint32_t>(fileNames_.size() - 1);
     inputs_.push_back(std::move(input));
@@ -134,7 +150,7 @@ bool Scanner::more()
     char* target = head;
     if (kept + readSize > input.capacity) {
         const std::size_t capacity = 2 * (kept + readSize);
-        std::unique_ptr<char[]> buffer(new char[capacity + 1]);
+        std::unique_ptr<char[]> buffer(new char[capacity + padding]);
         std::memcpy(buffer.get(), first, kept);
         target = buffer.get();
         std::swap(input.buffer, buffer);
@@ -154,7 +170,7 @@ bool Scanner::more()
     const std::size_t count = input.file.read(target + kept, readSize);
     if (count == 0 && readError_ == 0)
         readError_ = input.file.readError();
-    target[kept + count] = 0;
+    std::memset(target + kept + count, 0, padding);
     end_ = target + kept + count;
     return count > 0;
 }
@@ -174,10 +190,17 @@ void Scanner::countLines(const char* to)
     if (to <= counted_)
         return;
     line_ += *counted_ == '\r' || (*counted_ == '\n' && previous_ != '\r');
+    // Sums of few enough lines to fit a byte, which the compiler adds sixteen at a time.
+    constexpr std::ptrdiff_t most = 240;
     std::uint32_t count = 0;
-    for (const char* c = counted_ + 1; c < to; ++c)
-        count += static_cast<std::uint32_t>(*c == '\r') |
-                 static_cast<std::uint32_t>((*c == '\n') & (c[-1] != '\r'));
+    for (const char* c = counted_ + 1; c < to;) {
+        const char* const last = c + std::min(most, to - c);
+        unsigned char part = 0;
+        for (; c < last; ++c)
+            part = static_cast<unsigned char>(part +
+                                              ((*c == '\r') | ((*c == '\n') & (c[-1] != '\r'))));
+        count += part;
+    }
     line_ += count;
     previous_ = to[-1];
     counted_ = to;
@@ -444,7 +467,7 @@ void Scanner::skipBlock(std::string_view word, Place begin, std::uint64_t depth)
     keep_ = nullptr;
     isPassingOver_ = true;
     while (depth > 0) {
-        next_ = runEnd(next_, EndsSkip);
+        next_ = skipEnd(next_);
         if (next_ == end_) {
             if (more() || leaveFile())
                 continue;
