@@ -1,0 +1,134 @@
+// Descriptions built from blocks for the wide reader. The first byte chooses what they are held
+// against: themselves in another form, or the strict reader's configuration.
+// With TAVO_FUZZ_SHOW in the environment the descriptions go to the standard error.
+
+#include "GrammarWriter.h"
+#include "a2l/PhA2l.h"
+#include "base/PhLogger.h"
+#include "daq/ConfigurationStream.h"
+#include "daq/sections.h"
+#include "daq/writer.h"
+#include "description.h"
+#include "support/wide.h"
+#include "topology/PhRoot.h"
+#include "wideGrammar.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+using namespace tavo;
+
+namespace {
+
+constexpr std::string_view keywords[] = {
+    "/begin",
+    "/end",
+    "FUTURE",
+#define TAVO_OPTION(block, word, fields) #word,
+#define TAVO_BLOCK(block, word) #word,
+#define TAVO_KNOWN(block, word, fields) #word,
+#include "asap2/options.def"
+};
+constexpr std::string_view names[] = {"a", "b", "c", "d", "e", "NO_COMPU_METHOD", "f[1].g"};
+constexpr std::string_view numbers[] = {
+    "0",     "1",  "2",          "-1", "3000", "4294967295", "0x100000000", "18446744073709551616",
+    "1e400", ".5", "-2147483649"};
+constexpr std::string_view commonNumbers[] = {"0", "1",           "2",          "6",
+                                              "8", "-2147483648", "0x7FFFFFFF", "99999"};
+
+class ComplaintCounter : public PhLogger
+{
+public:
+    int count = 0;
+
+    void reserved() override {}
+    void message(const char*) override {}
+    void warning(const char*, ...) override { ++count; }
+    void error(const char*, ...) override { ++count; }
+    void report(const Diagnostic&) override { ++count; }
+};
+
+/// What the strict reader makes of a description; nothing if it has any complaint.
+std::optional<std::string> strictConfiguration(std::string_view description)
+{
+    static MemoryFile file;
+    file.assign(description);
+    ComplaintCounter complaints;
+    PhA2l reader(file.path());
+    reader.setLogger(&complaints);
+    PhRoot root;
+    root.setLogger(&complaints);
+    if (reader.readFile(&root) != 0 || complaints.count > 0)
+        return std::nullopt;
+    root.resolve();
+    char* bytes = nullptr;
+    std::size_t size = 0;
+    std::FILE* const target = open_memstream(&bytes, &size);
+    {
+        ConfigurationStream stream;
+        stream.use(target);
+        daqSourceIndex = 0;
+        writeRoot(stream, &root);
+        stream.close();
+    }
+    std::fclose(target);
+    std::string configuration(bytes, size);
+    std::free(bytes);
+    return configuration;
+}
+
+void show(const std::string& description)
+{
+    if (std::getenv("TAVO_FUZZ_SHOW"))
+        std::fwrite(description.data(), 1, description.size(), stderr);
+}
+
+void stop(const WideReading& reading, const std::string& other)
+{
+    std::fprintf(stderr, "== one:\n%s%s== other:\n%s", reading.configuration.c_str(),
+                 reading.more.c_str(), other.c_str());
+    std::abort();
+}
+
+void compareWithStrict(const std::uint8_t* data, std::size_t size)
+{
+    static const Language language = {waysOf(grammar, commonRules), keywords, names, commonNumbers};
+    const std::string description = GrammarWriter(language, data, size, false).write();
+    show(description);
+    const std::optional<std::string> strict = strictConfiguration(description);
+    const WideReading wide = readWide(description);
+    if (strict && wide.configuration != *strict)
+        stop(wide, *strict);
+}
+
+void compareForms(const std::uint8_t* data, std::size_t size, bool hasNoise)
+{
+    static const Language language = {waysOf(wideGrammar), keywords, names, numbers};
+    GrammarWriter writer(language, data, size, hasNoise);
+    const std::string description = writer.write();
+    show(description);
+    const WideReading reading = readWide(description);
+    if (writer.isNoisy())
+        return;
+    std::string form;
+    for (const char c : description)
+        form += c == '\n' ? "\t/* \" */\r\n//'\"\r" : std::string(1, c);
+    const WideReading other = readWide(form);
+    if (other.status != reading.status || other.configuration != reading.configuration ||
+        other.more != reading.more || other.messages.size() != reading.messages.size())
+        stop(reading, other.configuration + other.more);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    if (size == 0)
+        return 0;
+    if (*data % 4 == 0)
+        compareWithStrict(data + 1, size - 1);
+    else
+        compareForms(data + 1, size - 1, *data % 4 == 1);
+    return 0;
+}
