@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <sys/stat.h>
 
 namespace {
 
@@ -101,7 +101,9 @@ TEST_F(Include, thatCannotBeReadEndsTheReading)
         const std::string next = "/include tree" + std::to_string(i - 1) + ".a2l ";
         write("tree" + std::to_string(i) + ".a2l", next + next + next);
     }
+    ASSERT_EQ(mkfifo(folder.path("pipe.a2l").c_str(), 0600), 0);
     const std::pair<const char*, const char*> cases[] = {
+        {"/include pipe.a2l", "2: Error: The included file 'pipe.a2l' is no regular file"},
         {"/include none.a2l", "2: Error: The included file 'none.a2l' doesn't exist"},
         {"/include \"a\nb\"", "2: Error: The included file 'a\nb' doesn't exist"},
         {"/include \"\"", "2: Error: '/include' without the name of a file"},

@@ -46,7 +46,7 @@ void Host::start(const std::string& input, const std::string& output)
     setLimit(RLIMIT_CORE, 0);
     redirect(STDOUT_FILENO, "/dev/null", O_WRONLY);
     prepare();
-    execl(TAVO_HOST, TAVO_HOST, input.c_str(), output.c_str(), nullptr);
+    execl(program, program, input.c_str(), output.c_str(), nullptr);
     _exit(127);
 }
 

@@ -22,6 +22,8 @@ struct Ending
 class Host
 {
 public:
+    /// The host that runs.
+    const char* program = TAVO_HOST;
     /// What the new process does with its files before the host begins; nothing at first.
     std::function<void()> prepare = [] {};
 

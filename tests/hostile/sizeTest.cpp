@@ -104,9 +104,9 @@ struct Case
     std::vector<std::string> lines;
 };
 
-std::vector<Case> cases()
+std::vector<Case> cases(const char* path)
 {
-    std::ifstream file(TAVO_SIZES, std::ios::binary);
+    std::ifstream file(path, std::ios::binary);
     std::vector<Case> all;
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with("==== ")) {
@@ -126,10 +126,12 @@ class SizeTest : public testing::TestWithParam<Case>
 };
 
 /// How the host ends that converts the body of a module, and the body's bytes.
-std::pair<Ending, long> converted(const std::vector<std::string>& lines)
+std::pair<Ending, long> converted(const std::vector<std::string>& lines,
+                                  const char* program = TAVO_HOST)
 {
     const TemporaryFolder folder;
     Host host;
+    host.program = program;
     long size = 0;
     const Ending ending =
         host.runPiped(folder.path("d.a2l"), folder.path("d.ini"), [&](std::FILE* file) {
@@ -156,7 +158,25 @@ TEST_P(SizeTest, ThatTheInputChoosesDoesNoHarm)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Descriptions, SizeTest, testing::ValuesIn(cases()),
+INSTANTIATE_TEST_SUITE_P(Descriptions, SizeTest, testing::ValuesIn(cases(TAVO_SIZES)),
+                         [](const auto& test) { return test.param.name; });
+
+class WideSize : public testing::TestWithParam<Case>
+{
+};
+
+TEST_P(WideSize, thatTheInputChoosesDoesNoHarm)
+{
+    constexpr long megabyte = 1 << 20;
+    const Ending ending = converted(GetParam().lines, TAVO_WIDE_HOST).first;
+    EXPECT_EQ(ending.signal, 0);
+    EXPECT_EQ(ending.status, GetParam().status);
+    if (!sanitized) {
+        EXPECT_LT(ending.peakBytes / megabyte, GetParam().megabytes / (isFull() ? 1 : 10) + 10);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Descriptions, WideSize, testing::ValuesIn(cases(TAVO_WIDE_SIZES)),
                          [](const auto& test) { return test.param.name; });
 
 } // namespace
