@@ -64,6 +64,7 @@ const std::pair<std::string, std::string> cases[] = {
     {"// \"\n// */\r/* // */x", "x"},
     {"a //", "a"},
     {R"("a""b" "a\"b" "a\\" "\n" "")", R"(<a"b> <a"b> <a\> <n> <>)"},
+    {R"("a""b""c\"" 1)", R"(<a"b"c"> 1)"},
     {R"("""" "\\\"")", R"(<"> <\">)"},
     {"\"a // b /* c */ /end\"", "<a // b /* c */ /end>"},
     {"\"a\r\nb\rc\nd\\\r\ne\\\nf\"", "<a\nb\rc\nd\ne\nf>"},
@@ -124,6 +125,8 @@ TEST(Scanner, passesOverABlockByItsBeginsAndEnds)
         {"/begin A2ML \" /begin /* /end A2MLx /end\nA2ML /end X a", "a"},
         {"/begin A2ML /end A2ML\"/end X\" /end X a", "a"},
         {"/begin A2MLx /end A2ML /end X a", "a"},
+        {"/begin A2MLx \"/end A2ML\" /end A2MLx /end X a", "a"},
+        {"/end /include no.a2l", "!'/end /include' found in the block 'X' of line 7"},
         {"/end Y", "!'/end Y' found in the block 'X' of line 7"},
         {"/end \"X\"", "!'/end' found in the block 'X' of line 7"},
         {"/end", "!'/end' found in the block 'X' of line 7"},
@@ -134,7 +137,7 @@ TEST(Scanner, passesOverABlockByItsBeginsAndEnds)
     };
     constexpr std::size_t blockSize = 65536;
     for (const auto& [block, expected] : blocks)
-        for (const std::size_t padding : {std::size_t{0}, blockSize - 8, blockSize - 17}) {
+        for (std::size_t padding = blockSize - 50; padding < blockSize + 4; ++padding) {
             const std::string description = "w" + std::string(padding, ' ') + block;
             Scanner scanner;
             scanner.use(description);
