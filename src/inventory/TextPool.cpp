@@ -15,7 +15,7 @@ constexpr std::size_t largestBlock = 262144;
 std::string_view TextPool::keep(std::string_view text)
 {
     if (text.empty())
-        return {"", 0};
+        return "";
     char* const copy = room(text.size());
     std::memcpy(copy, text.data(), text.size());
     size_ += text.size();

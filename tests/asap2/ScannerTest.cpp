@@ -138,7 +138,7 @@ TEST(Scanner, passesOverABlockByItsBeginsAndEnds)
     constexpr std::size_t blockSize = 65536;
     for (const auto& [block, expected] : blocks)
         for (std::size_t padding = blockSize - 50; padding < blockSize + 4; ++padding) {
-            const std::string description = "w" + std::string(padding, ' ') + block;
+            const std::string description = std::string("w").append(padding, ' ') + block;
             Scanner scanner;
             scanner.use(description);
             scanner.advance();

@@ -95,7 +95,8 @@ TEST_F(Include, thatCannotBeReadEndsTheReading)
     write("one.a2l", "/include two.a2l");
     write("two.a2l", "/include ./one.a2l");
     for (int i = 0; i < 20; ++i)
-        write("d" + std::to_string(i) + ".a2l", "/include d" + std::to_string(i + 1) + ".a2l ");
+        write(std::string("d").append(std::to_string(i)).append(".a2l"),
+              std::string("/include d").append(std::to_string(i + 1)).append(".a2l "));
     write("tree0.a2l", "");
     for (int i = 1; i < 15; ++i) {
         const std::string next = "/include tree" + std::to_string(i - 1) + ".a2l ";
