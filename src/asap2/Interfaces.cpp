@@ -108,8 +108,7 @@ bool Parser::isExpressible(const Source& source, const char* word)
                          fits(source.cycle, highest) && fits(source.rate(), highest);
     if (!isRight)
         notices_.add(scanner_.place(),
-                     std::string("A ") + word +
-                         " is left out: one of its numbers is beyond 32 bits",
+                     joined({"Each ", word, " with a number beyond 32 bits is left out"}),
                      inQuotes(source.name));
     return isRight;
 }

@@ -59,8 +59,9 @@ bool Parser::parseQuantity(const char* word, Place begin, Quantity& quantity)
     }
     quantity.type = dataTypeOf(text(2));
     if (quantity.type == DataType::None) {
-        notices_.add(begin, joined({word, " ", inQuotes(text(0)), " is left out: its data type ",
-                                    inQuotes(text(2)), " is not known"}));
+        reportLeftOut(begin, word,
+                      joined({word, " ", inQuotes(text(0)), " is left out: its data type ",
+                              inQuotes(text(2)), " is not known"}));
         leaveOut(word, begin);
         return false;
     }

@@ -54,8 +54,9 @@ void Parser::parseMethod(Place begin)
     parseOptions(Block::Method, word, begin,
                  [&](Option option, Place place) { parseMethodOption(option, method, place); });
     if (isSetWrong_) {
-        notices_.add(begin, joined({"COMPU_METHOD ", inQuotes(method.name),
-                                    " is left out: a coefficient is missing or no number"}));
+        reportLeftOut(begin, word,
+                      joined({word, " ", inQuotes(method.name),
+                              " is left out: a coefficient is missing or no number"}));
         return;
     }
     if (method.kind != MethodKind::Other && !method.basisFitsKind())

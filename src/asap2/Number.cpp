@@ -42,22 +42,31 @@ Number real(double magnitude, bool isNegative)
     return number;
 }
 
-/// Digits of a base that are one whole number. One beyond 64 bits becomes a floating-point number.
-std::optional<Number> digitsToNumber(std::string_view digits, unsigned base, bool isNegative)
+/// The value of a digit of the base; something else than a digit is at least the base.
+template <unsigned base> unsigned digitOf(char c)
 {
+    return base == 16 ? hexadecimalDigit(c) : static_cast<unsigned char>(c) - unsigned{'0'};
+}
+
+/// Digits of a base that are one whole number. One beyond 64 bits becomes a floating-point number.
+template <unsigned base>
+std::optional<Number> digitsToNumber(std::string_view digits, bool isNegative)
+{
+    constexpr std::size_t neverTooMany = base == 16 ? 16 : 19;
+    if (digits.empty())
+        return std::nullopt;
     std::uint64_t magnitude = 0;
-    bool fits = !digits.empty();
+    bool fits = true;
     for (const char c : digits) {
-        const unsigned digit = base == 16 || isDigit(c) ? hexadecimalDigit(c) : base;
+        const unsigned digit = digitOf<base>(c);
         if (digit >= base)
             return std::nullopt;
-        fits = fits && magnitude <= (highestMagnitude - digit) / base;
+        if (digits.size() > neverTooMany)
+            fits = fits && magnitude <= (highestMagnitude - digit) / base;
         magnitude = magnitude * base + digit;
     }
     if (fits && (!isNegative || magnitude <= lowestMagnitude))
         return integer(magnitude, isNegative);
-    if (digits.empty())
-        return std::nullopt;
     double value = 0.0;
     const auto format = base == 16 ? std::chars_format::hex : std::chars_format::general;
     const auto result =
@@ -138,8 +147,8 @@ std::optional<Number> parseNumber(std::string_view word)
     if (word.empty() || !(isDigit(word.front()) || word.front() == '.'))
         return std::nullopt;
     if (word.size() > 2 && word[0] == '0' && (word[1] | 0x20) == 'x')
-        return digitsToNumber(word.substr(2), 16, isNegative);
-    if (const std::optional<Number> number = digitsToNumber(word, 10, isNegative))
+        return digitsToNumber<16>(word.substr(2), isNegative);
+    if (const std::optional<Number> number = digitsToNumber<10>(word, isNegative))
         return number;
     return floatingPoint(word, isNegative);
 }

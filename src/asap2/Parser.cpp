@@ -351,7 +351,6 @@ bool Parser::readPositional(std::string_view word, const char* kinds,
 /// Something is left out because of the current token, which is no `field`.
 void Parser::reportMissing(std::string_view word, const std::string& name, const char* field)
 {
-    constexpr unsigned mostOfTheirOwn = 100;
     const bool isToken = scanner_.token() == Token::Word || scanner_.token() == Token::Text;
     std::string text(word);
     if (!name.empty())
@@ -360,9 +359,19 @@ void Parser::reportMissing(std::string_view word, const std::string& name, const
         text = joined({text, " is left out: ", field, " can't be ", inQuotes(scanner_.text())});
     else
         text = joined({text, " is left out: ", field, " is missing"});
-    if (++leftOutCount_ > mostOfTheirOwn)
-        text = joined({"A further ", word, " is left out: a field is missing or wrong"});
-    notices_.add(scanner_.place(), text);
+    reportLeftOut(scanner_.place(), word, text);
+}
+
+/// A warning for one thing that is left out, with a name. Beyond a hundred, there is one for all of
+/// the same block.
+void Parser::reportLeftOut(Place place, std::string_view word, const std::string& text)
+{
+    constexpr unsigned mostOfTheirOwn = 100;
+    if (++leftOutCount_ <= mostOfTheirOwn)
+        notices_.add(place, text);
+    else
+        notices_.add(place,
+                     joined({"A further ", word, " is left out: a field is missing or wrong"}));
 }
 
 } // namespace tavo

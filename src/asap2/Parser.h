@@ -74,6 +74,7 @@ private:
     bool readPositional(std::string_view word, const char* kinds,
                         std::initializer_list<const char*> names);
     void reportMissing(std::string_view word, const std::string& name, const char* field);
+    void reportLeftOut(Place place, std::string_view word, const std::string& text);
     const std::string& text(std::size_t field) const { return fields_[field].text; }
     const Number& number(std::size_t field) const { return fields_[field].number; }
     std::string_view keep(std::size_t field) { return inventory_.texts.keep(text(field)); }

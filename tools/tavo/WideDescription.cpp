@@ -47,6 +47,10 @@ ExitCode WideDescription::read(Diagnostics& diagnostics)
         throw systemFailure(file(), errno);
     if (reader.readError() != 0)
         throw systemFailure(file(), reader.readError());
+    if (inventory_.adjustableLeafCount > 0)
+        diagnostics.message((std::to_string(inventory_.adjustableLeafCount) +
+                             " leaves of instances hold adjustable values and are not listed")
+                                .c_str());
     return status == 0 ? ExitCode::AllWell : ExitCode::DescriptionFailed;
 }
 
