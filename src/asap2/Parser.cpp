@@ -162,7 +162,7 @@ void Parser::leaveOut(std::string_view word, Place begin)
         case Token::End:
             return closeBlock(word, begin);
         case Token::FileEnd:
-            throw Fault(begin, joined({"Block '", word, "' without an end"}));
+            throw Fault(begin, joined({"Block ", inQuotes(word), " without an end"}));
         case Token::Begin: {
             Place inner;
             const std::string innerWord = beginBlock(inner);
@@ -184,7 +184,7 @@ void Parser::skipRest(std::string_view word, Place begin)
     case Token::End:
         return closeBlock(word, begin);
     case Token::FileEnd:
-        throw Fault(begin, joined({"Block '", word, "' without an end"}));
+        throw Fault(begin, joined({"Block ", inQuotes(word), " without an end"}));
     case Token::Begin:
         return scanner_.skipBlock(word, begin, 2);
     case Token::Word:

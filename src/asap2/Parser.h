@@ -161,7 +161,7 @@ void Parser::parseOptions(Block block, std::string_view word, Place begin, Handl
             closeBlock(word, begin);
             return;
         case Token::FileEnd:
-            throw Fault(begin, joined({"Block '", word, "' without an end"}));
+            throw Fault(begin, joined({"Block ", inQuotes(word), " without an end"}));
         case Token::Begin:
             parseInnerBlock(block, handle);
             break;

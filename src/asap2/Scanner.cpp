@@ -16,10 +16,9 @@ void Scanner::failAtEnd(std::string_view what, Place begin)
 
 void Scanner::failAtOtherEnd(std::string_view word, Place begin)
 {
-    const bool isNamed = token_ == Token::Word;
-    throw Fault(place(),
-                joined({"'/end", isNamed ? " " : "", isNamed ? text_ : "", "' found in the block '",
-                        word, "' of line ", std::to_string(begin.line)}));
+    const std::string end = token_ == Token::Word ? joined({"/end ", text_}) : "/end";
+    throw Fault(place(), joined({inQuotes(end), " found in the block ", inQuotes(word), " of line ",
+                                 std::to_string(begin.line)}));
 }
 
 /// True if the slash in hand begins a comment.

@@ -59,7 +59,7 @@ void Scanner::skipBlock(std::string_view word, Place begin, std::uint64_t depth)
         if (next_ == end_) {
             if (more() || leaveFile())
                 continue;
-            failAtEnd(joined({"Block '", word, "'"}), begin);
+            failAtEnd(joined({"Block ", inQuotes(word)}), begin);
         }
         if (*next_ == '"') {
             skipText();
