@@ -14,7 +14,7 @@
 /// The ways of each rule, by its name.
 using Ways = std::map<std::string_view, std::vector<std::string_view>>;
 
-/// Takes the part of `text` ahead of the next `mark` off, and the mark.
+/// Takes the part of `text` before the next `mark` off, and the mark.
 inline std::string_view cut(std::string_view& text, std::string_view mark)
 {
     const std::string_view part = text.substr(0, text.find(mark));

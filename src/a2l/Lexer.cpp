@@ -112,7 +112,7 @@ int Lexer::skipBlanks()
     }
 }
 
-/// Called behind the opening of a comment. False, with an error, if it has no end.
+/// Called after the opening of a comment. False, with an error, if it has no end.
 bool Lexer::skipComment()
 {
     const int startLine = line();

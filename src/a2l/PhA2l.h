@@ -187,8 +187,8 @@ private:
 };
 
 /// The options of a block up to its `/end`. `option` gets the code of the current token and gives
-/// the code of the token behind the option, which is the current token then, or T_ERROR. The result
-/// is T_END or T_ERROR. A failure of the lexer ends the block in silence behind an option, but is
+/// the code of the token after the option, which is the current token then, or T_ERROR. The result
+/// is T_END or T_ERROR. A failure of the lexer ends the block in silence after an option, but is
 /// an unexpected token where the first option would stand: there it goes to `option` like any
 /// other.
 template <class Option> int PhA2l::parseOptionsUpToEnd(Option option)
@@ -202,7 +202,7 @@ template <class Option> int PhA2l::parseOptionsUpToEnd(Option option)
     return code;
 }
 
-/// The same for a block that ends with its own keyword. The result is the token behind the block.
+/// The same for a block that ends with its own keyword. The result is the token after the block.
 template <class Option> int PhA2l::parseOptions(int keyword, Option option)
 {
     const int code = parseOptionsUpToEnd(option);
@@ -210,7 +210,7 @@ template <class Option> int PhA2l::parseOptions(int keyword, Option option)
 }
 
 /// The same for an IF_DATA section with a vocabulary of its own. Its `/end` belongs to that
-/// vocabulary, and the word behind it to the core again.
+/// vocabulary, and the word after it to the core again.
 template <class Option>
 int PhA2l::parseSection(const PhKeywordTable& vocabulary, const char* name, Option option)
 {

@@ -109,7 +109,7 @@ std::size_t SourceStream::size()
     return end > 0 ? static_cast<std::size_t>(end) : 0;
 }
 
-/// Makes sure that the block takes another read behind `kept` characters, which go to its head.
+/// Makes sure that the block takes another read after `kept` characters, which go to its head.
 void SourceStream::makeRoom(std::size_t kept)
 {
     const std::size_t needed = kept + 1 + readSize; // with a CR that was held back
@@ -133,12 +133,12 @@ int SourceStream::more()
     const std::size_t kept = begin_ ? static_cast<std::size_t>(end_ - begin_) : 0;
     makeRoom(kept);
     unsigned char* const head = block_.get();
-    unsigned char* const behind = head + kept + read(head + kept);
-    *behind = endMark;
+    unsigned char* const after = head + kept + read(head + kept);
+    *after = endMark;
     if (begin_)
         begin_ = head;
     next_ = head + kept;
-    end_ = behind;
+    end_ = after;
     return *next_;
 }
 

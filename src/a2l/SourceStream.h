@@ -36,7 +36,7 @@ public:
     /// Bytes of the open source, or 0 if they can't be told, as those of a pipe. No character has
     /// been read yet.
     std::size_t size();
-    /// The system's number of the error that ended the last file ahead of its end, or 0. To the
+    /// The system's number of the error that ended the last file before its end, or 0. To the
     /// lexer such a file has ended like any other.
     int readError() const { return readError_; }
     void setWatch(Watch watch) { watch_ = std::move(watch); }
@@ -93,7 +93,7 @@ private:
     std::unique_ptr<unsigned char[]> block_;
     std::size_t capacity_ = 0;             ///< Of the block, without the end mark.
     const unsigned char* next_ = nullptr;  ///< The character in hand.
-    const unsigned char* end_ = nullptr;   ///< Behind the last character; an end mark stands there.
+    const unsigned char* end_ = nullptr;   ///< After the last character; an end mark stands there.
     const unsigned char* begin_ = nullptr; ///< Of a text that must stay together, or null.
     bool heldBackCr_ = false; ///< The last read ended with a CR whose LF may open the next one.
 };

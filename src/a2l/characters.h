@@ -13,7 +13,7 @@ enum CharacterClass : unsigned char
     InName = 8,     ///< What follows in a name.
     InString = 16,  ///< What stands for itself in a string.
     InComment = 32, ///< What says nothing in a comment.
-    Blank = 64,     ///< What separates tokens, but for the line feed.
+    Blank = 64,     ///< What separates tokens, except the line feed.
 };
 
 /// Where the characters end. A byte of this value ends them too, wherever it stands in a file; it

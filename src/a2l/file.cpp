@@ -101,7 +101,7 @@ int PhA2l::parseModule(PhGroup* project)
     });
 }
 
-/// The block behind a /begin in a MODULE.
+/// The block after a /begin in a MODULE.
 int PhA2l::parseModuleBlock(PhGroup* module)
 {
     const int code = nextToken();

@@ -61,14 +61,14 @@ void PhA2l::dropFields(int count)
         skipToken();
 }
 
-/// The token behind fields of no use.
+/// The token after fields of no use.
 int PhA2l::afterFields(int count)
 {
     dropFields(count);
     return nextToken();
 }
 
-/// The first token behind a run, maybe an empty one, of tokens of one code.
+/// The first token after a run, maybe an empty one, of tokens of one code.
 int PhA2l::afterRun(int code)
 {
     int next = nextToken();
@@ -97,7 +97,7 @@ int PhA2l::parseOpenRun(int runCode, int keyword, const char* format)
     return code == T_END ? expectEnd(keyword, format) : code;
 }
 
-/// Called behind `/end`: the block's own keyword must follow. Gives the token behind it.
+/// Called after `/end`: the block's own keyword must follow. Gives the token after it.
 int PhA2l::expectEnd(int keyword, const char* format)
 {
     if (nextToken() != keyword) {
@@ -108,7 +108,7 @@ int PhA2l::expectEnd(int keyword, const char* format)
 }
 
 /// For the small blocks that say no more of a missing end than of any other token: `code`, the
-/// current token, must be `/end`, and the block's keyword must follow. Gives the token behind it.
+/// current token, must be `/end`, and the block's keyword must follow. Gives the token after it.
 int PhA2l::expectClosed(int code, int keyword)
 {
     if (code == T_END) {
@@ -133,7 +133,7 @@ PhValue PhA2l::number() const
 }
 
 /// Drops a block with all blocks inside it, up to its `/end` and keyword. The end of the file comes
-/// back as the token behind the block.
+/// back as the token after the block.
 int PhA2l::skipBlock(int keyword)
 {
     std::uint64_t depth = 0;
@@ -150,8 +150,8 @@ int PhA2l::skipBlock(int keyword)
     return expectEnd(keyword);
 }
 
-/// MSB_FIRST | LITTLE_ENDIAN | MSB_LAST | BIG_ENDIAN, called behind BYTE_ORDER. Gives the token
-/// behind the word. Any other word leaves the byte order undefined, with a warning.
+/// MSB_FIRST | LITTLE_ENDIAN | MSB_LAST | BIG_ENDIAN, called after BYTE_ORDER. Gives the token
+/// after the word. Any other word leaves the byte order undefined, with a warning.
 int PhA2l::parseByteOrder(PhEndian& byteOrder)
 {
     {

@@ -28,7 +28,7 @@ PhGroup* writtenGroup(PhGroup* group);
 /// Writes the comm params and entities of the `writtenGroup` of `group`, and nothing else.
 void writeGroup(ConfigurationStream& stream, PhGroup* group);
 
-/// A section for each comm param, with the sections of its sources right behind it. The list may be
+/// A section for each comm param, followed by the sections of its sources. The list may be
 /// null, here and below.
 void writeMeasurements(ConfigurationStream& stream, const PhList* commParams);
 

@@ -30,8 +30,8 @@ void PhList::append(PhObject* object) { insert(object, tail_, nullptr); }
 
 void PhList::prepend(PhObject* object) { insert(object, nullptr, head_); }
 
-/// Links a new node between the neighbours `before` and `behind`, of which either may be missing.
-void PhList::insert(PhObject* object, PhListNode* before, PhListNode* behind)
+/// Links a new node between the neighbours `before` and `after`, of which either may be missing.
+void PhList::insert(PhObject* object, PhListNode* before, PhListNode* after)
 {
     if (!object)
         return;
@@ -45,13 +45,13 @@ void PhList::insert(PhObject* object, PhListNode* before, PhListNode* behind)
         PhObject::unlink(object);
         throw;
     }
-    if (behind)
+    if (after)
         nameIndex_.reset();
     else
         indexName(object);
     node->setObject(object);
     join(before, node);
-    join(node, behind);
+    join(node, after);
     ++count_;
 }
 

@@ -94,7 +94,7 @@ public:
 private:
     friend class PhListCursor;
 
-    void insert(PhObject* object, PhListNode* before, PhListNode* behind);
+    void insert(PhObject* object, PhListNode* before, PhListNode* after);
     void join(PhListNode* left, PhListNode* right);
     void indexName(PhObject* object) noexcept;
     PhNameIndex& nameIndex() const;

@@ -20,7 +20,7 @@ class PhObject;
 /// It stays right while objects are appended; anything else that happens to the list must drop it.
 ///
 /// Whatever the names are, n calls take no more than about n log n steps. Names can be made so that
-/// they share their places in a table, or fill a long row of places beside one another. So the
+/// they share their places in a table, or fill a long row of neighbouring places. So the
 /// steps beyond the first one are counted, and an index that takes too many becomes an ordered one.
 class PhNameIndex
 {

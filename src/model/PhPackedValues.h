@@ -26,7 +26,7 @@ public:
     PhPackedValues(const PhPackedValues&) = delete;
     PhPackedValues& operator=(const PhPackedValues&) = delete;
 
-    /// True for an integer, a double or a text that is nothing else beside that.
+    /// True for an integer, a double or a text that is nothing else besides.
     static bool canHold(const PhValue& value);
 
     bool isEmpty() const { return !last_; }

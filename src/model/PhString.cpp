@@ -22,8 +22,8 @@ PhStringBody* newBody(std::size_t capacity)
     return new (block) PhStringBody{1, kept(capacity), 0};
 }
 
-/// Gives the body a text whose characters but for the first `head` come from `text`, which may be a
-/// piece of this very body.
+/// Gives the body a text whose characters, except the first `head`, come from `text`, which may be
+/// a piece of this very body.
 void write(PhStringBody& body, std::size_t head, std::string_view text)
 {
     if (!text.empty())

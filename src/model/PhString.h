@@ -7,7 +7,7 @@
 
 namespace tavo {
 
-/// Shared text behind a `PhString`. The characters stand in the same block, right behind it.
+/// The shared text of a `PhString`. The characters stand in the same block, right after it.
 struct PhStringBody
 {
     /// A size from here on isn't kept.

@@ -21,7 +21,7 @@ enum class PhInfinity : std::int32_t
 ///
 /// Flags of its own tell what a value holds; they aren't those of `PhObject::isFlag`. The numeric
 /// kinds, which are integer, double and the infinities, exclude each other. Text, block and list
-/// stand beside them: a text that gets an integer is a text and an integer.
+/// stand next to them: a text that gets an integer is a text and an integer.
 ///
 /// A number keeps the form in which the description file wrote it, because an integer reaches the
 /// output without a fraction. A value may bear a name, so that a list of values is a property list.
@@ -60,7 +60,7 @@ public:
     /// Unlike the other stores, this one leaves no other kind and no marker.
     PhValue& operator=(PhInfinity infinity);
     /// Stores a double if the text contains a '.', else an integer: the longest leading decimal
-    /// numeral behind leading blanks, or 0 if there is none. An integer beyond 32 bits saturates.
+    /// numeral after leading blanks, or 0 if there is none. An integer beyond 32 bits saturates.
     /// False for null, which changes nothing.
     bool setNumber(const char* text);
 

@@ -41,7 +41,7 @@ public:
     std::size_t length() const { return length_; }
 
 private:
-    /// The largest double has 309 digits ahead of the point.
+    /// The largest double has 309 digits before the point.
     char text_[320];
     std::size_t length_;
 };

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-// The sanitizers see each block for itself, so that they find what is used behind its end or its
+// The sanitizers see each block for itself, so that they find what is used after its end or its
 // life.
 #if !defined(TAVO_POOLED)
 #if defined(__SANITIZE_ADDRESS__)

@@ -65,7 +65,7 @@ void Resolver::resolve(PhConversion& conversion, const PhGroup& group)
 {
     PhConversion* owner = &conversion;
     // What hangs on a conversion is settled by the first walk that comes by, so that many entities
-    // with one long chain of conversions behind them don't make a walk each.
+    // with one long chain of conversions after them don't make a walk each.
     while (owner && owner->conversion() && walks_.emplace(owner, &conversion).second) {
         owner = resolved(
             owner->conversion(),

@@ -49,7 +49,7 @@ int PhA2l::parseCharacteristicOption(int code)
     }
 }
 
-/// The block behind a /begin in a CHARACTERISTIC.
+/// The block after a /begin in a CHARACTERISTIC.
 int PhA2l::parseCharacteristicBlock()
 {
     const int code = nextToken();

@@ -77,7 +77,7 @@ int PhA2l::parseCompuMethod(PhGroup* group)
 /// - a, b and d zero: physical = (c - f x) / (e x)
 ///
 /// A value that is no number counts as zero and is left out of the lists. Nothing clears them: a
-/// second COEFFS adds behind the first.
+/// second COEFFS adds to the first.
 void PhA2l::parseCoeffs(PhConversion* conversion)
 {
     const auto read = [&] {

@@ -40,7 +40,7 @@ int PhA2l::parseFunction()
     });
 }
 
-/// The block behind a /begin in a FUNCTION.
+/// The block after a /begin in a FUNCTION.
 int PhA2l::parseFunctionBlock()
 {
     const int code = nextToken();

@@ -64,7 +64,7 @@ int PhA2l::parseIfDataCcp(PhObject* owner)
     });
 }
 
-/// The block behind a /begin in an IF_DATA ASAP1B_CCP. It makes the comm param, whatever it is.
+/// The block after a /begin in an IF_DATA ASAP1B_CCP. It makes the comm param, whatever it is.
 int PhA2l::parseCcpBlock(PhObject* owner)
 {
     const PhRef<PhCommParam> commParam(commParamOf(owner, "CCP", PhProtocol::CCP));
@@ -259,7 +259,7 @@ std::int32_t PhA2l::readChoice(int first, int second)
     return code == second ? 1 : 0;
 }
 
-/// The block behind a /begin in a TP_BLOB, of which nothing is kept.
+/// The block after a /begin in a TP_BLOB, of which nothing is kept.
 int PhA2l::parseCcpTpBlobBlock()
 {
     int code = nextToken();

@@ -18,7 +18,7 @@ int PhA2l::parseIfDataXcp(PhObject* owner)
     });
 }
 
-/// The block behind a /begin in an IF_DATA XCP. It makes the comm param, whatever it is.
+/// The block after a /begin in an IF_DATA XCP. It makes the comm param, whatever it is.
 int PhA2l::parseXcpBlock(PhObject* owner)
 {
     const int code = nextToken();
@@ -103,7 +103,7 @@ int PhA2l::parseXcpDaq(PhCommParam* commParam)
     });
 }
 
-/// The block behind a /begin in a DAQ:
+/// The block after a /begin in a DAQ:
 /// STIM x x [ BIT_STIM_SUPPORTED ] /end STIM |
 /// TIMESTAMP_SUPPORTED x x x [ TIMESTAMP_FIXED ] /end TIMESTAMP_SUPPORTED | DAQ_LIST ... | EVENT
 /// ...
@@ -175,7 +175,7 @@ int PhA2l::parseXcpEvent(PhCommParam* commParam)
     const std::int32_t cycle = readInteger();
     // The codes begin at a nanosecond.
     setCodedRate(raster.get(), readInteger(), PhTimeUnit::Nanoseconds, cycle);
-    const int code = afterFields(1); // behind the priority
+    const int code = afterFields(1); // after the priority
     return code == T_END ? expectEnd(xcp::T_EVENT) : code;
 }
 

@@ -134,7 +134,7 @@ int PhA2l::parseMeasurementOption(PhEntity* entity, int code)
     }
 }
 
-/// The block behind a /begin in a MEASUREMENT.
+/// The block after a /begin in a MEASUREMENT.
 int PhA2l::parseMeasurementBlock(PhEntity* entity)
 {
     const int code = nextToken();
