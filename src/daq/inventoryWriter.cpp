@@ -103,9 +103,8 @@ void writeInventory(ConfigurationStream& stream, const Inventory& inventory)
         return;
     putUnassignedSource(stream, static_cast<std::int32_t>(count));
     index = 0;
-    inventory.forEachQuantity([&](const Quantity& quantity) {
-        if (obstacleOf(inventory, quantity) == Obstacle::None)
-            writeQuantity(stream, inventory, quantity, index++);
+    forEachExpressible(inventory, [&](const Quantity& quantity) {
+        writeQuantity(stream, inventory, quantity, index++);
     });
 }
 

@@ -52,9 +52,7 @@ const char* obstacleText(Obstacle obstacle)
 std::size_t expressibleCount(const Inventory& inventory)
 {
     std::size_t count = 0;
-    inventory.forEachQuantity([&](const Quantity& quantity) {
-        count += obstacleOf(inventory, quantity) == Obstacle::None;
-    });
+    forEachExpressible(inventory, [&](const Quantity&) { ++count; });
     return count;
 }
 

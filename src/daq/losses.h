@@ -1,13 +1,13 @@
 #pragma once
 
+#include "inventory/Inventory.h"
+
 #include <cstddef>
 #include <cstdint>
 
 namespace tavo {
 
-class Inventory;
 class Notices;
-struct Quantity;
 
 /// Why a configuration can't express a quantity.
 enum class Obstacle : std::uint8_t
@@ -25,6 +25,15 @@ enum class Obstacle : std::uint8_t
 Obstacle obstacleOf(const Inventory& inventory, const Quantity& quantity);
 /// A few words for people: "64-bit integer" and so on; "" for `None`.
 const char* obstacleText(Obstacle obstacle);
+
+/// Visits the quantities that a configuration holds, in their order.
+template <class Visit> void forEachExpressible(const Inventory& inventory, Visit visit)
+{
+    inventory.forEachQuantity([&](const Quantity& quantity) {
+        if (obstacleOf(inventory, quantity) == Obstacle::None)
+            visit(quantity);
+    });
+}
 
 /// How many quantities a configuration holds.
 std::size_t expressibleCount(const Inventory& inventory);
