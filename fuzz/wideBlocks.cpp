@@ -13,6 +13,7 @@
 #include "topology/PhRoot.h"
 #include "wideGrammar.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -98,6 +99,12 @@ void compareWithStrict(const std::uint8_t* data, std::size_t size)
     show(description);
     const std::optional<std::string> strict = strictConfiguration(description);
     const WideReading wide = readWide(description);
+    // Strictly, a rate that is too large wraps; here its source is left out.
+    const auto isTooLarge = [](const auto& message) {
+        return message.find("beyond 32 bits is left out") != std::string::npos;
+    };
+    if (std::any_of(wide.messages.begin(), wide.messages.end(), isTooLarge))
+        return;
     if (strict && wide.configuration != *strict)
         stop(wide, *strict);
 }
