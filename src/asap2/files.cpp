@@ -113,9 +113,9 @@ bool Scanner::more()
     if (kept + readSize > input.capacity) {
         input.capacity = 2 * (kept + readSize);
         std::unique_ptr<char[]> larger(new char[input.capacity + padding]);
-        target = larger.get();
-        std::memcpy(target, first, kept);
+        std::memcpy(larger.get(), first, kept);
         input.buffer = std::move(larger);
+        target = input.buffer.get();
     } else if (static_cast<std::size_t>(target + input.capacity - end_) >= readSize) {
         target += first - target; // there is room after what was read
     } else if (kept > 0) {

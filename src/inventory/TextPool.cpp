@@ -25,9 +25,8 @@ std::string_view TextPool::keep(std::string_view text)
 char* TextPool::addBlock(std::size_t size)
 {
     std::unique_ptr<char[]> block(new char[size]); // which the vector may have no room for
-    char* const bytes = block.get();
     blocks_.push_back(std::move(block));
-    return bytes;
+    return blocks_.back().get();
 }
 
 char* TextPool::room(std::size_t size)

@@ -6,7 +6,8 @@
 #include "model/PhValue.h"
 #include "model/ownership.h"
 
-#include <cstring>
+#include <bit>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -69,9 +70,11 @@ namespace {
 
 bool areSame(const PhValue& a, const PhValue& b)
 {
-    const double left = a.doubleValue();
-    const double right = b.doubleValue();
-    return a.isInteger() == b.isInteger() && std::memcmp(&left, &right, sizeof left) == 0;
+    // The bits, because a negative zero is another number here.
+    const auto bits = [](const PhValue& value) {
+        return std::bit_cast<std::uint64_t>(value.doubleValue());
+    };
+    return a.isInteger() == b.isInteger() && bits(a) == bits(b);
 }
 
 bool isPlainNumber(const PhValue& value)

@@ -64,7 +64,7 @@ private:
     LineEnds lineEnds_;
     SourceFile input_;
     bool isOpen_ = false;
-    char buffer_[16384];
+    char buffer_[16384] = {};
     const char* position_ = buffer_;
     const char* end_ = buffer_;
     int next_ = 1;        ///< Number of the line where the file stands.
