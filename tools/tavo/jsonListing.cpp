@@ -1,14 +1,9 @@
 #include "jsonListing.h"
 
+#include "JsonWriter.h"
 #include "daq/ConfigurationStream.h"
 #include "daq/losses.h"
-#include "text.h"
 
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
-#include <charconv>
-#include <cmath>
 #include <optional>
 
 namespace tavo {
@@ -45,222 +40,89 @@ public:
 private:
     void beginRow();
     void endRow();
-    void member(const char* key, std::string_view text);
-    void member(const char* key, const char* text) { member(key, std::string_view(text)); }
-    void member(const char* key, std::int64_t number);
-    void member(const char* key, std::uint64_t number);
-    void member(const char* key, double number);
-    void member(const char* key, bool value);
-    void member(const char* key, const Cell& cell);
     void member(const char* key, const Pattern64& pattern);
     void member(const char* key, const Limit& limit);
-    template <class Value> void member(const char* key, const std::optional<Value>& value)
-    {
-        if (value)
-            member(key, *value);
-    }
-    /// An identifier as the pattern of its 32 bits.
-    void identifier(const char* key, const std::optional<std::int64_t>& number)
-    {
-        if (number)
-            member(key, std::uint64_t{static_cast<std::uint32_t>(*number)});
-    }
-    void text(std::string_view text);
-    void number(double number);
-    void put(const Transport& transport);
     void putDetails(const Quantity& quantity);
     void putConversion(const Quantity& quantity);
-    void putMethod(const Method& method);
-    void putCoefficients(const Method& method);
     void putTable(const Table& table);
 
     ConfigurationStream& stream_;
     const Inventory& inventory_;
-    rapidjson::StringBuffer buffer_;
-    rapidjson::Writer<rapidjson::StringBuffer> writer_{buffer_};
+    JsonWriter json_;
     std::size_t tableRowCount_ = 0;
     bool isFirstSection_ = true;
     bool isFirstRow_ = true;
 };
 
-void JsonListing::beginRow()
-{
-    buffer_.Clear();
-    writer_.Reset(buffer_);
-    writer_.StartObject();
-}
+void JsonListing::beginRow() { json_.clear(); }
 
 void JsonListing::endRow()
 {
-    writer_.EndObject();
     stream_.put(isFirstRow_ ? "\n    " : ",\n    ");
-    stream_.put({buffer_.GetString(), buffer_.GetSize()});
+    stream_.put(json_.json());
     isFirstRow_ = false;
-}
-
-void JsonListing::text(std::string_view text)
-{
-    const std::string valid = toUtf8(text);
-    writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
-}
-
-/// The shortest form that reads back as the same double, with a point or an exponent, so that it
-/// differs from an integer. JSON has no form for what is no number or infinite.
-void JsonListing::number(double number)
-{
-    if (!std::isfinite(number)) {
-        writer_.Null();
-        return;
-    }
-    char digits[40];
-    char* end = std::to_chars(digits, digits + 32, number).ptr;
-    if (std::string_view(digits, static_cast<std::size_t>(end - digits)).find_first_of(".e") ==
-        std::string_view::npos) {
-        *end++ = '.';
-        *end++ = '0';
-    }
-    writer_.RawValue(digits, static_cast<std::size_t>(end - digits), rapidjson::kNumberType);
-}
-
-void JsonListing::member(const char* key, std::string_view content)
-{
-    writer_.Key(key);
-    text(content);
-}
-
-void JsonListing::member(const char* key, std::int64_t number)
-{
-    writer_.Key(key);
-    writer_.Int64(number);
-}
-
-void JsonListing::member(const char* key, std::uint64_t number)
-{
-    writer_.Key(key);
-    writer_.Uint64(number);
-}
-
-void JsonListing::member(const char* key, double content)
-{
-    writer_.Key(key);
-    number(content);
-}
-
-void JsonListing::member(const char* key, bool value)
-{
-    writer_.Key(key);
-    writer_.Bool(value);
-}
-
-/// A cell without a text in it.
-void JsonListing::member(const char* key, const Cell& cell)
-{
-    if (const auto* pattern = std::get_if<Pattern>(&cell))
-        member(key, pattern->bits);
-    else if (const auto* integer = std::get_if<std::int64_t>(&cell))
-        member(key, *integer);
-    else if (const auto* real = std::get_if<double>(&cell))
-        member(key, *real);
 }
 
 void JsonListing::member(const char* key, const Pattern64& pattern)
 {
-    member(key, patternCell(pattern));
+    json_.member(key, patternCell(pattern));
     if (pattern.isGiven && pattern.isBeyond64) {
-        writer_.Key(key);
-        writer_.Null();
+        json_.key(key);
+        json_.null();
     }
 }
 
 void JsonListing::member(const char* key, const Limit& limit)
 {
     if (limit.isGiven && limit.isInteger)
-        member(key, static_cast<std::int64_t>(limit.value));
+        json_.member(key, static_cast<std::int64_t>(limit.value));
     else if (limit.isGiven)
-        member(key, limit.value);
-}
-
-void JsonListing::put(const Transport& transport)
-{
-    const auto textMember = [this](const char* key, std::string_view content) {
-        if (!content.empty())
-            member(key, content);
-    };
-    writer_.StartObject();
-    member("kind", transportText(transport.kind));
-    textMember("instance", transport.instance);
-    textMember("address", transport.address);
-    textMember("host_name", transport.hostName);
-    textMember("ipv6", transport.ipv6);
-    member("port", transport.port);
-    identifier("master_id", transport.masterId);
-    identifier("slave_id", transport.slaveId);
-    member("bit_rate", transport.bitRate);
-    member("data_bit_rate", transport.dataBitRate);
-    if (transport.isCanFd)
-        member("can_fd", true);
-    writer_.EndObject();
+        json_.member(key, limit.value);
 }
 
 void JsonListing::put(const Interface& interface)
 {
     beginRow();
-    member("name", protocolText(interface.protocol));
-    member("protocol", protocolText(interface.protocol));
-    identifier("master_id", interface.masterId);
-    identifier("slave_id", interface.slaveId);
-    member("station_address", interface.stationAddress);
-    member("sources", std::uint64_t{interface.sources.size()});
-    if (!interface.transports.empty()) {
-        writer_.Key("transports");
-        writer_.StartArray();
-        for (const Transport& transport : interface.transports)
-            put(transport);
-        writer_.EndArray();
-    }
+    putJson(json_, interface);
     endRow();
 }
 
 void JsonListing::put(const Interface& interface, const Source& source)
 {
     beginRow();
-    member("name", source.name);
-    if (!source.description.empty())
-        member("description", source.description);
-    member("interface", protocolText(interface.protocol));
-    member("rate", source.rate());
-    member("channel", source.channel);
-    member("period_ns", periodCell(source));
+    putJson(json_, interface, source);
     endRow();
 }
 
 void JsonListing::put(const Quantity& quantity)
 {
     beginRow();
-    member("name", quantity.name);
-    member("description", quantity.description);
+    json_.beginObject();
+    json_.member("name", quantity.name);
+    json_.member("description", quantity.description);
     member("address", quantity.address);
     member("address_extension", quantity.addressExtension);
-    member("type", dataTypeText(quantity.type));
+    json_.member("type", dataTypeText(quantity.type));
     if (const char* order = byteOrderText(inventory_.byteOrderOf(quantity)))
-        member("byte_order", order);
+        json_.member("byte_order", order);
     member("bit_mask", quantity.bitMask);
     member("min", quantity.lower);
     member("max", quantity.upper);
-    member("unit", inventory_.unitOf(quantity));
+    json_.member("unit", inventory_.unitOf(quantity));
     const Method* method = inventory_.methodOf(quantity);
     const Line line = method ? method->line : Line();
     if (line.isWritten) {
-        member("factor", line.factor);
-        member("offset", line.offset);
+        json_.member("factor", line.factor);
+        json_.member("offset", line.offset);
     }
     putDetails(quantity);
     putConversion(quantity);
     if (quantity.isVirtual)
-        member("virtual", true);
+        json_.member("virtual", true);
     const Obstacle obstacle = obstacleOf(inventory_, quantity);
     if (obstacle != Obstacle::None)
-        member("left_out", obstacleText(obstacle));
+        json_.member("left_out", obstacleText(obstacle));
+    json_.endObject();
     endRow();
 }
 
@@ -268,28 +130,28 @@ void JsonListing::putDetails(const Quantity& quantity)
 {
     const QuantityDetails& details = inventory_.detailsOf(quantity);
     if (!details.dimensions.empty()) {
-        writer_.Key("dimensions");
-        writer_.StartArray();
+        json_.key("dimensions");
+        json_.beginArray();
         for (const std::uint64_t dimension : details.dimensions)
-            writer_.Uint64(dimension);
-        writer_.EndArray();
+            json_.value(dimension);
+        json_.endArray();
     }
     if (!details.layout.empty())
-        member("layout", details.layout);
+        json_.member("layout", details.layout);
     if (!details.events.empty()) {
-        writer_.Key("events");
-        writer_.StartArray();
+        json_.key("events");
+        json_.beginArray();
         for (const std::uint32_t channel : details.events)
-            writer_.Uint(channel);
-        writer_.EndArray();
+            json_.value(std::uint64_t{channel});
+        json_.endArray();
     }
     if (details.hasSymbol) {
-        member("symbol", details.symbol);
+        json_.member("symbol", details.symbol);
         if (details.symbolOffset != 0)
-            member("symbol_offset", details.symbolOffset);
+            json_.member("symbol_offset", details.symbolOffset);
     }
     if (details.hasDisplayName)
-        member("display_name", details.displayName);
+        json_.member("display_name", details.displayName);
 }
 
 /// The conversion that the quantity names; its name alone if it is defined nowhere.
@@ -298,77 +160,42 @@ void JsonListing::putConversion(const Quantity& quantity)
     const std::optional<std::string_view> name = conversionName(inventory_, quantity);
     if (!name)
         return;
-    writer_.Key("conversion");
-    writer_.StartObject();
-    member("name", *name);
-    if (const Method* method = inventory_.methodOf(quantity))
-        putMethod(*method);
-    writer_.EndObject();
-}
-
-void JsonListing::putMethod(const Method& method)
-{
-    if (!method.kindWord.empty())
-        member("kind", method.kindWord);
-    putCoefficients(method);
-    if (method.hasFormula)
-        member("formula", method.formula);
-    if (!method.inverseFormula.empty())
-        member("inverse_formula", method.inverseFormula);
-    if (method.tableName != noIndex)
-        member("table", inventory_.tableNames.name(method.tableName));
-    if (const Table* table = inventory_.tableOf(method))
-        putTable(*table);
-}
-
-/// COEFFS as in the description, six for each set, or the two of COEFFS_LINEAR.
-void JsonListing::putCoefficients(const Method& method)
-{
-    if (!method.coefficients.empty()) {
-        writer_.Key("coefficients");
-        writer_.StartArray();
-        for (const Coefficients& set : method.coefficients)
-            for (const double coefficient : {set.a, set.b, set.c, set.d, set.e, set.f})
-                number(coefficient);
-        writer_.EndArray();
+    json_.key("conversion");
+    json_.beginObject();
+    json_.member("name", *name);
+    if (const Method* method = inventory_.methodOf(quantity)) {
+        putMembers(json_, inventory_, *method);
+        if (const Table* table = inventory_.tableOf(*method))
+            putTable(*table);
     }
-    if (method.hasLinear) {
-        writer_.Key("linear_coefficients");
-        writer_.StartArray();
-        number(method.linearFactor);
-        number(method.linearOffset);
-        writer_.EndArray();
-    }
+    json_.endObject();
 }
 
 void JsonListing::putTable(const Table& table)
 {
-    if (table.hasDefaultText)
-        member("default", table.defaultText);
-    else if (table.hasDefaultNumber)
-        member("default", table.defaultNumber);
+    putDefault(json_, table);
     tableRowCount_ += table.rows.size();
     if (tableRowCount_ > mostTableRows) {
-        member("rows_left_out", std::uint64_t{table.rows.size()});
+        json_.member("rows_left_out", std::uint64_t{table.rows.size()});
         return;
     }
-    writer_.Key("rows");
-    writer_.StartArray();
+    json_.key("rows");
+    json_.beginArray();
     for (const TableRow& row : table.rows) {
-        writer_.StartObject();
+        json_.beginObject();
         if (table.kind == TableKind::Ranges) {
-            member("from", row.lower);
-            member("to", row.upper);
+            json_.member("from", row.lower);
+            json_.member("to", row.upper);
         } else {
-            member("raw", row.lower);
+            json_.member("raw", row.lower);
         }
         if (table.kind == TableKind::Numeric)
-            member("physical", row.number);
+            json_.member("physical", row.number);
         else
-            member("text", row.text);
-        writer_.EndObject();
+            json_.member("text", row.text);
+        json_.endObject();
     }
-    writer_.EndArray();
+    json_.endArray();
 }
 
 } // namespace
