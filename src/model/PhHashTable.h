@@ -3,6 +3,7 @@
 #include "model/PhString.h"
 
 #include <cstdint>
+#include <forward_list>
 #include <vector>
 
 namespace tavo {
@@ -15,19 +16,15 @@ struct PhHashEntry
     PhString key;
     std::uint32_t hash;
     PhObject* object; ///< Not counted: the list that is indexed holds the count.
-    PhHashEntry* next;
 };
 
 /// Chained index from names to objects. The bucket count is fixed, so chains grow as it fills; of
-/// equal keys, `find` gives the one that was added last.
+/// equal keys, `find` returns the one that was added last.
 class PhHashTable
 {
 public:
     /// Makes `bucketCount` buckets, but no fewer than 111.
     explicit PhHashTable(std::uint32_t bucketCount);
-    ~PhHashTable();
-    PhHashTable(const PhHashTable&) = delete;
-    PhHashTable& operator=(const PhHashTable&) = delete;
 
     std::uint32_t bucketCount() const { return static_cast<std::uint32_t>(buckets_.size()); }
     void add(const PhString& key, PhObject* object);
@@ -39,13 +36,13 @@ public:
     void clear();
 
 private:
-    PhHashEntry* const& bucketOf(std::uint32_t hash) const
-    {
-        return buckets_[hash % buckets_.size()];
-    }
-    PhHashEntry*& bucketOf(std::uint32_t hash) { return buckets_[hash % buckets_.size()]; }
+    /// The entries of one bucket, the last one first.
+    using Chain = std::forward_list<PhHashEntry>;
 
-    std::vector<PhHashEntry*> buckets_;
+    const Chain& chainOf(std::uint32_t hash) const { return buckets_[hash % buckets_.size()]; }
+    Chain& chainOf(std::uint32_t hash) { return buckets_[hash % buckets_.size()]; }
+
+    std::vector<Chain> buckets_;
 };
 
 } // namespace tavo
