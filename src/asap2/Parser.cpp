@@ -2,6 +2,7 @@
 
 #include "asap2/leaves.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -333,17 +334,19 @@ std::int64_t Parser::integer(std::size_t field) const
 }
 
 /// Reads the positional fields of a block by their kinds; `names` says what each one is. False,
-/// with a warning that names the block by its first field, if one is missing or of another kind.
+/// with a warning that has the block's name if that was read, if one is missing or of another kind.
 bool Parser::readPositional(std::string_view word, const char* kinds,
                             std::initializer_list<const char*> names)
 {
-    std::size_t i = 0;
-    for (const char* name : names) {
+    const auto isName = [](std::string_view name) { return name == "its name"; };
+    for (const auto* name = names.begin(); name != names.end(); ++name) {
+        const auto i = static_cast<std::size_t>(name - names.begin());
         if (!readField(kinds[i], fields_[i])) {
-            reportMissing(word, i > 0 ? text(0) : std::string(), name);
+            const auto* const called = std::find_if(names.begin(), name, isName);
+            const auto place = static_cast<std::size_t>(called - names.begin());
+            reportMissing(word, called != name ? text(place) : std::string(), *name);
             return false;
         }
-        ++i;
     }
     return true;
 }
