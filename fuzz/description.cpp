@@ -3,6 +3,7 @@
 #include "a2l/PhA2l.h"
 #include "daq/ConfigurationStream.h"
 #include "daq/writer.h"
+#include "support/written.h"
 #include "topology/PhRoot.h"
 
 #include <sys/mman.h>
@@ -70,6 +71,20 @@ void silenceReports()
 {
     if (!std::freopen("/dev/null", "w", stdout))
         stop("no /dev/null");
+}
+
+std::optional<std::string> strictConfiguration(std::string_view description, PhLogger* logger)
+{
+    static MemoryFile file;
+    file.assign(description);
+    PhA2l reader(file.path());
+    reader.setLogger(logger);
+    PhRoot root;
+    root.setLogger(logger);
+    if (reader.readFile(&root) != 0)
+        return std::nullopt;
+    root.resolve();
+    return written([&](ConfigurationStream& stream) { writeRoot(stream, &root); });
 }
 
 void convert(std::string_view description)

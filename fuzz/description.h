@@ -1,5 +1,9 @@
 #pragma once
 
+#include "base/PhLogger.h"
+
+#include <optional>
+#include <string>
 #include <string_view>
 
 /// A description in memory, under a path that the library can open.
@@ -21,6 +25,11 @@ private:
 
 /// Sends the standard output, where the library's reports go, to nowhere.
 void silenceReports();
+
+/// The configuration that the strict reader makes of a description; nothing if it refuses it. Its
+/// messages go to the logger.
+std::optional<std::string> strictConfiguration(std::string_view description,
+                                               tavo::PhLogger* logger = nullptr);
 
 /// Reads a description, resolves its names and writes its configuration to nowhere, first as a host
 /// gets it and then with all progress lines. Stops the program if the two end differently.

@@ -3,15 +3,11 @@
 
 #include "description.h"
 
-#include "a2l/PhA2l.h"
 #include "asap2/PhAsap2.h"
-#include "daq/ConfigurationStream.h"
 #include "daq/inventoryWriter.h"
-#include "daq/sections.h"
-#include "daq/writer.h"
 #include "inventory/Inventory.h"
 #include "normalized.h"
-#include "topology/PhRoot.h"
+#include "support/written.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -20,42 +16,6 @@
 #include <string>
 
 using namespace tavo;
-
-namespace {
-
-/// What `write` puts into a stream.
-template <class Write> std::string written(Write write)
-{
-    char* text = nullptr;
-    std::size_t size = 0;
-    std::FILE* file = open_memstream(&text, &size);
-    {
-        ConfigurationStream stream;
-        stream.use(file);
-        daqSourceIndex = 0;
-        write(stream);
-        stream.close();
-    }
-    std::fclose(file);
-    std::string result(text, size);
-    std::free(text);
-    return result;
-}
-
-/// The configuration of a description that the strict reader must accept.
-std::string strictConfiguration(const std::string& description)
-{
-    static MemoryFile file;
-    file.assign(description);
-    PhA2l reader(file.path());
-    PhRoot root;
-    if (reader.readFile(&root) != 0)
-        return "refused";
-    root.resolve();
-    return written([&](ConfigurationStream& stream) { writeRoot(stream, &root); });
-}
-
-} // namespace
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
@@ -74,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         written([&](ConfigurationStream& stream) { writeInventory(stream, inventory); });
     const std::string normalized =
         written([&](ConfigurationStream& stream) { writeNormalized(stream, inventory); });
-    const std::string strict = strictConfiguration(normalized);
+    const std::string strict = strictConfiguration(normalized).value_or("refused");
     if (strict != wide) {
         std::fprintf(stderr, "%s\n==== wide\n%s\n==== strict\n%s\n", normalized.c_str(),
                      wide.c_str(), strict.c_str());

@@ -4,22 +4,16 @@
 // look then, because some of the differences are meant (docs/dialect-wide.md).
 
 #include "GrammarWriter.h"
-#include "a2l/PhA2l.h"
 #include "asap2/PhAsap2.h"
-#include "base/PhLogger.h"
-#include "daq/ConfigurationStream.h"
-#include "daq/sections.h"
-#include "daq/writer.h"
 #include "description.h"
 #include "inventory/Inventory.h"
+#include "support/RecordingLogger.h"
 #include "support/wide.h"
-#include "topology/PhRoot.h"
 #include "wideGrammar.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <set>
 
 using namespace tavo;
@@ -42,47 +36,6 @@ constexpr std::string_view numbers[] = {
 constexpr std::string_view commonNumbers[] = {"0", "1",           "2",          "6",
                                               "8", "-2147483648", "0x7FFFFFFF", "99999"};
 
-class ComplaintCounter : public PhLogger
-{
-public:
-    int count = 0;
-
-    void reserved() override {}
-    void message(const char*) override {}
-    void warning(const char*, ...) override { ++count; }
-    void error(const char*, ...) override { ++count; }
-    void report(const Diagnostic&) override { ++count; }
-};
-
-/// What the strict reader makes of a description; nothing if it has any complaint.
-std::optional<std::string> strictConfiguration(std::string_view description)
-{
-    static MemoryFile file;
-    file.assign(description);
-    ComplaintCounter complaints;
-    PhA2l reader(file.path());
-    reader.setLogger(&complaints);
-    PhRoot root;
-    root.setLogger(&complaints);
-    if (reader.readFile(&root) != 0 || complaints.count > 0)
-        return std::nullopt;
-    root.resolve();
-    char* bytes = nullptr;
-    std::size_t size = 0;
-    std::FILE* const target = open_memstream(&bytes, &size);
-    {
-        ConfigurationStream stream;
-        stream.use(target);
-        daqSourceIndex = 0;
-        writeRoot(stream, &root);
-        stream.close();
-    }
-    std::fclose(target);
-    std::string configuration(bytes, size);
-    std::free(bytes);
-    return configuration;
-}
-
 void show(const std::string& description)
 {
     if (std::getenv("TAVO_FUZZ_SHOW"))
@@ -102,7 +55,7 @@ bool hasCommonNames(const std::string& description)
 {
     Inventory inventory;
     PhAsap2 reader(nullptr);
-    ComplaintCounter logger;
+    RecordingLogger logger;
     reader.setLogger(&logger);
     if (reader.read(description, inventory) != 0)
         return false;
@@ -120,7 +73,8 @@ void compareWithStrict(const std::uint8_t* data, std::size_t size)
     static const Language language = {waysOf(grammar, commonRules), keywords, names, commonNumbers};
     const std::string description = GrammarWriter(language, data, size, false).write();
     show(description);
-    const std::optional<std::string> strict = strictConfiguration(description);
+    RecordingLogger complaints;
+    const auto strict = strictConfiguration(description, &complaints);
     const WideReading wide = readWide(description);
     // Strictly, a rate that is too large wraps; here its source is left out.
     const auto isTooLarge = [](const auto& message) {
@@ -128,7 +82,8 @@ void compareWithStrict(const std::uint8_t* data, std::size_t size)
     };
     if (std::any_of(wide.messages.begin(), wide.messages.end(), isTooLarge))
         return;
-    if (strict && wide.configuration != *strict && hasCommonNames(description))
+    if (strict && complaints.text.empty() && wide.configuration != *strict &&
+        hasCommonNames(description))
         stop(wide, *strict);
 }
 

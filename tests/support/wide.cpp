@@ -3,14 +3,12 @@
 #include "asap2/PhAsap2.h"
 #include "base/Notices.h"
 #include "base/PhLogger.h"
-#include "daq/ConfigurationStream.h"
 #include "daq/inventoryWriter.h"
 #include "daq/losses.h"
-#include "daq/sections.h"
 #include "inventory/Inventory.h"
+#include "support/written.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 using namespace tavo;
 
@@ -43,24 +41,6 @@ private:
     std::vector<std::string>& messages_;
     std::string file_;
 };
-
-std::string configurationOf(const Inventory& inventory)
-{
-    char* bytes = nullptr;
-    std::size_t size = 0;
-    std::FILE* const file = open_memstream(&bytes, &size);
-    {
-        ConfigurationStream stream;
-        stream.use(file);
-        daqSourceIndex = 0;
-        writeInventory(stream, inventory);
-        stream.close();
-    }
-    std::fclose(file);
-    std::string configuration(bytes, size);
-    std::free(bytes);
-    return configuration;
-}
 
 std::string quoted(std::string_view text) { return std::string(" '").append(text).append("'"); }
 
@@ -156,7 +136,8 @@ template <class Read> WideReading readWith(const std::string& path, Read read)
     Notices losses;
     reportLosses(inventory, losses);
     losses.report([&](Place, const std::string& text) { reading.messages.push_back(text); });
-    reading.configuration = configurationOf(inventory);
+    reading.configuration =
+        written([&](ConfigurationStream& stream) { writeInventory(stream, inventory); });
     reading.more = moreOf(inventory);
     return reading;
 }
