@@ -74,14 +74,6 @@ TEST(PhKeywordTableTest, FindsEachOfItsWordsAndNoOther)
     }
 }
 
-TEST(PhKeywordTableTest, HashFoldsTheBitsAboveTheLowest24)
-{
-    EXPECT_EQ(keywordHash(""), 0U);
-    EXPECT_EQ(keywordHash("CHARACTERISTIC"), 1131469U);
-    EXPECT_EQ(keywordHash("\xE4\xF6"), 702U);
-    EXPECT_EQ(keywordHash(std::string(40, '\xFF')), 16711425U);
-}
-
 TEST(PhKeywordTableTest, WordsOfOneHashAndOfOneSlotAreToldApart)
 {
     // The table is as full as it may be.

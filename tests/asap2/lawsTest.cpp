@@ -231,16 +231,6 @@ TEST(WideReader, passesOverWhatItDoesNotKnowInEveryGap)
     EXPECT_GT(gapCount, 500);
 }
 
-TEST(WideReader, tellsEachCaseByItselfIfItIsVerbose)
-{
-    for (const auto& [name, text] : golden({".wide"})) {
-        const WideReading summed = readWide(text);
-        const WideReading verbose = readWide(text, true);
-        EXPECT_EQ(verbose.configuration, summed.configuration) << name;
-        EXPECT_GE(verbose.messages.size(), summed.messages.size()) << name;
-    }
-}
-
 constexpr const char* byPosition = "the strict reader takes any token for a field";
 
 /// Why a description that the strict reader accepts has another configuration in the wide dialect.

@@ -2,32 +2,17 @@
 
 #include "daq/writer.h"
 
-#include "daq/ConfigurationStream.h"
-#include "support/files.h"
 #include "support/model.h"
+#include "support/written.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <limits>
 
 using namespace tavo;
 
 namespace {
-
-std::string written(const std::function<void(ConfigurationStream&)>& write)
-{
-    const TemporaryFolder folder;
-    const std::string path = folder.path("w.ini");
-    {
-        ConfigurationStream stream;
-        EXPECT_TRUE(stream.open(path.c_str()));
-        write(stream);
-        EXPECT_EQ(stream.close(), 0);
-    }
-    return readFile(path);
-}
 
 TEST(PrintValueTest, TellsEachKindOfValueByItsFlags)
 {
@@ -77,18 +62,6 @@ TEST(TypeTextTest, NamesTheTypeByKindAndWidth)
     EXPECT_STREQ(typeText(nullptr), "???");
     EXPECT_STREQ(protocolText(PhProtocol::KWP), "KWP");
     EXPECT_STREQ(protocolText(static_cast<PhProtocol>(4)), "???");
-}
-
-TEST(UnitOfTest, PrefersTheUnitOfTheTypeEvenIfItHasNoLabel)
-{
-    PhType type;
-    EXPECT_EQ(unitOf(type), nullptr);
-    type.setConversion(new PhConversion);
-    EXPECT_EQ(unitOf(type), nullptr);
-    type.conversion()->setUnit(new PhUnit);
-    EXPECT_EQ(unitOf(type), type.conversion()->unit());
-    type.setUnit(new PhUnit);
-    EXPECT_EQ(unitOf(type), type.unit());
 }
 
 TEST(WriteGroupTest, GoesDownToTheFirstGroupWithoutChildren)

@@ -117,17 +117,6 @@ TEST_F(WorldTest, ADescriptionMayComeThroughAPipe)
     EXPECT_TRUE(readFile("d.ini") == readFile(TAVO_EXAMPLE ".ini"));
 }
 
-TEST_F(WorldTest, ADescriptionThatEndsInTheMiddleIsNotRead)
-{
-    const std::string description = readFile("d.a2l");
-    writeFile("d.ini", "old");
-    const Ending ending = host.runPiped("cut.a2l", "d.ini", [&](std::FILE* file) {
-        std::fwrite(description.data(), 1, description.size() / 2, file);
-    });
-    EXPECT_EQ(ending.status, 3);
-    EXPECT_EQ(readFile("d.ini"), "old");
-}
-
 TEST_F(WorldTest, ADescriptionMayShrinkWhileItIsRead)
 {
     std::string description;

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <limits>
 #include <string>
-#include <tuple>
 #include <vector>
 
 using namespace tavo;
@@ -65,33 +64,6 @@ TEST(PhConversionTest, OtherShapesHaveNoFactors)
         EXPECT_EQ(countOf(conversion.numerator()), numerator.size());
         EXPECT_FALSE(conversion.getLinearFactors(&factor, &offset));
     }
-}
-
-TEST(PhConversionTest, ConvertEvaluatesTheQuotient)
-{
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    const std::tuple<Integers, Integers, int, double> cases[] = {
-        {{2, 3}, {4}, 5, 3.25},
-        {{1, 2, 3}, {2, 1}, 10, 123.0 / 21.0},
-        {{1, 0}, {}, 4, 4.0},
-        {{}, {2}, 5, 0.0},
-        // A denominator that holds no divisor counts as 1; one that comes to zero doesn't.
-        {{2, 3}, {0, 0}, 5, 13.0},
-        {{1}, {1, 0}, 0, infinity},
-        // Powers of an integer wrap: 65536 squared is 0.
-        {{1, 0, 7}, {1}, 65536, 7.0},
-    };
-    for (const auto& [numerator, denominator, x, expected] : cases) {
-        PhConversion conversion;
-        fill(conversion, numerator, denominator);
-        PhValue y(x);
-        conversion.convert(y, y);
-        EXPECT_TRUE(y.isDouble());
-        EXPECT_EQ(y.doubleValue(), expected) << x;
-    }
-    PhValue y(1);
-    PhConversion().convert(PhValue(5), y);
-    EXPECT_FALSE(y.isValid());
 }
 
 TEST(PhConversionTest, RowsAndCoefficientsReadAsIfEachHadBeenAnObject)

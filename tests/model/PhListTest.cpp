@@ -139,20 +139,6 @@ TEST(PhListTest, IsWhatRandomChangesMakeOfIt)
     }
 }
 
-TEST(PhListTest, FindsNamesAmongMany)
-{
-    PhList list;
-    const auto name = [](int i) { return std::string("object").append(std::to_string(i)); };
-    for (int i = 0; i < 20000; ++i) {
-        list.append(new Probe(name(i).c_str()));
-        if (i % 777 == 0) {
-            EXPECT_EQ(list.findByName(name(i).c_str()), list.last());
-        }
-    }
-    EXPECT_EQ(list.findByName("object0"), list.first());
-    EXPECT_EQ(list.findByName("object20000"), nullptr);
-}
-
 TEST(PhListTest, FindsNamesThatWereGivenToNamelessObjects)
 {
     PhList list;

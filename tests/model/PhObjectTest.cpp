@@ -1,5 +1,4 @@
 #include "Probe.h"
-#include "model/PhRange.h"
 #include "model/PhValue.h"
 #include "model/ownership.h"
 
@@ -8,16 +7,6 @@
 #include <utility>
 
 using namespace tavo;
-
-TEST(PhObjectTest, EveryObjectTakesAnIdEmbeddedOnesIncluded)
-{
-    const PhObject object(1);
-    const PhRange range;
-    const PhObject last(2);
-    EXPECT_EQ(range.id(), object.id() + 1);
-    EXPECT_EQ(range.lowerLimit().id(), object.id() + 2);
-    EXPECT_EQ(last.id(), object.id() + 6);
-}
 
 TEST(PhObjectTest, DiesWithTheLastCountAndIsNeverDestroyedByDecRef)
 {
@@ -33,22 +22,6 @@ TEST(PhObjectTest, DiesWithTheLastCountAndIsNeverDestroyedByDecRef)
     PhObject::unlink(new Probe);
     PhObject::unlink(nullptr);
     EXPECT_EQ(Probe::alive, 0);
-}
-
-TEST(PhObjectTest, TextsAreSeparateAndFlagsAreBits)
-{
-    PhObject object(1);
-    object.setName("n");
-    object.setLongName("l");
-    object.setDescription("d");
-    object.setExternalId("e");
-    EXPECT_STREQ(object.name() + object.longName() + object.description() + object.externalId(),
-                 "nlde");
-    object.setUnresolved();
-    object.setFlag(0x30);
-    object.clearFlag(0x10);
-    EXPECT_TRUE(object.isFlag(0xA0) && !object.isFlag(0x10));
-    EXPECT_TRUE(object.isUnresolved() && !object.isReported());
 }
 
 TEST(PhObjectTest, AReferenceToATextShowsWhatIsSetLaterAndAPeekMakesNoRoom)
@@ -78,18 +51,6 @@ TEST(PhObjectTest, AReferenceToATextShowsWhatIsSetLaterAndAPeekMakesNoRoom)
     EXPECT_EQ(&nameless.peekName(), &other.peekName());
     EXPECT_NE(&nameless.name(), &other.name());
     EXPECT_EQ(&nameless.peekName(), &nameless.name());
-}
-
-TEST(PhObjectTest, KeepsAllBitsOfAClassNumber)
-{
-    for (const std::int32_t number : {0, 30, 0x1FFFFF, 0x200000, 0x7FFFFFFF, -1, -0x7FFFFFFF - 1}) {
-        PhObject object(number);
-        object.setName("n");
-        object.setDescription("d");
-        object.setNameIndexed();
-        EXPECT_EQ(object.classId(), number);
-        EXPECT_STREQ(object.name() + object.description(), "nd");
-    }
 }
 
 TEST(OwnershipTest, AReferenceOwnsOneCountOfWhatItHolds)

@@ -29,15 +29,6 @@ TEST(PhStringTest, ComparesByUnsignedByteWithNullFirst)
     }
 }
 
-TEST(PhStringTest, HashFoldsUnsignedBytesAndDropsHighBits)
-{
-    EXPECT_EQ(PhString().hash(), 0U);
-    EXPECT_EQ(PhString("a\xff").hash(), 255U + 2U * 'a');
-    // After 32 further bytes, the first one has left the 32 bits.
-    const std::string tail(32, 'X');
-    EXPECT_EQ(PhString("a" + tail).hash(), PhString("b" + tail).hash());
-}
-
 TEST(PhStringTest, CopiesShareTheirBodyUntilOneIsWrittenTo)
 {
     PhString original("room for more");

@@ -116,18 +116,6 @@ TEST(PhValueTest, AReferenceToTheTextLastsThroughEveryStore)
     EXPECT_STREQ(text, "last");
 }
 
-TEST(PhValueTest, SetNumberTakesThePointForTheSignOfADouble)
-{
-    PhValue value(PhInfinity::Positive);
-    EXPECT_FALSE(value.setNumber(nullptr));
-    EXPECT_TRUE(value.setNumber(" \t\r\n\v\f-7x"));
-    EXPECT_EQ(show(value), "int -7");
-    EXPECT_TRUE(value.setNumber("1.e3"));
-    EXPECT_EQ(show(value), "double 1000");
-    EXPECT_TRUE(value.setNumber("1e3"));
-    EXPECT_EQ(show(value), "int 1");
-}
-
 TEST(PhValueTest, ReadingsTruncateAndSaturate)
 {
     const std::tuple<PhValue, int, unsigned> cases[] = {
@@ -168,18 +156,4 @@ TEST(PhValueTest, ArithmeticWithAValueGivesADoubleUnlessBothAreIntegers)
     EXPECT_EQ(plus(PhValue(5), none), "double 5");
     EXPECT_EQ(plus(PhValue(PhString("t")), PhValue(2)), "double 2 text t");
     EXPECT_EQ(by(PhValue(-1), infinite), "double -inf");
-}
-
-TEST(PhValueTest, ArithmeticInPlaceKeepsTheKindButForADivisionByZero)
-{
-    EXPECT_EQ(show(PhValue(highest).multiply(2)), "int -2");
-    EXPECT_EQ(show(PhValue(highest).add(1)), "int -2147483648");
-    EXPECT_EQ(show(PhValue(-0.0).add(0)), "double -0");
-    EXPECT_EQ(show(PhValue(lowest).subtract(1)), "int 2147483647");
-    EXPECT_EQ(show(PhValue(-7).divide(2)), "int -3");
-    EXPECT_EQ(show(PhValue(-7.0).divide(2)), "double -3.5");
-    EXPECT_EQ(show(PhValue(lowest).divide(-1)), "int -2147483648");
-    EXPECT_EQ(show(PhValue(notANumber).divide(0)), "+INF");
-    EXPECT_EQ(show(PhValue(-1.0).divide(0)), "-INF");
-    EXPECT_EQ(show(PhValue(PhString("t")).divide(0)), "text t");
 }

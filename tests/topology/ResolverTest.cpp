@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 using namespace tavo;
 
 namespace {
@@ -68,34 +66,6 @@ TEST(ResolverTest, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
     root.resolve();
     EXPECT_TRUE(itself->isReported());
     EXPECT_EQ(itself->conversion(), other);
-}
-
-TEST(ResolverTest, OfAPartDoesItsWorkAtEveryCall)
-{
-    PhRoot root;
-    auto* group = new PhGroup;
-    root.appendGroup(group);
-    auto* entity = new PhEntity;
-    entity->setType(new PhType);
-    group->appendEntity(entity);
-    auto* conversion = new PhConversion;
-    entity->type()->setConversion(conversion);
-    const std::function<void()> calls[] = {[&] { conversion->resolve(&root, group); },
-                                           [&] { entity->type()->resolve(&root, group); },
-                                           [&] { entity->resolve(&root, group); },
-                                           [&] { group->resolve(&root); }, [&] { root.resolve(); }};
-    for (const auto& first : calls)
-        for (const auto& second : calls) {
-            auto* table = new PhConversion;
-            table->setName("table");
-            conversion->setConversion(table);
-            first();
-            group->appendConversion(table);
-            conversion->setConversion(placeholder<PhConversion>("table"));
-            second();
-            EXPECT_EQ(conversion->conversion(), table);
-            group->removeConversion(table->id());
-        }
 }
 
 TEST(ResolverTest, EndsAtACircleThatTheBuilderMade)

@@ -1,7 +1,8 @@
 // What the classes do with the objects in their fields and lists: they keep a count of each and
 // give it back when they are destroyed, in an order that stays as it is. A list holds its elements
-// from its first one on. Most of the fields that nobody uses are left out.
+// from its first one on. The classes that no description fills are left out.
 
+#include "model/ownership.h"
 #include "support/model.h"
 
 #include <gtest/gtest.h>
@@ -65,61 +66,6 @@ private:
 
 } // namespace
 
-TEST(FieldsTest, OfTheNetworkKeepWhatTheyAreGivenUntilTheirObjectDies)
-{
-    Fields<PhEntityRef>(PhClassEntityRef)
-        .have(&PhEntityRef::setSecondaryRef, &PhEntityRef::secondaryRef)
-        .have(&PhEntityRef::setPrimaryRef, &PhEntityRef::primaryRef)
-        .have(&PhEntityRef::setLocalRef, &PhEntityRef::localRef);
-    Fields<PhFunction>(PhClassFunction)
-        .have(&PhFunction::appendInputSignal, &PhFunction::inputSignals)
-        .have(&PhFunction::appendOutputSignal, &PhFunction::outputSignals);
-    Fields<PhService>(PhClassService)
-        .have(&PhService::setRequest, &PhService::request)
-        .have(&PhService::appendResponse, &PhService::responses);
-    Fields<PhFrame>(PhClassFrame).have(&PhFrame::setStructure, &PhFrame::structure);
-    Fields<PhFrameTriggering>(PhClassFrameTriggering)
-        .have(&PhFrameTriggering::setFrame, &PhFrameTriggering::frame)
-        .have(&PhFrameTriggering::setIdentifier, &PhFrameTriggering::identifier)
-        .have(&PhFrameTriggering::setTiming, &PhFrameTriggering::timing);
-    Fields<PhTiming>(PhClassTiming)
-        .have(&PhTiming::setDelay, &PhTiming::delay)
-        .have(&PhTiming::setCycle, &PhTiming::cycle);
-    Fields<PhCluster>(PhClassCluster).have(&PhCluster::appendChannel, &PhCluster::channels);
-    Fields<PhChannel>(PhClassChannel)
-        .have(&PhChannel::setCluster, &PhChannel::cluster)
-        .have(&PhChannel::setScheduleTable, &PhChannel::scheduleTable)
-        .have(&PhChannel::appendFrameTriggering, &PhChannel::frameTriggerings);
-    Fields<PhConnector>(PhClassConnector)
-        .have(&PhConnector::setController, &PhConnector::controller)
-        .have(&PhConnector::setChannel, &PhConnector::channel)
-        .have(&PhConnector::appendFrameTriggering, &PhConnector::frameTriggerings)
-        .have(&PhConnector::appendInputSignal, &PhConnector::inputSignals)
-        .have(&PhConnector::appendInputFrame, &PhConnector::inputFrames);
-    Fields<PhController>(PhClassController).have(&PhController::setChannel, &PhController::channel);
-    Fields<PhEcu>(PhClassEcu)
-        .have(&PhEcu::appendFunction, &PhEcu::functions)
-        .have(&PhEcu::appendConnector, &PhEcu::connectors)
-        .have(&PhEcu::appendController, &PhEcu::controllers)
-        .have(&PhEcu::appendConnectorMapping, &PhEcu::connectorMappings);
-    Fields<PhConnectorMapping>(PhClassConnectorMapping)
-        .have(&PhConnectorMapping::setSource, &PhConnectorMapping::source)
-        .have(&PhConnectorMapping::setTarget, &PhConnectorMapping::target)
-        .have(&PhConnectorMapping::appendFrameMapping, &PhConnectorMapping::frameMappings);
-    Fields<PhFrameMapping>(PhClassFrameMapping)
-        .have(&PhFrameMapping::setSource, &PhFrameMapping::source)
-        .have(&PhFrameMapping::setTarget, &PhFrameMapping::target)
-        .have(&PhFrameMapping::appendSignalMapping, &PhFrameMapping::signalMappings);
-    Fields<PhSignalMapping>(PhClassSignalMapping)
-        .have(&PhSignalMapping::setSource, &PhSignalMapping::source)
-        .have(&PhSignalMapping::setTarget, &PhSignalMapping::target);
-    Fields<PhScheduleTable>(PhClassScheduleTable)
-        .have(&PhScheduleTable::appendScheduleTableEntry, &PhScheduleTable::scheduleTableEntries);
-    Fields<PhScheduleTableEntry>(PhClassScheduleTableEntry)
-        .have(&PhScheduleTableEntry::setDelay, &PhScheduleTableEntry::delay)
-        .have(&PhScheduleTableEntry::setFrame, &PhScheduleTableEntry::frame);
-}
-
 TEST(FieldsTest, OfTheModelKeepWhatTheyAreGivenUntilTheirObjectDies)
 {
     Fields<PhSignal>(PhClassSignal).have(&PhSignal::setType, &PhSignal::type);
@@ -180,4 +126,29 @@ TEST(FieldsTest, OfTheModelKeepWhatTheyAreGivenUntilTheirObjectDies)
         .have(&PhGroup::appendChannel, &PhGroup::channels)
         .have(&PhGroup::appendCluster, &PhGroup::clusters)
         .have(&PhGroup::appendGroup, &PhGroup::groups);
+}
+
+TEST(PhGroupTest, IsTheParentOfItsChildrenUntilTheyLeave)
+{
+    PhGroup* parent = new PhGroup;
+    const PhRef<PhGroup> removed(new PhGroup);
+    const PhRef<PhGroup> survivor(new PhGroup);
+    const PhRef<PhGroup> adopted(new PhGroup);
+    PhGroup other;
+    for (PhGroup* child : {removed.get(), survivor.get(), adopted.get()}) {
+        EXPECT_EQ(child->parent(), nullptr);
+        parent->appendGroup(child);
+        EXPECT_EQ(child->parent(), parent);
+    }
+    parent->appendGroup(removed.get());
+    parent->removeGroup(removed->id());
+    EXPECT_EQ(removed->parent(), parent) << "still listed";
+    parent->removeGroup(removed->id());
+    EXPECT_EQ(removed->parent(), nullptr);
+    other.appendGroup(adopted.get());
+    parent->removeGroup(adopted->id());
+    EXPECT_EQ(adopted->parent(), &other);
+    delete parent;
+    EXPECT_EQ(survivor->parent(), nullptr);
+    EXPECT_EQ(survivor->refCount(), 1);
 }
