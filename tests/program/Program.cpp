@@ -82,6 +82,7 @@ void ProgramTest::becomeProgram(const std::string& words) const
     for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXFSZ})
         std::signal(number, SIG_DFL);
     unsetenv("NO_COLOR");
+    unsetenv("CLICOLOR_FORCE");
     setenv("TERM", "xterm", 1);
     for (const std::string& variable : environment_)
         putenv(const_cast<char*>(variable.c_str()));

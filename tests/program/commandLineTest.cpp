@@ -2,8 +2,10 @@
 #include "support/conversion.h"
 
 #include <algorithm>
+#include <map>
 #include <poll.h>
 #include <pty.h>
+#include <regex>
 #include <unistd.h>
 
 namespace {
@@ -58,17 +60,7 @@ TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
         {"list bad.a2l", 1, "bad.a2l:3: error: "},
         {"list --strict word.a2l", 1, "word.a2l:3: error: "},
         {"tokens odd.a2l", 1, "odd.a2l:3: error: "},
-        {"", 2, "tavo: error: A command is required (see 'tavo --help')\n"},
-        {"unknown", 2, "tavo: error: There is no command 'unknown' (see 'tavo --help')\n"},
-        {"convert", 2, "tavo: error: INPUT is required (see 'tavo convert --help')\n"},
-        {"convert good.a2l --unknown", 2, "tavo: error: "},
-        {"convert good.a2l --jobs 0", 2, "tavo: error: --jobs: "},
-        {"convert good.a2l --jobs many", 2, "tavo: error: "},
-        {"check", 2, "tavo: error: FILE is required"},
-        {"check -q -v good.a2l", 2, "tavo: error: "},
-        {"list good.a2l good.a2l", 2, "tavo: error: "},
-        {"list good.a2l --format xml", 2,
-         "tavo: error: --format: 'xml' is not table, csv or json (see 'tavo list --help')\n"},
+        {"check --quiet -- good.a2l -j", 3, "tavo: error: -j: No such file"},
         {"convert nowhere.a2l", 3, "tavo: error: nowhere.a2l: No such file or directory\n"},
         {"convert .", 3, "tavo: error: .: Is a directory\n"},
         {"check nowhere.a2l bad.a2l", 3, "tavo: error: nowhere.a2l: No such file"},
@@ -83,6 +75,85 @@ TEST_F(CommandLineTest, EndsWithTheDocumentedCodeAndNamesTheReason)
     }
     EXPECT_EQ(names(), "bad.a2l good.a2l good.ini odd.a2l odd.ini other.ini warned.a2l warned.ini "
                        "word.a2l ");
+}
+
+TEST_F(CommandLineTest, AWrongCommandLineIsExplained)
+{
+    const std::string seeConvert = "'tavo convert --help' shows what there is";
+    const std::string seeList = "'tavo list --help' shows what there is";
+    struct
+    {
+        const char* words;
+        std::string reason;
+        std::string hint;
+    } cases[] = {
+        {"", "A command is required", "'tavo --help' shows what there is"},
+        {"--strict", "A command is required", "'tavo --help' shows what there is"},
+        {"unknown --help", "There is no command 'unknown'", "'tavo --help' shows what there is"},
+        {"convver good.a2l", "There is no command 'convver'", "did you mean 'tavo convert'?"},
+        {"help lits", "There is no command 'lits'", "did you mean 'tavo list'?"},
+        {"convert", "A description is required", seeConvert},
+        {"convert good.a2l --unknown", "--unknown is no option of 'tavo convert'", seeConvert},
+        {"convert -o x good.a2l", "-o is no option of 'tavo convert'",
+         "the output is the argument after the input, without an option"},
+        {"convert good.a2l --jobs 0", "--jobs: '0' is no number from 1 to 256", seeConvert},
+        {"convert good.a2l -jmany", "-j: 'many' is no number from 1 to 256", seeConvert},
+        {"convert good.a2l -d --force", "-d needs a value: DIR", seeConvert},
+        {"convert -fj", "-j needs a value: N", seeConvert},
+        {"check --quiet=1 good.a2l", "--quiet takes no value",
+         "'tavo check --help' shows what there is"},
+        {"-q check -v good.a2l", "--quiet and --verbose exclude each other",
+         "'tavo check --help' shows what there is"},
+        {"list --json good.a2l", "--json is no option of 'tavo list'",
+         "did you mean '--format json'?"},
+        {"list --macth x good.a2l", "--macth is no option of 'tavo list'",
+         "did you mean '--match'?"},
+        {"list good.a2l --format=cvs", "--format: 'cvs' is not table, csv or json",
+         "did you mean 'csv'?"},
+        {"list good.a2l --format xml", "--format: 'xml' is not table, csv or json", seeList},
+        {"tokens good.a2l bad.a2l", "One description is enough, 'bad.a2l' is one too many",
+         "'tavo tokens --help' shows what there is"},
+    };
+    for (const auto& c : cases) {
+        const ProgramRun run = tavo(c.words);
+        EXPECT_EQ(run.exitCode, 2) << c.words;
+        EXPECT_EQ(run.err, "tavo: error: " + c.reason + "\nhint: " + c.hint + "\n") << c.words;
+    }
+}
+
+TEST_F(CommandLineTest, TheSameMayBeSaidInSeveralWays)
+{
+    const std::vector<std::vector<const char*>> groups = {
+        {"help list", "list --help", "-h list", "list good.a2l -qh"},
+        {"help", "--help", "-h"},
+        {"list good.a2l --format json", "--format=json list good.a2l",
+         "list --format json -- good.a2l",
+         "--color never --quiet list --format table good.a2l --format=json"},
+        {"--version", "-V", "check --version"},
+    };
+    for (const auto& group : groups) {
+        const ProgramRun first = tavo(group.front());
+        EXPECT_FALSE(first.out.empty());
+        for (const char* words : group) {
+            const ProgramRun run = tavo(words);
+            EXPECT_EQ(run.exitCode, 0) << words;
+            EXPECT_EQ(run.out, first.out) << words;
+        }
+    }
+}
+
+TEST_F(CommandLineTest, VerboseNamesEachStepWithItsTime)
+{
+    for (const auto& [words, steps] : std::map<std::string, std::vector<std::string>>{
+             {"-v convert good.a2l o.ini", {"read good.a2l", "wrote o.ini"}},
+             {"check --strict -v good.a2l", {"read good.a2l"}},
+             {"list -v good.a2l", {"read good.a2l", "listed good.a2l"}}}) {
+        std::string pattern;
+        for (const std::string& step : steps)
+            pattern += " *[0-9]+\\.[0-9]{3} s  " + step + "\n";
+        const std::string said = tavo(words).err;
+        EXPECT_TRUE(std::regex_match(said, std::regex(pattern + "(Wrote .*\n)?"))) << said;
+    }
 }
 
 TEST_F(CommandLineTest, AFullStandardOutputIsAnError)
@@ -118,8 +189,7 @@ TEST_F(CommandLineTest, CheckCountsWhatItFinds)
 TEST_F(CommandLineTest, TokensComeAsTheReaderLogsThem)
 {
     write("t.a2l", "/begin a \"b\xFC\" 7 0.5 $ /* c */ VERSION");
-    EXPECT_EQ(tavo("tokens t.a2l").out,
-              "print_tokens ()\n[/begin]\n'a'\n\"b\xFC\"\n7\n0.500000\nt=36\n[VERSION]\nEOF\n");
+    EXPECT_EQ(tavo("tokens t.a2l").out, "[/begin]\n'a'\n\"b\xFC\"\n7\n0.500000\nt=36\n[VERSION]\n");
 }
 
 TEST_F(CommandLineTest, OnlyATerminalGetsEscapes)

@@ -48,7 +48,7 @@ for command in '' convert normalize check list tokens; do
     # shellcheck disable=SC2046,SC2086
     [ -z "$command" ] || expect "$(echo $(options_in "$shown"))" tavo $command --
     # With the short form, where there is one.
-    for option in $(grep -oE -- '(-[a-zA-Z],)?--[a-z-]+' <<<"$shown"); do
+    for option in $(grep -oE -- '(-[a-zA-Z], )?--[a-z-]+ ' <<<"$shown" | tr -d ' '); do
         grep -q -- "$option" <<<"$plain_page" || fail "the man page lacks $option"
         grep -q -- "$option" <<<"$zsh" || fail "the completion for zsh lacks $option"
     done
@@ -57,7 +57,9 @@ for text in "$plain_page" "$zsh"; do
     unknown=$(comm -13 <(options_in "$all") <(options_in "$text"))
     [ -z "$unknown" ] || fail "no option of the program: $unknown"
 done
-expect "--help --version check convert list normalize tokens" tavo ""
+expect "--color --help --quiet --verbose --version check convert help list normalize tokens" tavo ""
+expect "normalize" tavo --color never -q n
+expect "never" tavo --color n
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT

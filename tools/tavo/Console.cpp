@@ -18,15 +18,26 @@ std::string_view variable(const char* name)
 
 constexpr const char* wipeLine = "\r\x1b[K";
 
-} // namespace
-
-Console::Console()
-    : hasStatus_(isTerminal(stderr) && variable("TERM") != "dumb" && variable("TERM") != "")
+bool isCapable(std::FILE* file)
 {
-    hasColors_ = hasStatus_ && variable("NO_COLOR").empty();
+    return isTerminal(file) && variable("TERM") != "dumb" && variable("TERM") != "";
 }
 
+} // namespace
+
+Console::Console() : hasStatus_(isCapable(stderr)) {}
+
 Console::~Console() { setStatus(""); }
+
+bool Console::hasColors(std::FILE* file) const
+{
+    if (choice_ != ColorChoice::Auto)
+        return choice_ == ColorChoice::Always;
+    if (!variable("NO_COLOR").empty())
+        return false;
+    const std::string_view force = variable("CLICOLOR_FORCE");
+    return (!force.empty() && force != "0") || isCapable(file);
+}
 
 void Console::write(const std::string& lines)
 {

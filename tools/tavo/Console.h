@@ -1,21 +1,33 @@
 #pragma once
 
+#include <cstdint>
+#include <cstdio>
 #include <string>
 
 namespace tavo {
+
+enum class ColorChoice : std::uint8_t
+{
+    Auto, ///< By the environment, and on terminals.
+    Always,
+    Never
+};
 
 /// The standard error of the program, where all its messages go, and what it can show.
 class Console
 {
 public:
-    /// Looks whether it is a terminal, and at the variables NO_COLOR and TERM.
+    /// Looks whether it is a terminal, and at the variables NO_COLOR, CLICOLOR_FORCE and TERM.
     Console();
     /// Wipes the status away.
     ~Console();
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
-    bool hasColors() const { return hasColors_; }
+    /// What the user wants; Auto at first.
+    void chooseColors(ColorChoice choice) { choice_ = choice; }
+    /// Whether to write colors to the file: the standard error, or the standard output.
+    bool hasColors(std::FILE* file = stderr) const;
     /// False if a status would never be seen.
     bool hasStatus() const { return hasStatus_; }
     void disableStatus() { hasStatus_ = false; }
@@ -27,7 +39,7 @@ public:
     void setStatus(const std::string& line);
 
 private:
-    bool hasColors_ = false;
+    ColorChoice choice_ = ColorChoice::Auto;
     bool hasStatus_ = false;
     bool statusShown_ = false;
 };

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <string_view>
+#include <utility>
 
 namespace tavo {
 
@@ -16,6 +17,7 @@ constexpr struct
     const char* color;
 } shownSeverities[] = {{"error", "\x1b[1;31m"}, {"warning", "\x1b[1;35m"}, {"note", "\x1b[1;36m"}};
 
+constexpr const char* hintColor = "\x1b[1;36m";
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
 
@@ -41,19 +43,15 @@ std::string placeOf(const Diagnostic& diagnostic)
 
 Diagnostics::Diagnostics(Console& console, Volume volume) : console_(console), volume_(volume) {}
 
-void Diagnostics::message(const char* text)
-{
-    if (volume_ != Volume::Verbose)
-        return;
-    std::string_view line = text;
-    if (line.ends_with('\n'))
-        line.remove_suffix(1);
-    console_.write(printable(line) + "\n");
-}
-
 void Diagnostics::inform(const std::string& text)
 {
     if (volume_ != Volume::Quiet)
+        console_.write(printable(text) + "\n");
+}
+
+void Diagnostics::explain(const std::string& text)
+{
+    if (volume_ == Volume::Verbose)
         console_.write(printable(text) + "\n");
 }
 
@@ -90,12 +88,14 @@ void Diagnostics::warnOfProgram(const std::string& text)
     report({Severity::Warning, nullptr, 0, text.c_str()});
 }
 
-void Diagnostics::failProgram(const std::string& text)
+void Diagnostics::failProgram(const std::string& text, const std::string& hint)
 {
-    report({Severity::Error, nullptr, 0, text.c_str()});
+    reportWithHint({Severity::Error, nullptr, 0, text.c_str()}, hint);
 }
 
-void Diagnostics::report(const Diagnostic& diagnostic)
+void Diagnostics::report(const Diagnostic& diagnostic) { reportWithHint(diagnostic, ""); }
+
+void Diagnostics::reportWithHint(const Diagnostic& diagnostic, const std::string& hint)
 {
     const bool isError = diagnostic.severity == Severity::Error;
     errorCount_ += isError;
@@ -117,7 +117,24 @@ void Diagnostics::report(const Diagnostic& diagnostic)
         if (!line.empty())
             lines.append("    ").append(line).append("\n");
     }
+    if (!hint.empty()) {
+        add(hintColor, "hint");
+        lines.append(printable(hint)).append("\n");
+    }
     console_.write(lines);
+}
+
+Step::Step(Diagnostics& diagnostics, std::string what)
+    : diagnostics_(diagnostics), what_(std::move(what)), begin_(Clock::now())
+{
+}
+
+void Step::finish()
+{
+    const std::chrono::duration<double> time = Clock::now() - begin_;
+    char seconds[40];
+    std::snprintf(seconds, sizeof seconds, "%9.3f s  ", time.count());
+    diagnostics_.explain(seconds + what_);
 }
 
 } // namespace tavo

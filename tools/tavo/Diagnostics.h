@@ -3,7 +3,9 @@
 #include "SourceLines.h"
 #include "base/PhLogger.h"
 
+#include <chrono>
 #include <cstdarg>
+#include <cstdint>
 #include <string>
 
 namespace tavo {
@@ -11,11 +13,11 @@ namespace tavo {
 class Console;
 
 /// How much the program says.
-enum class Volume
+enum class Volume : std::uint8_t
 {
     Quiet, ///< Errors only.
     Normal,
-    Verbose, ///< The progress lines of the parsers, too.
+    Verbose, ///< Each case of a warning, and each step with its time.
 };
 
 /// Puts out what a reader and the program have to say, in the form that editors parse:
@@ -36,10 +38,12 @@ public:
     void setLineEnds(LineEnds lineEnds) { sources_.setLineEnds(lineEnds); }
 
     void reserved() override {}
-    /// A progress line.
-    void message(const char* text) override;
+    /// What a reader logs about its way, which is of no use here.
+    void message(const char*) override {}
     /// A line about what was done, unless only errors are to be shown.
     void inform(const std::string& text);
+    /// A line for those who want to know more.
+    void explain(const std::string& text);
     void warning(const char* format, ...) override TAVO_PRINTF(2, 3);
     void error(const char* format, ...) override TAVO_PRINTF(2, 3);
     /// One diagnostic, with its line of the file below it. Without a file it is one of the program
@@ -50,16 +54,34 @@ public:
     void warnAbout(const std::string& file, const std::string& text);
     /// A warning or an error of the program itself.
     void warnOfProgram(const std::string& text);
-    void failProgram(const std::string& text);
+    void failProgram(const std::string& text, const std::string& hint = "");
 
 private:
     void reportFormatted(Severity severity, const char* format, std::va_list arguments);
+    void reportWithHint(const Diagnostic& diagnostic, const std::string& hint);
 
     Console& console_;
     Volume volume_;
     SourceLines sources_;
     unsigned errorCount_ = 0;
     unsigned warningCount_ = 0;
+};
+
+/// One step of a command, from the construction of the object on.
+class Step
+{
+public:
+    /// `what` says what was done, as in "read ecu.a2l".
+    Step(Diagnostics& diagnostics, std::string what);
+    /// Reports the step and its time, if somebody wants to know.
+    void finish();
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    Diagnostics& diagnostics_;
+    std::string what_;
+    Clock::time_point begin_;
 };
 
 } // namespace tavo

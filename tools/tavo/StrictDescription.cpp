@@ -58,11 +58,13 @@ ExitCode StrictDescription::read(Diagnostics& diagnostics)
 {
     checkFile();
     Progress progress(diagnostics.console(), file());
+    Step reading(diagnostics, "read " + file());
     const int status = runReader(file(), diagnostics, [&](PhA2l& reader) {
         if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
             reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
         return reader.readFile(&root_);
     });
+    reading.finish();
     if (status != 0)
         return ExitCode::DescriptionFailed;
     resolve(diagnostics);
@@ -108,7 +110,6 @@ int runReader(const std::string& file, Diagnostics& diagnostics,
     diagnostics.setLineEnds(LineEnds::LineFeed);
     PhA2l reader(file.c_str());
     reader.setLogger(&diagnostics);
-    reader.setVerbose(diagnostics.volume() == Volume::Verbose);
     errno = 0;
     const int status = operation(reader);
     if (status == -2)

@@ -42,15 +42,16 @@ ExitCode WideDescription::read(Diagnostics& diagnostics)
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
     if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
         reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
+    Step reading(diagnostics, "read " + file());
     const int status = reader.readFile(inventory_);
     if (status == -2)
         throw systemFailure(file(), errno);
     if (reader.readError() != 0)
         throw systemFailure(file(), reader.readError());
+    reading.finish();
     if (inventory_.adjustableLeafCount > 0)
-        diagnostics.message((std::to_string(inventory_.adjustableLeafCount) +
-                             " leaves of instances hold adjustable values and are not listed")
-                                .c_str());
+        diagnostics.explain(std::to_string(inventory_.adjustableLeafCount) +
+                            " leaves of instances hold adjustable values and are not listed");
     return status == 0 ? ExitCode::AllWell : ExitCode::DescriptionFailed;
 }
 

@@ -11,7 +11,7 @@ namespace tavo {
 namespace {
 
 /// A description with an error that the reading got over fails here, too.
-ExitCode checkOne(const std::string& file, const CheckOptions& options, Diagnostics& diagnostics)
+ExitCode checkOne(const std::string& file, const Options& options, Diagnostics& diagnostics)
 {
     const unsigned formerErrors = diagnostics.errorCount();
     const unsigned formerWarnings = diagnostics.warningCount();
@@ -38,7 +38,7 @@ ExitCode checkOne(const std::string& file, const CheckOptions& options, Diagnost
 
 } // namespace
 
-ExitCode check(const CheckOptions& options, Diagnostics& diagnostics)
+ExitCode check(const Options& options, Diagnostics& diagnostics)
 {
     ExitCode exitCode = ExitCode::AllWell;
     for (const std::string& file : options.files)

@@ -20,6 +20,13 @@ namespace {
 
 constexpr const char* standardOutput = "-";
 
+/// What is made of a description.
+enum class Product
+{
+    Configuration,
+    StrictDescription ///< For hosts of the strict library.
+};
+
 /// One description and where its configuration goes.
 struct Conversion
 {
@@ -40,15 +47,13 @@ std::string besideInput(const std::string& input, Product product)
     return fs::path(input).replace_extension(extension).string();
 }
 
-std::vector<Conversion> planForFolder(const ConvertOptions& options)
+std::vector<Conversion> planForFolder(const Options& options, Product product)
 {
-    std::vector<std::string> inputs = {options.input};
-    inputs.insert(inputs.end(), options.others.begin(), options.others.end());
     std::vector<Conversion> plan;
     std::set<fs::path> outputs;
-    for (const std::string& input : inputs) {
+    for (const std::string& input : options.files) {
         const fs::path output =
-            options.outputFolder / fs::path(besideInput(input, options.product)).filename();
+            options.outputFolder / fs::path(besideInput(input, product)).filename();
         if (!outputs.insert(output).second)
             throw Failure(ExitCode::Usage,
                           "Two descriptions would be written to " + output.string());
@@ -58,19 +63,20 @@ std::vector<Conversion> planForFolder(const ConvertOptions& options)
 }
 
 /// What is to be done, by the command line. Nothing has been touched yet.
-std::vector<Conversion> planOf(const ConvertOptions& options)
+std::vector<Conversion> planOf(const Options& options, Product product)
 {
     if (!options.outputFolder.empty())
-        return planForFolder(options);
-    if (options.others.empty())
-        return {{options.input, besideInput(options.input, options.product)}};
-    const std::string& output = options.others.front();
+        return planForFolder(options, product);
+    const std::string& input = options.files.front();
+    if (options.files.size() == 1)
+        return {{input, besideInput(input, product)}};
+    const std::string& output = options.files[1];
     // Two descriptions, from a wildcard for example, don't mean that the second one is to be
     // replaced.
-    const bool isSecond = options.product == Product::Configuration && looksLikeDescription(output);
-    if (options.others.size() > 1 || isSecond)
+    const bool isSecond = product == Product::Configuration && looksLikeDescription(output);
+    if (options.files.size() > 2 || isSecond)
         throw Failure(ExitCode::Usage, "Several descriptions need an --output-dir");
-    return {{options.input, output}};
+    return {{input, output}};
 }
 
 /// Throws a `Failure` that lists what can't be written.
@@ -93,7 +99,7 @@ void writeProduct(Description& description, Product product, ConfigurationStream
         writeNormalized(stream, description.inventory());
 }
 
-ExitCode convertOne(const Conversion& conversion, const ConvertOptions& options,
+ExitCode convertOne(const Conversion& conversion, const Options& options, Product product,
                     Diagnostics& diagnostics)
 {
     const bool toStandardOutput = conversion.output == standardOutput;
@@ -108,17 +114,19 @@ ExitCode convertOne(const Conversion& conversion, const ConvertOptions& options,
     if (options.warningsAreErrors && diagnostics.warningCount() > formerWarnings)
         throw Failure(ExitCode::DescriptionFailed,
                       conversion.input + ": Not converted because of its warnings");
-    if (options.product == Product::StrictDescription)
+    if (product == Product::StrictDescription)
         checkNormalized(*description, description->inventory());
     if (toStandardOutput) {
         StandardOutput output;
-        writeProduct(*description, options.product, output.stream());
+        writeProduct(*description, product, output.stream());
         output.finish();
         return exitCode;
     }
+    Step writing(diagnostics, "wrote " + conversion.output);
     OutputFile output(conversion.output, options.force);
-    writeProduct(*description, options.product, output.stream());
+    writeProduct(*description, product, output.stream());
     output.commit();
+    writing.finish();
     diagnostics.inform("Wrote " + conversion.output + ": " + summaryOf(description->inventory()));
     return exitCode;
 }
@@ -140,15 +148,14 @@ void createFolder(const std::string& folder)
         throw systemFailure(folder, error == std::errc::file_exists ? ENOTDIR : error.value());
 }
 
-} // namespace
-
-ExitCode convert(const ConvertOptions& options, Diagnostics& diagnostics)
+ExitCode convertAll(const Options& options, Product product, Diagnostics& diagnostics)
 {
-    const std::vector<Conversion> plan = planOf(options);
+    const std::vector<Conversion> plan = planOf(options, product);
     if (!options.outputFolder.empty())
         createFolder(options.outputFolder);
     const auto run = [&](const Conversion& conversion) {
-        return attempt(diagnostics, [&] { return convertOne(conversion, options, diagnostics); });
+        return attempt(diagnostics,
+                       [&] { return convertOne(conversion, options, product, diagnostics); });
     };
     ExitCode exitCode = ExitCode::AllWell;
     if (options.jobs <= 1 || plan.size() == 1) {
@@ -163,6 +170,18 @@ ExitCode convert(const ConvertOptions& options, Diagnostics& diagnostics)
     for (std::size_t number = 0; number < plan.size(); ++number)
         exitCode = worse(exitCode, exitCodeOf(plan[number], results[number], diagnostics));
     return exitCode;
+}
+
+} // namespace
+
+ExitCode convert(const Options& options, Diagnostics& diagnostics)
+{
+    return convertAll(options, Product::Configuration, diagnostics);
+}
+
+ExitCode normalize(const Options& options, Diagnostics& diagnostics)
+{
+    return convertAll(options, Product::StrictDescription, diagnostics);
 }
 
 } // namespace tavo

@@ -8,9 +8,9 @@
 
 namespace tavo {
 
-ExitCode list(const ListOptions& options, Diagnostics& diagnostics)
+ExitCode list(const Options& options, Diagnostics& diagnostics)
 {
-    const auto description = Description::make(options.file, options.dialect);
+    const auto description = Description::make(options.files.front(), options.dialect);
     const ExitCode exitCode = description->read(diagnostics);
     if (exitCode != ExitCode::AllWell)
         return exitCode;
@@ -22,6 +22,7 @@ ExitCode list(const ListOptions& options, Diagnostics& diagnostics)
         return isMatch;
     };
     const Inventory& inventory = description->inventory();
+    Step listing(diagnostics, "listed " + description->file());
     StandardOutput output;
     switch (options.format) {
     case ListFormat::Table:
@@ -35,6 +36,7 @@ ExitCode list(const ListOptions& options, Diagnostics& diagnostics)
         break;
     }
     output.finish();
+    listing.finish();
     if (!isAnyChosen && options.pattern != "*")
         diagnostics.warnOfProgram("No name matches '" + options.pattern + "'");
     return exitCode;

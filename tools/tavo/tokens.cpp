@@ -14,19 +14,30 @@ class TokenPrinter : public Diagnostics
 public:
     using Diagnostics::Diagnostics;
 
-    void message(const char* text) override { output_.stream().put(text); }
+    void message(const char* text) override;
     void finish() { output_.finish(); }
 
 private:
     StandardOutput output_;
+    bool isInTokens_ = false;
 };
+
+/// A token comes in pieces, of which the line end is the last. The first line is a heading, and the
+/// last token, the only one without quotes that is a word, stands for the end of the file.
+void TokenPrinter::message(const char* text)
+{
+    const std::string_view piece = text;
+    if (isInTokens_ && piece != "EOF")
+        output_.stream().put(piece);
+    isInTokens_ = piece != "EOF";
+}
 
 } // namespace
 
-ExitCode printTokens(const std::string& file, Console& console, Volume volume)
+ExitCode printTokens(const Options& options, Diagnostics& diagnostics)
 {
-    TokenPrinter printer(console, volume);
-    runReader(file, printer, [](PhA2l& reader) { return reader.print_tokens(); });
+    TokenPrinter printer(diagnostics.console(), options.volume);
+    runReader(options.files.front(), printer, [](PhA2l& reader) { return reader.print_tokens(); });
     printer.finish();
     return printer.errorCount() == 0 ? ExitCode::AllWell : ExitCode::DescriptionFailed;
 }

@@ -7,8 +7,18 @@ _tavo_files() {
 
 _tavo() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local command=${COMP_WORDS[1]} options="--help --quiet --verbose"
+    local commands="convert normalize check list tokens help"
+    local command="" word options="--quiet --verbose --color --help"
     COMPREPLY=()
+    # Options may stand before the command.
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD - 1}"; do
+        case " $commands " in
+        *" $word "*)
+            command=$word
+            break
+            ;;
+        esac
+    done
     # --option=value comes as three words.
     if [ "$current" = "=" ]; then
         current=
@@ -16,11 +26,11 @@ _tavo() {
         previous=${COMP_WORDS[COMP_CWORD - 2]}
     fi
 
-    if [ "$COMP_CWORD" -eq 1 ]; then
-        mapfile -t COMPREPLY < <(compgen -W "convert normalize check list tokens --help --version" -- "$current")
-        return
-    fi
     case "$previous" in
+    --color)
+        mapfile -t COMPREPLY < <(compgen -W "auto always never" -- "$current")
+        return
+        ;;
     --output-dir | -d)
         compopt -o filenames 2>/dev/null
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
@@ -40,7 +50,14 @@ _tavo() {
     check) options+=" --strict --werror" ;;
     list) options+=" --format --match --strict" ;;
     tokens) ;;
-    *) return ;;
+    help)
+        mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
+        return
+        ;;
+    *)
+        mapfile -t COMPREPLY < <(compgen -W "$commands $options --version" -- "$current")
+        return
+        ;;
     esac
     case "$current" in
     -*) mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current") ;;

@@ -1,0 +1,164 @@
+#include "optionTable.h"
+
+#include "commands.h"
+
+#include <charconv>
+#include <cstdint>
+
+namespace tavo {
+
+namespace {
+
+constexpr CommandSet onConvert = 1U << 0U;
+constexpr CommandSet onNormalize = 1U << 1U;
+constexpr CommandSet onCheck = 1U << 2U;
+constexpr CommandSet onList = 1U << 3U;
+constexpr CommandSet onTokens = 1U << 4U;
+constexpr CommandSet onAll = ~CommandSet{0};
+constexpr std::size_t any = SIZE_MAX;
+
+/// The number of a choice is that of its enumerator.
+template <class Enumeration> Enumeration chosen(std::string_view choices, const std::string& value)
+{
+    return static_cast<Enumeration>(choiceNumber(choices, value));
+}
+
+void setVolume(Options& options, Volume volume)
+{
+    if (options.volume != Volume::Normal && options.volume != volume)
+        throw BadValue("--quiet and --verbose exclude each other");
+    options.volume = volume;
+}
+
+constexpr unsigned mostJobs = 256;
+constexpr const char* colorChoices = "auto always never";
+constexpr const char* listFormats = "table csv json";
+
+constexpr CommandRow commands[] = {
+    {"convert", onConvert, "Write the configuration of a description",
+     "convert [OPTIONS] INPUT [OUTPUT]\nconvert [OPTIONS] --output-dir DIR INPUT...",
+     R"(  INPUT                   A description
+  OUTPUT                  Where its configuration goes, '-' for the standard output
+)",
+     R"(An existing file is replaced with --force only, and only once the description
+was read and its configuration is complete. What a configuration can't say is
+worth a warning.
+
+Examples:
+  tavo convert ecu.a2l                       writes ecu.ini
+  tavo convert ecu.a2l out/engine.ini
+  tavo convert --strict ecu.a2l              as the strict library does it
+  tavo convert ecu.a2l - | less
+  tavo convert -f -j 4 -d out *.a2l          writes out/*.ini, four at a time
+)",
+     any, convert},
+    {"normalize", onNormalize, "Write a description that the strict library reads",
+     "normalize [OPTIONS] INPUT [OUTPUT]\nnormalize [OPTIONS] --output-dir DIR INPUT...",
+     R"(  INPUT                   A description
+  OUTPUT                  Where the strict description goes, '-' for the standard output
+)",
+     R"(The strict library converts what is written to the configuration that 'tavo convert'
+writes of the input. What a configuration can't express is left out, with a warning.
+
+Examples:
+  tavo normalize ecu.a2l                     writes ecu.strict.a2l
+  tavo normalize ecu.a2l out/ecu.a2l
+  tavo normalize -f -d out *.a2l             writes out/*.strict.a2l
+)",
+     any, normalize},
+    {"check", onCheck, "Report what descriptions hold and what is wrong", "check [OPTIONS] FILE...",
+     "  FILE                    A description\n",
+     R"(With --strict, a warning for each value that strict reading changes.
+
+Examples:
+  tavo check ecu.a2l
+  tavo check --strict ecu.a2l
+  tavo check --quiet --werror *.a2l || echo 'something is wrong'
+)",
+     any, check},
+    {"list", onList, "Show the interfaces, sources and measurements of a description",
+     "list [OPTIONS] FILE", "  FILE                    The description\n",
+     R"(In a PATTERN, * stands for any text, ? for any character and [a-z] for one of a
+set; \ takes the meaning away from the character after it.
+
+Examples:
+  tavo list ecu.a2l --match 'Eng*'
+  tavo list ecu.a2l --format csv > ecu.csv
+  tavo list ecu.a2l --format json | jq '.measurements[] | {name, address}'
+)",
+     1, list},
+    {"tokens", onTokens, "Print the tokens of a description, one a line", "tokens [OPTIONS] FILE",
+     "  FILE                    The description\n",
+     R"(The tokens are those that the strict library reads.
+
+Example:
+  tavo tokens ecu.a2l | head
+)",
+     1, printTokens},
+};
+
+constexpr OptionRow options[] = {
+    {'d', "output-dir", "DIR", nullptr, onConvert | onNormalize,
+     "Write to this folder, which is made if missing",
+     [](Options& o, const std::string& value) { o.outputFolder = value; }},
+    {'f', "force", nullptr, nullptr, onConvert | onNormalize, "Replace existing files",
+     [](Options& o, const std::string&) { o.force = true; }},
+    {'j', "jobs", "N", nullptr, onConvert | onNormalize, "Convert N descriptions at a time",
+     [](Options& o, const std::string& value) {
+         const char* const end = value.data() + value.size();
+         const auto [stop, error] = std::from_chars(value.data(), end, o.jobs);
+         if (error != std::errc() || stop != end || o.jobs < 1 || o.jobs > mostJobs)
+             throw BadValue("'" + value + "' is no number from 1 to " + std::to_string(mostJobs));
+     }},
+    {0, "format", "FORMAT", listFormats, onList, "table, csv or json",
+     [](Options& o, const std::string& value) {
+         o.format = chosen<ListFormat>(listFormats, value);
+     }},
+    {0, "match", "PATTERN", nullptr, onList, "Show only names that match the pattern",
+     [](Options& o, const std::string& value) { o.pattern = value; }},
+    {0, "strict", nullptr, nullptr, onConvert | onCheck | onList,
+     "Read exactly what the strict library reads",
+     [](Options& o, const std::string&) { o.dialect = Dialect::Strict; }},
+    {0, "werror", nullptr, nullptr, onConvert | onNormalize,
+     "Write nothing if there is a warning, and end with 1",
+     [](Options& o, const std::string&) { o.warningsAreErrors = true; }},
+    {0, "werror", nullptr, nullptr, onCheck, "End with 1 if there is a warning",
+     [](Options& o, const std::string&) { o.warningsAreErrors = true; }},
+    {'q', "quiet", nullptr, nullptr, onAll, "Show errors only",
+     [](Options& o, const std::string&) { setVolume(o, Volume::Quiet); }},
+    {'v', "verbose", nullptr, nullptr, onAll, "Show each case of a warning, and each step's time",
+     [](Options& o, const std::string&) { setVolume(o, Volume::Verbose); }},
+    {0, "color", "WHEN", colorChoices, onAll, "auto (on a terminal), always or never",
+     [](Options& o, const std::string& value) {
+         o.colors = chosen<ColorChoice>(colorChoices, value);
+     }},
+    {'h', "help", nullptr, nullptr, onAll, "Show this help",
+     [](Options&, const std::string&) {}}, // the command line itself obeys it
+};
+
+} // namespace
+
+std::span<const CommandRow> commandRows() { return commands; }
+std::span<const OptionRow> optionRows() { return options; }
+
+const CommandRow* findCommand(std::string_view name)
+{
+    for (const CommandRow& row : commands)
+        if (row.name == name)
+            return &row;
+    return nullptr;
+}
+
+std::size_t choiceNumber(std::string_view choices, std::string_view value)
+{
+    std::size_t number = 0;
+    std::size_t found = 0;
+    forEachChoice(choices, [&](std::string_view choice) {
+        if (choice == value)
+            found = number;
+        ++number;
+    });
+    return found;
+}
+
+} // namespace tavo

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Console.h"
+#include "Description.h"
+#include "Diagnostics.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tavo {
+
+enum class ListFormat : std::uint8_t
+{
+    Table,
+    Csv,
+    Json
+};
+
+/// What the command line asks for. Each command reads what its rows of the table of options set
+/// (optionTable.cpp), and leaves the rest alone.
+struct Options
+{
+    // All commands.
+    std::vector<std::string> files; ///< The arguments after the command, at least one.
+    Volume volume = Volume::Normal;
+    ColorChoice colors = ColorChoice::Auto;
+
+    // What is read, and how strictly it is judged.
+    Dialect dialect = Dialect::Wide;
+    bool warningsAreErrors = false; ///< Writes nothing if there is a warning.
+
+    // convert and normalize
+    std::string outputFolder; ///< "" if there is none: `files` are an input and maybe an output.
+    bool force = false;       ///< Replaces existing files.
+    unsigned jobs = 1;
+
+    // list
+    ListFormat format = ListFormat::Table;
+    std::string pattern = "*";
+};
+
+} // namespace tavo
