@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks that a listing holds all that a configuration says, for all descriptions that have one, and
-that each listing is what its schema says.
+that each listing is what its schema says. With one FOLDER that holds `old.a2l` and `new.a2l`, the same of
+what differs between the two, which `diff.txt` has as a text.
 
 usage: listings.py PROGRAM SCHEMA FOLDER...      FOLDER holds NAME.a2l with NAME.ini or NAME.json
 """
@@ -135,7 +136,26 @@ class Listings:
         return listing
 
 
+def check_differences(program, schema, folder):
+    differences = Listings(program, schema)
+    command = [program, "diff", folder / "old.a2l", folder / "new.a2l"]
+    run = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    assert run.stdout == (folder / "diff.txt").read_bytes() and run.returncode == 1, run.stdout
+    run = subprocess.run([*command, "--format=json"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+    found = json.loads(run.stdout)
+    differences.validator.validate(found)
+    lines = (folder / "diff.txt").read_text().splitlines()[:-1]
+    for row, line in zip(found["differences"], lines, strict=True):
+        assert line.split()[:2] == [row["change"], row["kind"]] and row["name"] in line, line
+        for name in row.get("values", ()):
+            assert name.removesuffix("_ns") in line, (line, name)
+    assert differences.names == names_in(found), differences.names ^ names_in(found)
+
+
 def main(program, schema, *folders):
+    if (Path(folders[0]) / "old.a2l").exists():
+        check_differences(program, json.loads(Path(schema).read_text()), Path(folders[0]))
+        return
     listings = Listings(program, json.loads(Path(schema).read_text()))
     found = [path for folder in folders for path in sorted(Path(folder).glob("*.*"))]
     configurations = [path for path in found if path.suffix == ".ini"]

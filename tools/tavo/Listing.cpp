@@ -169,6 +169,19 @@ Cell periodCell(const Source& source)
     return isInteger ? Cell(static_cast<std::int64_t>(*period)) : Cell(*period);
 }
 
+std::string periodText(double period)
+{
+    constexpr std::pair<double, const char*> units[] = {
+        {1e9, " s"}, {1e6, " ms"}, {1e3, " us"}, {1.0, " ns"}};
+    for (const auto& [size, name] : units)
+        if (std::fabs(period) >= size || size == 1.0) {
+            char digits[32];
+            char* const end = std::to_chars(digits, digits + sizeof digits, period / size).ptr;
+            return std::string(digits, end) + name;
+        }
+    return {};
+}
+
 std::optional<std::string_view> conversionName(const Inventory& inventory, const Quantity& quantity)
 {
     if (quantity.methodName == noIndex)

@@ -1,28 +1,18 @@
 #pragma once
 
+#include "Cell.h"
 #include "Glob.h"
 #include "inventory/Inventory.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace tavo {
 
-/// An address or the like: a bit pattern, which people read in hexadecimal.
-struct Pattern
-{
-    std::uint64_t bits;
-};
-
-/// A cell of a listing. A text is valid UTF-8; nothing at all says that there is
-/// no such thing.
-using Cell = std::variant<std::monostate, std::string, std::int64_t, double, Pattern>;
 using Row = std::vector<Cell>;
 
 /// What a column is called, and whether the short form for eyes has it.
@@ -55,6 +45,8 @@ std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChose
 Cell patternCell(const Pattern64& pattern);
 /// The time from one sample to the next in nanoseconds, as an integer if it is one, or nothing.
 Cell periodCell(const Source& source);
+/// The same in the unit that people would use: "10 ms", "2.5 s". `period` is in nanoseconds.
+std::string periodText(double period);
 /// The name of the conversion of a quantity, which may be defined nowhere; nothing if there is
 /// none.
 std::optional<std::string_view> conversionName(const Inventory& inventory,

@@ -38,9 +38,9 @@ int show(std::FILE* lines)
 
 } // namespace
 
-StandardOutput::StandardOutput()
+StandardOutput::StandardOutput(Content content)
 {
-    if (isTerminal(stdout)) {
+    if (content == Content::Bytes && isTerminal(stdout)) {
         scratch_ = createScratchFile();
         if (!scratch_)
             throw systemFailure(name, errno);

@@ -14,8 +14,14 @@ namespace tavo {
 class StandardOutput
 {
 public:
+    enum class Content
+    {
+        Bytes,   ///< Of a description.
+        Harmless ///< To a terminal, which gets them as they are, with their colors.
+    };
+
     /// Throws a `Failure` if there is no place for what a terminal is to show.
-    StandardOutput();
+    explicit StandardOutput(Content content = Content::Bytes);
     ~StandardOutput();
     StandardOutput(const StandardOutput&) = delete;
     StandardOutput& operator=(const StandardOutput&) = delete;

@@ -18,7 +18,7 @@ constexpr const char* programNotes = R"(Examples:
 
 Exit codes:
   0  all is well
-  1  a description is faulty, or has a warning and --werror is given
+  1  a description is faulty, or has a warning and --werror is given, or differs
   2  the command line is wrong
   3  a file can't be read or written
 Of several files, the highest code counts.

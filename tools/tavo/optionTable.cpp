@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cstdint>
+#include <sstream>
 
 namespace tavo {
 
@@ -13,7 +14,8 @@ constexpr CommandSet onConvert = 1U << 0U;
 constexpr CommandSet onNormalize = 1U << 1U;
 constexpr CommandSet onCheck = 1U << 2U;
 constexpr CommandSet onList = 1U << 3U;
-constexpr CommandSet onTokens = 1U << 4U;
+constexpr CommandSet onDiff = 1U << 4U;
+constexpr CommandSet onTokens = 1U << 5U;
 constexpr CommandSet onAll = ~CommandSet{0};
 constexpr std::size_t any = SIZE_MAX;
 
@@ -33,6 +35,27 @@ void setVolume(Options& options, Volume volume)
 constexpr unsigned mostJobs = 256;
 constexpr const char* colorChoices = "auto always never";
 constexpr const char* listFormats = "table csv json";
+constexpr const char* diffFormats = "text json";
+constexpr const char* changeWords = "added gone renamed moved changed";
+
+/// From a list of words with commas between them.
+ChangeSet changesOf(const std::string& value)
+{
+    ChangeSet changes{};
+    std::istringstream words(value);
+    for (std::string word; std::getline(words, word, ',');) {
+        std::size_t number = 0;
+        std::size_t found = changeCount;
+        forEachChoice(changeWords, [&](std::string_view choice) {
+            found = choice == word ? number : found;
+            ++number;
+        });
+        if (found == changeCount)
+            throw BadValue("'" + word + "' is not added, gone, renamed, moved or changed");
+        changes[found] = true;
+    }
+    return changes;
+}
 
 constexpr CommandRow commands[] = {
     {"convert", onConvert, "Write the configuration of a description",
@@ -87,6 +110,18 @@ Examples:
   tavo list ecu.a2l --format json | jq '.measurements[] | {name, address}'
 )",
      1, list},
+    {"diff", onDiff, "Show what differs between two descriptions", "diff [OPTIONS] OLD NEW",
+     "  OLD, NEW                Two descriptions of the same ECU\n",
+     R"(Ends with 0 if there is no difference, and with 1 if there is one. A description
+that is faulty ends it with 3.
+
+Examples:
+  tavo diff v1.a2l v2.a2l
+  tavo diff v1.a2l v2.a2l --only renamed,moved
+  tavo diff v1.a2l v2.a2l --format json | jq '.counts'
+  tavo diff -q v1.a2l v2.a2l && echo 'nothing to do'
+)",
+     2, diff},
     {"tokens", onTokens, "Print the tokens of a description, one a line", "tokens [OPTIONS] FILE",
      "  FILE                    The description\n",
      R"(The tokens are those that the strict library reads.
@@ -114,9 +149,16 @@ constexpr OptionRow options[] = {
      [](Options& o, const std::string& value) {
          o.format = chosen<ListFormat>(listFormats, value);
      }},
+    {0, "format", "FORMAT", diffFormats, onDiff, "text or json",
+     [](Options& o, const std::string& value) {
+         o.diffFormat = chosen<DiffFormat>(diffFormats, value);
+     }},
+    {0, "only", "CHANGES", nullptr, onDiff,
+     "Show and count only these: added, gone, renamed, moved, changed",
+     [](Options& o, const std::string& value) { o.shownChanges = changesOf(value); }},
     {0, "match", "PATTERN", nullptr, onList, "Show only names that match the pattern",
      [](Options& o, const std::string& value) { o.pattern = value; }},
-    {0, "strict", nullptr, nullptr, onConvert | onCheck | onList,
+    {0, "strict", nullptr, nullptr, onConvert | onCheck | onList | onDiff,
      "Read exactly what the strict library reads",
      [](Options& o, const std::string&) { o.dialect = Dialect::Strict; }},
     {0, "werror", nullptr, nullptr, onConvert | onNormalize,

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Description.h"
 #include "Diagnostics.h"
+#include "differences.h"
 
 #include <cstdint>
 #include <string>
@@ -14,6 +15,12 @@ enum class ListFormat : std::uint8_t
 {
     Table,
     Csv,
+    Json
+};
+
+enum class DiffFormat : std::uint8_t
+{
+    Text,
     Json
 };
 
@@ -38,6 +45,10 @@ struct Options
     // list
     ListFormat format = ListFormat::Table;
     std::string pattern = "*";
+
+    // diff
+    DiffFormat diffFormat = DiffFormat::Text;
+    ChangeSet shownChanges = allChanges;
 };
 
 } // namespace tavo

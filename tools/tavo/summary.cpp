@@ -5,9 +5,6 @@
 
 namespace tavo {
 
-namespace {
-
-/// With a comma between groups of three digits.
 std::string grouped(std::uint64_t number)
 {
     std::string digits = std::to_string(number);
@@ -15,8 +12,6 @@ std::string grouped(std::uint64_t number)
         digits.insert(place -= 3, 1, ',');
     return digits;
 }
-
-} // namespace
 
 std::string counted(std::uint64_t count, const char* noun)
 {

@@ -7,6 +7,8 @@ namespace tavo {
 
 class Inventory;
 
+/// "1,204": with a comma between groups of three digits.
+std::string grouped(std::uint64_t number);
 /// "2 sources", "1,204 sources"
 std::string counted(std::uint64_t count, const char* noun);
 

@@ -7,7 +7,7 @@ _tavo_files() {
 
 _tavo() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands="convert normalize check list tokens help"
+    local commands="convert normalize check list diff tokens help"
     local command="" word options="--quiet --verbose --color --help"
     COMPREPLY=()
     # Options may stand before the command.
@@ -37,7 +37,15 @@ _tavo() {
         return
         ;;
     --format)
-        mapfile -t COMPREPLY < <(compgen -W "table csv json" -- "$current")
+        if [ "$command" = diff ]; then
+            mapfile -t COMPREPLY < <(compgen -W "text json" -- "$current")
+        else
+            mapfile -t COMPREPLY < <(compgen -W "table csv json" -- "$current")
+        fi
+        return
+        ;;
+    --only)
+        mapfile -t COMPREPLY < <(compgen -W "added gone renamed moved changed" -- "$current")
         return
         ;;
     --jobs | -j | --match)
@@ -49,6 +57,7 @@ _tavo() {
     normalize) options+=" --force --output-dir --jobs --werror" ;;
     check) options+=" --strict --werror" ;;
     list) options+=" --format --match --strict" ;;
+    diff) options+=" --format --only --strict" ;;
     tokens) ;;
     help)
         mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
