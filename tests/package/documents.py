@@ -9,7 +9,8 @@ examples  Each `a2l` block converts to the `ini` block that follows it, and each
           program reads a block marked `wide` and a description with a listing (`.json`) next to it,
           which the library refuses.
 commands  Each `sh` block marked `run` runs in a folder with the examples, the build, and a home of its
-          own; every other line of an `sh` block is a command of .ci/run.
+          own, and writes the configurations that the examples have, in docs/many-files.md all of them;
+          every other line of an `sh` block is a command of .ci/run.
 failures  Each row of a table with a column "Message" has the message that it shows, in the page of the
           strict dialect from the library, in the others from the program; and each row of a table with
           a column "Wide writes" is what both dialects make of its text.
@@ -138,6 +139,16 @@ def check_examples(sources, folder):
     return count
 
 
+def check_written(document, folder, examples):
+    written = {path.name: path.read_bytes() for path in folder.rglob("*.ini")}
+    expected = {path.name: path.read_bytes() for path in examples.glob("*.ini")}
+    for name, content in written.items():
+        if content != expected[name]:
+            fail(f"{document.name}: {name} isn't that of the example")
+    if document.stem == "many-files" and written.keys() != expected.keys():
+        fail(f"{document.name}: it doesn't write all configurations")
+
+
 def check_commands(sources, folder):
     count = 0
     known = set((sources / ".ci/run").read_text().split("\n"))
@@ -147,6 +158,8 @@ def check_commands(sources, folder):
                 count += 1
                 copy = folder / f"{document.stem}{count}"
                 shutil.copytree(sources / "examples", copy / "examples")
+                for written in copy.rglob("*.ini"):
+                    written.unlink()
                 (copy / "build").mkdir()
                 (copy / "build/release").symlink_to(Path(CONVERTER).parent.parent)
                 run = subprocess.run(["bash", "-euxo", "pipefail", "-c", text], cwd=copy, text=True,
@@ -154,6 +167,7 @@ def check_commands(sources, folder):
                                      stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
                 if run.returncode != 0:
                     fail(f"{document.name}: {run.stdout}")
+                check_written(document, copy, sources / "examples")
             elif kind == "sh":
                 for line in text.splitlines():
                     command = line.partition("#")[0].strip()
