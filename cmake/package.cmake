@@ -23,7 +23,7 @@ foreach(component IN ITEMS tavo libtavo-dev)
     DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT ${component})
   install(
     FILES docs/dialect-strict.md docs/dialect-wide.md docs/output-format.md docs/embedding.md
-      docs/csharp.md docs/many-files.md docs/performance.md docs/reliability.md
+      docs/csharp.md docs/many-files.md docs/page.md docs/performance.md docs/reliability.md
       docs/listing.schema.json docs/differences.schema.json
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT ${component})
   install(FILES python/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/python COMPONENT ${component})

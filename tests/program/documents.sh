@@ -41,7 +41,7 @@ expect() {
 plain_page=$(sed 's/\\-/-/g; s/ ", " /,/' "$page")
 zsh=$(cat "$2/completion/_tavo")
 all=
-for command in '' convert normalize check list diff tokens; do
+for command in '' convert normalize check list diff page tokens; do
     # shellcheck disable=SC2086 # No command is no word.
     shown=$("$program" $command --help | sed -n '/^Options:/,/^$/p')
     all+=$shown
@@ -57,7 +57,7 @@ for text in "$plain_page" "$zsh"; do
     unknown=$(comm -13 <(options_in "$all") <(options_in "$text"))
     [ -z "$unknown" ] || fail "no option of the program: $unknown"
 done
-expect "--color --help --quiet --verbose --version check convert diff help list normalize tokens" tavo ""
+expect "--color --help --quiet --verbose --version check convert diff help list normalize page tokens" tavo ""
 expect "normalize" tavo --color never -q n
 expect "never" tavo --color n
 

@@ -2,6 +2,7 @@
 
 #include "text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -15,7 +16,10 @@ void JsonWriter::clear()
 
 void JsonWriter::value(std::string_view text)
 {
-    const std::string valid = toUtf8(text);
+    const bool isAscii =
+        std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
+    const std::string made = isAscii ? std::string() : toUtf8(text);
+    const std::string_view valid = isAscii ? text : made;
     writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
 }
 

@@ -14,6 +14,7 @@ ExitCode normalize(const Options& options, Diagnostics& diagnostics);
 ExitCode check(const Options& options, Diagnostics& diagnostics);
 ExitCode list(const Options& options, Diagnostics& diagnostics);
 ExitCode diff(const Options& options, Diagnostics& diagnostics);
+ExitCode page(const Options& options, Diagnostics& diagnostics);
 ExitCode printTokens(const Options& options, Diagnostics& diagnostics);
 
 /// Does the work on one of several files. A `Failure` is reported and becomes an exit code, so that

@@ -15,7 +15,8 @@ constexpr CommandSet onNormalize = 1U << 1U;
 constexpr CommandSet onCheck = 1U << 2U;
 constexpr CommandSet onList = 1U << 3U;
 constexpr CommandSet onDiff = 1U << 4U;
-constexpr CommandSet onTokens = 1U << 5U;
+constexpr CommandSet onPage = 1U << 5U;
+constexpr CommandSet onTokens = 1U << 6U;
 constexpr CommandSet onAll = ~CommandSet{0};
 constexpr std::size_t any = SIZE_MAX;
 
@@ -122,6 +123,20 @@ Examples:
   tavo diff -q v1.a2l v2.a2l && echo 'nothing to do'
 )",
      2, diff},
+    {"page", onPage, "Write a page to look at a description with a browser",
+     "page [OPTIONS] FILE [PAGE]\npage [OPTIONS] OLD NEW [PAGE]",
+     R"(  FILE                    The description
+  OLD, NEW                Two descriptions, of which the page also shows what differs
+  PAGE                    Where the page goes, a name in .html or '-' for the standard output
+)",
+     R"(The page is one file that needs nothing else, no network either.
+
+Examples:
+  tavo page ecu.a2l                          writes ecu.html
+  tavo page --force ecu.a2l out/engine.html
+  tavo page v1.a2l v2.a2l changes.html
+)",
+     3, page},
     {"tokens", onTokens, "Print the tokens of a description, one a line", "tokens [OPTIONS] FILE",
      "  FILE                    The description\n",
      R"(The tokens are those that the strict library reads.
@@ -136,7 +151,7 @@ constexpr OptionRow options[] = {
     {'d', "output-dir", "DIR", nullptr, onConvert | onNormalize,
      "Write to this folder, which is made if missing",
      [](Options& o, const std::string& value) { o.outputFolder = value; }},
-    {'f', "force", nullptr, nullptr, onConvert | onNormalize, "Replace existing files",
+    {'f', "force", nullptr, nullptr, onConvert | onNormalize | onPage, "Replace existing files",
      [](Options& o, const std::string&) { o.force = true; }},
     {'j', "jobs", "N", nullptr, onConvert | onNormalize, "Convert N descriptions at a time",
      [](Options& o, const std::string& value) {
@@ -158,7 +173,7 @@ constexpr OptionRow options[] = {
      [](Options& o, const std::string& value) { o.shownChanges = changesOf(value); }},
     {0, "match", "PATTERN", nullptr, onList, "Show only names that match the pattern",
      [](Options& o, const std::string& value) { o.pattern = value; }},
-    {0, "strict", nullptr, nullptr, onConvert | onCheck | onList | onDiff,
+    {0, "strict", nullptr, nullptr, onConvert | onCheck | onList | onDiff | onPage,
      "Read exactly what the strict library reads",
      [](Options& o, const std::string&) { o.dialect = Dialect::Strict; }},
     {0, "werror", nullptr, nullptr, onConvert | onNormalize,

@@ -7,7 +7,7 @@ _tavo_files() {
 
 _tavo() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands="convert normalize check list diff tokens help"
+    local commands="convert normalize check list diff page tokens help"
     local command="" word options="--quiet --verbose --color --help"
     COMPREPLY=()
     # Options may stand before the command.
@@ -58,6 +58,7 @@ _tavo() {
     check) options+=" --strict --werror" ;;
     list) options+=" --format --match --strict" ;;
     diff) options+=" --format --only --strict" ;;
+    page) options+=" --force --strict" ;;
     tokens) ;;
     help)
         mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
