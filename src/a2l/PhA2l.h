@@ -6,6 +6,7 @@
 #include "model/enumerations.h"
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace tavo {
@@ -55,6 +56,9 @@ public:
     /// bytes, and so is the line printed without a logger.
     virtual void warning(const char* format, ...) TAVO_PRINTF(2, 3);
     virtual void error(const char* format, ...) TAVO_PRINTF(2, 3);
+
+    /// Makes the reader read from memory, which outlives the reading. The file is only a name then.
+    void useMemory(std::string_view description) { memory_ = description; }
 
     /// Logs the file's tokens, one a line, and builds nothing. Results as of `readFile`.
     int print_tokens();
@@ -179,7 +183,8 @@ private:
     int parseXcpDaqList();
     int parseXcpEvent(PhCommParam* commParam);
 
-    Lexer lexer_; ///< Open during `readFile` and `print_tokens` only.
+    Lexer lexer_;                            ///< Open during `readFile` and `print_tokens` only.
+    std::optional<std::string_view> memory_; ///< What is read if it isn't the file.
     /// Names that were given lately, by their hash: objects of one name share its text.
     PhString sharedNames_[1024];
     /// Default of the types and comm params made from here on: the last BYTE_ORDER of a MOD_COMMON.

@@ -14,6 +14,10 @@ int PhA2l::openFile()
 {
     if (!fileName())
         return -1;
+    if (memory_) {
+        lexer_.openMemory(*memory_);
+        return 0;
+    }
     return lexer_.open(fileName()) ? 0 : -2;
 }
 

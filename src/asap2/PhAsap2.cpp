@@ -44,7 +44,7 @@ int PhAsap2::readFile(Inventory& inventory)
 
 int PhAsap2::read(std::string_view description, Inventory& inventory)
 {
-    return readWith([&](Scanner& scanner) { scanner.use(description); }, inventory);
+    return readWith([&](Scanner& scanner) { scanner.use(description, path_); }, inventory);
 }
 
 } // namespace tavo

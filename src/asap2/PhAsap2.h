@@ -21,7 +21,7 @@ struct Place;
 class PhAsap2
 {
 public:
-    /// `path` is the description's, null if it is in memory.
+    /// `path` is the description's; null for one in memory without a name.
     explicit PhAsap2(const char* path) : path_(path ? path : "") {}
     PhAsap2(const PhAsap2&) = delete;
     PhAsap2& operator=(const PhAsap2&) = delete;
@@ -29,7 +29,8 @@ public:
     /// Reads the file. 0 for success; -1 if the reading ended at an error, with what was read so
     /// far left in `inventory`; -2, with `errno`, if the file can't be opened.
     int readFile(Inventory& inventory);
-    /// The same with a description in memory. Never -2.
+    /// The same with a description in memory, where the path is only a name, and next to which
+    /// included files are. Never -2.
     int read(std::string_view description, Inventory& inventory);
 
     /// The sink of warnings and errors, not owned. Null, as at first, is the standard output.

@@ -35,8 +35,9 @@ public:
 
     /// Opens the description, and no token is current yet. Throws an `OpenFailure`.
     void open(const std::string& path, SourceFile::Watch watch);
-    /// The same with a description in memory, which outlives the scanner. It has the name "".
-    void use(std::string_view description);
+    /// The same with a description in memory, which outlives the scanner. The path is its name, and
+    /// where included files are looked for.
+    void use(std::string_view description, const std::string& path = "");
 
     Token token() const { return token_; }
     /// What the current word or text says; a text without its quotes and with its escapes resolved.

@@ -44,11 +44,12 @@ void Scanner::open(const std::string& path, SourceFile::Watch watch)
     start(std::move(input));
 }
 
-void Scanner::use(std::string_view description)
+void Scanner::use(std::string_view description, const std::string& path)
 {
     auto input = std::make_unique<Input>();
+    input->path = path;
     input->file.use(description.data(), description.size());
-    fileNames_.assign(1, "");
+    fileNames_.assign(1, path);
     start(std::move(input));
 }
 

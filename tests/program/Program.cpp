@@ -70,6 +70,8 @@ void ProgramTest::becomeProgram(const std::string& words) const
 {
     if (chdir(path("").c_str()) != 0)
         std::_Exit(99);
+    if (!standardInput_.empty())
+        dup2(open(path(standardInput_).c_str(), O_RDONLY), STDIN_FILENO);
     if (!standardOutput_.empty())
         dup2(open(standardOutput_.c_str(), O_WRONLY), STDOUT_FILENO);
     if (fileSizeLimit_ > 0) {

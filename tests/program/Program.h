@@ -36,6 +36,7 @@ protected:
                     const std::function<void(pid_t)>& meanwhile = {}) const;
 
     std::vector<std::string> environment_; ///< Added variables, as NAME=VALUE.
+    std::string standardInput_;            ///< A file in the folder to read from.
     std::string standardOutput_;           ///< A file to write to, instead of `ProgramRun::out`.
     bool onTerminal_ = false;              ///< The standard error is a terminal, else a pipe.
     unsigned long fileSizeLimit_ = 0;      ///< A write beyond it fails; 0 for none.

@@ -111,7 +111,7 @@ TEST_F(CommandLineTest, AWrongCommandLineIsExplained)
         {"list good.a2l --format=cvs", "--format: 'cvs' is not table, csv or json",
          "did you mean 'csv'?"},
         {"list good.a2l --format xml", "--format: 'xml' is not table, csv or json", seeList},
-        {"tokens good.a2l bad.a2l", "One description is enough, 'bad.a2l' is one too many",
+        {"tokens good.a2l bad.a2l", "'bad.a2l' is one argument too many",
          "'tavo tokens --help' shows what there is"},
     };
     for (const auto& c : cases) {

@@ -1,12 +1,9 @@
 #include "Description.h"
 
 #include "Diagnostics.h"
+#include "Input.h"
 #include "base/Notices.h"
 #include "daq/losses.h"
-
-#include <cerrno>
-#include <filesystem>
-#include <system_error>
 
 namespace tavo {
 
@@ -15,16 +12,50 @@ std::unique_ptr<Description> Description::make(const std::string& file, Dialect 
     return dialect == Dialect::Strict ? makeStrictDescription(file) : makeWideDescription(file);
 }
 
-void Description::checkFile() const
+Description::Description(const std::string& file, Dialect dialect)
+    : path_(file), name_(displayName(file)), dialect_(dialect)
 {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(file_, ignored))
-        throw systemFailure(file_, EISDIR);
+}
+
+ExitCode Description::read(Diagnostics& diagnostics)
+{
+    input_ = Input::open(path_, diagnostics);
+    diagnostics.setSource(input_, dialect_ == Dialect::Strict ? LineEnds::LineFeed : LineEnds::Any);
+    if (!isReadable(*input_, dialect_, diagnostics))
+        return ExitCode::DescriptionFailed;
+    Step reading(diagnostics, "read " + name_);
+    const ExitCode exitCode = readInput(diagnostics);
+    reading.finish();
+    return exitCode;
+}
+
+bool isReadable(const Input& input, Dialect dialect, Diagnostics& diagnostics)
+{
+    const auto [kind, name, hint] = input.recognition();
+    const auto fail = [&](const std::string& text, const char* help) {
+        diagnostics.failAbout(input.name(), text, help);
+        return false;
+    };
+    switch (kind) {
+    case FileKind::Text:
+        return true;
+    case FileKind::Empty:
+        return fail("The file is empty", "");
+    case FileKind::WideText:
+        return dialect == Dialect::Wide ||
+               fail(joined({"The file is ", name, ", which strict reading doesn't know"}),
+                    "read it without --strict");
+    case FileKind::Gzip:
+    case FileKind::Zstd:
+    case FileKind::Other:
+        return fail(joined({"The file is ", name, " and no description"}), hint);
+    }
+    return true;
 }
 
 void Description::reportLosses(Diagnostics& diagnostics)
 {
-    const auto warn = [&](Place, const std::string& text) { diagnostics.warnAbout(file_, text); };
+    const auto warn = [&](Place, const std::string& text) { diagnostics.warnAbout(name_, text); };
     const bool isVerbose = diagnostics.volume() == Volume::Verbose;
     Notices notices(isVerbose ? Notices::Sink(warn) : Notices::Sink());
     tavo::reportLosses(inventory(), notices);

@@ -10,8 +10,10 @@ namespace tavo {
 
 class ConfigurationStream;
 class Diagnostics;
+class Input;
 class Inventory;
 class PhA2l;
+class PhAsap2;
 
 /// Which descriptions are read.
 enum class Dialect
@@ -32,7 +34,7 @@ public:
 
     /// Reads the file. `AllWell` or `DescriptionFailed`, and what was wrong has gone to
     /// `diagnostics`. Throws a `Failure` for a file that can't be opened or read.
-    virtual ExitCode read(Diagnostics& diagnostics) = 0;
+    ExitCode read(Diagnostics& diagnostics);
     /// What was read.
     virtual const Inventory& inventory() = 0;
     /// Writes the configuration. What was converted before has no effect on it.
@@ -40,23 +42,36 @@ public:
 
     /// Reports what the configuration can't say of the description.
     void reportLosses(Diagnostics& diagnostics);
-    const std::string& file() const { return file_; }
+    /// How messages call it.
+    const std::string& file() const { return name_; }
+    /// Where it was read from.
+    const Input& input() const { return *input_; }
 
 protected:
-    explicit Description(const std::string& file) : file_(file) {}
+    Description(const std::string& file, Dialect dialect);
 
-    /// Throws a `Failure` for a folder, which can be opened but not read.
-    void checkFile() const;
+    /// What `read` does with an input that may be a description.
+    virtual ExitCode readInput(Diagnostics& diagnostics) = 0;
 
 private:
-    std::string file_;
+    std::string path_;
+    std::string name_;
+    Dialect dialect_;
+    std::shared_ptr<const Input> input_;
 };
 
-/// Runs an operation of the strict reader on the file, with the diagnostics as its logger, and
+/// False, with an error, if the input can't be a description of the dialect, which its first bytes
+/// tell. Throws a `Failure` for what this build can't unpack.
+bool isReadable(const Input& input, Dialect dialect, Diagnostics& diagnostics);
+
+/// Runs an operation of the strict reader on the input, with the diagnostics as its logger, and
 /// returns the status of the operation. Throws a `Failure` for a file that can't be opened or not
 /// be read to its end.
-int runReader(const std::string& file, Diagnostics& diagnostics,
-              const std::function<int(PhA2l&)>& operation);
+int runStrictReader(const Input& input, Diagnostics& diagnostics,
+                    const std::function<int(PhA2l&)>& operation);
+
+/// Reads the input with the wide reader. The result is that of `PhAsap2::readFile`.
+int readWide(PhAsap2& reader, const Input& input, Inventory& inventory);
 
 /// The factories of the two dialects.
 std::unique_ptr<Description> makeStrictDescription(const std::string& file);

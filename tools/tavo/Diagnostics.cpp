@@ -49,6 +49,11 @@ void Diagnostics::inform(const std::string& text)
         console_.write(printable(text) + "\n");
 }
 
+bool Diagnostics::showsProgress() const
+{
+    return console_.hasStatus() && volume_ == Volume::Normal;
+}
+
 void Diagnostics::explain(const std::string& text)
 {
     if (volume_ == Volume::Verbose)
@@ -81,6 +86,12 @@ void Diagnostics::reportFormatted(Severity severity, const char* format, std::va
 void Diagnostics::warnAbout(const std::string& file, const std::string& text)
 {
     report({Severity::Warning, file.c_str(), 0, text.c_str()});
+}
+
+void Diagnostics::failAbout(const std::string& file, const std::string& text,
+                            const std::string& hint)
+{
+    reportWithHint({Severity::Error, file.c_str(), 0, text.c_str()}, hint);
 }
 
 void Diagnostics::warnOfProgram(const std::string& text)

@@ -34,8 +34,13 @@ public:
     unsigned errorCount() const { return errorCount_; }
     unsigned warningCount() const { return warningCount_; }
 
-    /// How the lines of what is read from now on are counted.
-    void setLineEnds(LineEnds lineEnds) { sources_.setLineEnds(lineEnds); }
+    /// What is read from now on, and how its lines are counted.
+    void setSource(std::shared_ptr<const Input> input, LineEnds lineEnds)
+    {
+        sources_.setSource(std::move(input), lineEnds);
+    }
+    /// True if somebody wants to see how far the reading of a file has come.
+    bool showsProgress() const;
 
     void reserved() override {}
     /// What a reader logs about its way, which is of no use here.
@@ -50,8 +55,9 @@ public:
     /// itself: "tavo: error: TEXT".
     void report(const Diagnostic& diagnostic) override;
 
-    /// A warning about a file as a whole.
+    /// A warning or an error about a file as a whole.
     void warnAbout(const std::string& file, const std::string& text);
+    void failAbout(const std::string& file, const std::string& text, const std::string& hint);
     /// A warning or an error of the program itself.
     void warnOfProgram(const std::string& text);
     void failProgram(const std::string& text, const std::string& hint = "");

@@ -1,9 +1,12 @@
 #include "SourceLines.h"
 
+#include "Input.h"
 #include "asap2/SourceFile.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
+#include <utility>
 
 namespace tavo {
 
@@ -19,10 +22,15 @@ constexpr std::size_t mostSources = 20;
 class SourceLines::Source
 {
 public:
-    Source(const std::string& file, LineEnds lineEnds) : file_(file), lineEnds_(lineEnds)
+    /// `memory` holds the bytes, if they aren't in the file.
+    Source(const std::string& file, const std::optional<std::string_view>& memory,
+           LineEnds lineEnds)
+        : file_(file), lineEnds_(lineEnds)
     {
         std::error_code ignored;
-        isOpen_ = std::filesystem::is_regular_file(file, ignored) && input_.open(file);
+        if (memory)
+            input_.use(memory->data(), memory->size());
+        isOpen_ = memory || (std::filesystem::is_regular_file(file, ignored) && input_.open(file));
     }
 
     const std::string& file() const { return file_; }
@@ -95,8 +103,9 @@ void SourceLines::Source::readLine()
 SourceLines::SourceLines() = default;
 SourceLines::~SourceLines() = default;
 
-void SourceLines::setLineEnds(LineEnds lineEnds)
+void SourceLines::setSource(std::shared_ptr<const Input> input, LineEnds lineEnds)
 {
+    input_ = std::move(input);
     lineEnds_ = lineEnds;
     sources_.clear();
 }
@@ -110,7 +119,9 @@ std::string SourceLines::line(const std::string& file, int number)
             sources_.erase(found);
         else if (sources_.size() == mostSources)
             sources_.erase(sources_.begin());
-        sources_.push_back(std::make_unique<Source>(file, lineEnds_));
+        const bool isMain = input_ && input_->name() == file;
+        sources_.push_back(
+            std::make_unique<Source>(file, isMain ? input_->memory() : std::nullopt, lineEnds_));
     } else {
         std::rotate(found, found + 1, sources_.end());
     }

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Description.h"
 #include "Diagnostics.h"
+#include "Input.h"
 #include "Progress.h"
 #include "a2l/PhA2l.h"
 #include "daq/writer.h"
@@ -31,9 +32,8 @@ std::string quoted(const PhString& name)
 class StrictDescription : public Description
 {
 public:
-    explicit StrictDescription(const std::string& file) : Description(file) {}
+    explicit StrictDescription(const std::string& file) : Description(file, Dialect::Strict) {}
 
-    ExitCode read(Diagnostics& diagnostics) override;
     const Inventory& inventory() override
     {
         if (!inventory_)
@@ -46,6 +46,9 @@ public:
         writeRoot(stream, &root_);
     }
 
+protected:
+    ExitCode readInput(Diagnostics& diagnostics) override;
+
 private:
     const PhGroup* writtenModule() const;
     void resolve(Diagnostics& diagnostics);
@@ -54,17 +57,14 @@ private:
     std::optional<Inventory> inventory_; ///< Made when somebody asks for it.
 };
 
-ExitCode StrictDescription::read(Diagnostics& diagnostics)
+ExitCode StrictDescription::readInput(Diagnostics& diagnostics)
 {
-    checkFile();
     Progress progress(diagnostics.console(), file());
-    Step reading(diagnostics, "read " + file());
-    const int status = runReader(file(), diagnostics, [&](PhA2l& reader) {
-        if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
+    const int status = runStrictReader(input(), diagnostics, [&](PhA2l& reader) {
+        if (diagnostics.showsProgress())
             reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
         return reader.readFile(&root_);
     });
-    reading.finish();
     if (status != 0)
         return ExitCode::DescriptionFailed;
     resolve(diagnostics);
@@ -104,18 +104,19 @@ std::unique_ptr<Description> makeStrictDescription(const std::string& file)
     return std::make_unique<StrictDescription>(file);
 }
 
-int runReader(const std::string& file, Diagnostics& diagnostics,
-              const std::function<int(PhA2l&)>& operation)
+int runStrictReader(const Input& input, Diagnostics& diagnostics,
+                    const std::function<int(PhA2l&)>& operation)
 {
-    diagnostics.setLineEnds(LineEnds::LineFeed);
-    PhA2l reader(file.c_str());
+    PhA2l reader(input.name().c_str());
     reader.setLogger(&diagnostics);
+    if (input.memory())
+        reader.useMemory(*input.memory());
     errno = 0;
     const int status = operation(reader);
     if (status == -2)
-        throw systemFailure(file, errno);
+        throw systemFailure(input.name(), errno);
     if (reader.readError() != 0)
-        throw systemFailure(file, reader.readError());
+        throw systemFailure(input.name(), reader.readError());
     return status;
 }
 

@@ -11,8 +11,9 @@ constexpr std::size_t longest = 200;
 
 } // namespace
 
-Suggestion::Suggestion(std::string_view word)
-    : word_(word.substr(0, longest)), most_(word.size() > longest ? 0 : (word.size() + 2) / 3)
+Suggestion::Suggestion(std::string_view word, std::size_t length)
+    : word_(word.substr(0, longest)),
+      most_(word.size() > longest ? 0 : std::max<std::size_t>(length / 3, 1))
 {
 }
 

@@ -12,7 +12,9 @@ namespace tavo {
 class Suggestion
 {
 public:
-    explicit Suggestion(std::string_view word);
+    explicit Suggestion(std::string_view word) : Suggestion(word, word.size()) {}
+    /// `length` of the word may have slips in it; the rest is the same for all.
+    Suggestion(std::string_view word, std::size_t length);
 
     /// Takes something that the word could be. The time is that of both lengths multiplied at most,
     /// and next to nothing for one whose length differs too much.

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Description.h"
 #include "Diagnostics.h"
+#include "Input.h"
 #include "Progress.h"
 #include "asap2/PhAsap2.h"
 #include "daq/inventoryWriter.h"
@@ -18,9 +19,8 @@ namespace {
 class WideDescription : public Description
 {
 public:
-    explicit WideDescription(const std::string& file) : Description(file) {}
+    explicit WideDescription(const std::string& file) : Description(file, Dialect::Wide) {}
 
-    ExitCode read(Diagnostics& diagnostics) override;
     const Inventory& inventory() override { return inventory_; }
     void write(ConfigurationStream& stream) override
     {
@@ -28,27 +28,26 @@ public:
         writeInventory(stream, inventory_);
     }
 
+protected:
+    ExitCode readInput(Diagnostics& diagnostics) override;
+
 private:
     Inventory inventory_;
 };
 
-ExitCode WideDescription::read(Diagnostics& diagnostics)
+ExitCode WideDescription::readInput(Diagnostics& diagnostics)
 {
-    checkFile();
     Progress progress(diagnostics.console(), file());
-    diagnostics.setLineEnds(LineEnds::Any);
     PhAsap2 reader(file().c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
-    if (diagnostics.console().hasStatus() && diagnostics.volume() == Volume::Normal)
+    if (diagnostics.showsProgress())
         reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
-    Step reading(diagnostics, "read " + file());
-    const int status = reader.readFile(inventory_);
+    const int status = readWide(reader, input(), inventory_);
     if (status == -2)
         throw systemFailure(file(), errno);
     if (reader.readError() != 0)
         throw systemFailure(file(), reader.readError());
-    reading.finish();
     if (inventory_.adjustableLeafCount > 0)
         diagnostics.explain(std::to_string(inventory_.adjustableLeafCount) +
                             " leaves of instances hold adjustable values and are not listed");
@@ -56,6 +55,11 @@ ExitCode WideDescription::read(Diagnostics& diagnostics)
 }
 
 } // namespace
+
+int readWide(PhAsap2& reader, const Input& input, Inventory& inventory)
+{
+    return input.memory() ? reader.read(*input.memory(), inventory) : reader.readFile(inventory);
+}
 
 std::unique_ptr<Description> makeWideDescription(const std::string& file)
 {

@@ -30,13 +30,13 @@ public:
     void read();
 
 private:
-    static const OptionRow* anyRow(std::string_view name);
-    static const OptionRow* anyRow(char letter);
+    static const ProgramOption* anyRow(std::string_view name);
+    static const ProgramOption* anyRow(char letter);
     bool isOption(const std::string& word) const;
     void split();
     void takeLong(const std::string& word);
     void takeLetters(const std::string& word);
-    void takeNextAsValue(Given& given, const OptionRow* row);
+    void takeNextAsValue(Given& given, const ProgramOption* row);
     bool has(std::string_view name) const;
     void findCommand();
     void apply(const Given& given);
@@ -52,17 +52,17 @@ private:
 };
 
 /// A row of this name, whatever command it is for: all take a value, or none.
-const OptionRow* ArgumentReader::anyRow(std::string_view name)
+const ProgramOption* ArgumentReader::anyRow(std::string_view name)
 {
-    for (const OptionRow& row : optionRows())
+    for (const ProgramOption& row : optionRows())
         if (row.name == name)
             return &row;
     return nullptr;
 }
 
-const OptionRow* ArgumentReader::anyRow(char letter)
+const ProgramOption* ArgumentReader::anyRow(char letter)
 {
-    for (const OptionRow& row : optionRows())
+    for (const ProgramOption& row : optionRows())
         if (row.letter == letter)
             return &row;
     return nullptr;
@@ -105,7 +105,7 @@ void ArgumentReader::takeLong(const std::string& word)
 void ArgumentReader::takeLetters(const std::string& word)
 {
     for (std::size_t i = 1; i < word.size(); ++i) {
-        const OptionRow* row = word[i] != 0 ? anyRow(word[i]) : nullptr;
+        const ProgramOption* row = word[i] != 0 ? anyRow(word[i]) : nullptr;
         Given given;
         given.spelling = std::string("-") + word[i];
         given.name = row ? row->name : word.substr(i, 1);
@@ -122,7 +122,7 @@ void ArgumentReader::takeLetters(const std::string& word)
     }
 }
 
-void ArgumentReader::takeNextAsValue(Given& given, const OptionRow* row)
+void ArgumentReader::takeNextAsValue(Given& given, const ProgramOption* row)
 {
     given.hasValue = row && row->value && next_ < words_.size() && !isOption(words_[next_]);
     if (given.hasValue)
@@ -160,7 +160,7 @@ void ArgumentReader::read()
     if (plain_.empty())
         fail("A description is required");
     if (plain_.size() > request_.command->mostFiles)
-        fail("One description is enough, '" + plain_[1] + "' is one too many");
+        fail("'" + plain_[request_.command->mostFiles] + "' is one argument too many");
     request_.options.files = std::move(plain_);
 }
 
@@ -194,7 +194,7 @@ void ArgumentReader::apply(const Given& given)
 {
     // The colors are chosen even if there is no command.
     const CommandSet command = request_.command ? request_.command->bit : ~CommandSet{0};
-    for (const OptionRow& row : optionRows()) {
+    for (const ProgramOption& row : optionRows()) {
         if (row.name != given.name || (row.commands & command) != command)
             continue;
         if (given.hasValue && !row.value)
@@ -240,7 +240,7 @@ std::string ArgumentReader::meantBy(const Given& given) const
 {
     Suggestion suggestion(given.name);
     std::string value;
-    for (const OptionRow& row : optionRows()) {
+    for (const ProgramOption& row : optionRows()) {
         if ((row.commands & request_.command->bit) == 0)
             continue;
         suggestion.consider(row.name);

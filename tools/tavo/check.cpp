@@ -2,6 +2,7 @@
 
 #include "Description.h"
 #include "StandardOutput.h"
+#include "Tally.h"
 #include "comparison.h"
 #include "summary.h"
 #include "text.h"
@@ -20,12 +21,12 @@ ExitCode checkOne(const std::string& file, const Options& options, Diagnostics& 
     if (status == ExitCode::AllWell) {
         description->reportLosses(diagnostics);
         if (options.dialect == Dialect::Strict)
-            compareReadings(file, description->inventory(), diagnostics);
+            compareReadings(description->input(), description->inventory(), diagnostics);
     }
     const unsigned errors = diagnostics.errorCount() - formerErrors;
     const unsigned warnings = diagnostics.warningCount() - formerWarnings;
     if (diagnostics.volume() != Volume::Quiet) {
-        std::string report = printable(file) + ": ";
+        std::string report = printable(description->file()) + ": ";
         if (status == ExitCode::AllWell)
             report += summaryOf(description->inventory()) + "; ";
         report += counted(errors, "error") + ", " + counted(warnings, "warning") + "\n";
@@ -40,11 +41,11 @@ ExitCode checkOne(const std::string& file, const Options& options, Diagnostics& 
 
 ExitCode check(const Options& options, Diagnostics& diagnostics)
 {
-    ExitCode exitCode = ExitCode::AllWell;
+    Tally tally;
     for (const std::string& file : options.files)
-        exitCode = worse(
-            exitCode, attempt(diagnostics, [&] { return checkOne(file, options, diagnostics); }));
-    return exitCode;
+        tally.add(file, attempt(diagnostics, [&] { return checkOne(file, options, diagnostics); }));
+    tally.reportFailures(diagnostics, "passed");
+    return tally.exitCode();
 }
 
 } // namespace tavo

@@ -1,6 +1,8 @@
 #include "comparison.h"
 
+#include "Description.h"
 #include "Diagnostics.h"
+#include "Input.h"
 #include "asap2/PhAsap2.h"
 #include "base/Notices.h"
 #include "inventory/Inventory.h"
@@ -200,13 +202,14 @@ void Comparison::compareQuantities()
 
 } // namespace
 
-void compareReadings(const std::string& file, const Inventory& strict, Diagnostics& diagnostics)
+void compareReadings(const Input& input, const Inventory& strict, Diagnostics& diagnostics)
 {
     Inventory wide;
     ErrorKeeper errors;
+    const std::string& file = input.name();
     PhAsap2 reader(file.c_str());
     reader.setLogger(&errors);
-    if (reader.readFile(wide) != 0) {
+    if (readWide(reader, input, wide) != 0) {
         diagnostics.warnAbout(file,
                               "Read without --strict, the description is faulty: " + errors.text());
         return;

@@ -4,7 +4,9 @@
 #include "Description.h"
 #include "OutputFile.h"
 #include "StandardOutput.h"
+#include "Tally.h"
 #include "normalized.h"
+#include "outputName.h"
 #include "platform.h"
 #include "summary.h"
 
@@ -34,17 +36,10 @@ struct Conversion
     std::string output;
 };
 
-bool looksLikeDescription(const std::string& path)
-{
-    const std::string extension = fs::path(path).extension().string();
-    return extension == ".a2l" || extension == ".A2L";
-}
-
 /// The output next to the input, if no other one is asked for.
 std::string besideInput(const std::string& input, Product product)
 {
-    const char* extension = product == Product::Configuration ? ".ini" : ".strict.a2l";
-    return fs::path(input).replace_extension(extension).string();
+    return outputNextTo(input, product == Product::Configuration ? ".ini" : ".strict.a2l");
 }
 
 std::vector<Conversion> planForFolder(const Options& options, Product product)
@@ -113,7 +108,7 @@ ExitCode convertOne(const Conversion& conversion, const Options& options, Produc
     description->reportLosses(diagnostics);
     if (options.warningsAreErrors && diagnostics.warningCount() > formerWarnings)
         throw Failure(ExitCode::DescriptionFailed,
-                      conversion.input + ": Not converted because of its warnings");
+                      description->file() + ": Not converted because of its warnings");
     if (product == Product::StrictDescription)
         checkNormalized(*description, description->inventory());
     if (toStandardOutput) {
@@ -143,7 +138,7 @@ ExitCode exitCodeOf(const Conversion& conversion, int result, Diagnostics& diagn
 void createFolder(const std::string& folder)
 {
     std::error_code error;
-    fs::create_directory(folder, error);
+    fs::create_directories(folder, error);
     if (error)
         throw systemFailure(folder, error == std::errc::file_exists ? ENOTDIR : error.value());
 }
@@ -157,19 +152,20 @@ ExitCode convertAll(const Options& options, Product product, Diagnostics& diagno
         return attempt(diagnostics,
                        [&] { return convertOne(conversion, options, product, diagnostics); });
     };
-    ExitCode exitCode = ExitCode::AllWell;
+    Tally tally;
     if (options.jobs <= 1 || plan.size() == 1) {
         for (const Conversion& conversion : plan)
-            exitCode = worse(exitCode, run(conversion));
-        return exitCode;
+            tally.add(conversion.input, run(conversion));
+    } else {
+        diagnostics.console().disableStatus(); // Processes side by side have one line for it.
+        const std::vector<int> results =
+            runSideBySide(plan.size(), options.jobs,
+                          [&](std::size_t number) { return static_cast<int>(run(plan[number])); });
+        for (std::size_t number = 0; number < plan.size(); ++number)
+            tally.add(plan[number].input, exitCodeOf(plan[number], results[number], diagnostics));
     }
-    diagnostics.console().disableStatus(); // Processes side by side have one line for it.
-    const std::vector<int> results =
-        runSideBySide(plan.size(), options.jobs,
-                      [&](std::size_t number) { return static_cast<int>(run(plan[number])); });
-    for (std::size_t number = 0; number < plan.size(); ++number)
-        exitCode = worse(exitCode, exitCodeOf(plan[number], results[number], diagnostics));
-    return exitCode;
+    tally.report(diagnostics, "written");
+    return tally.exitCode();
 }
 
 } // namespace

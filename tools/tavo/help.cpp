@@ -68,7 +68,7 @@ std::string helpOf(const CommandRow* command)
             appendRow(text, row.name, row.summary);
     }
     text.append("\nOptions:\n");
-    for (const OptionRow& row : optionRows())
+    for (const ProgramOption& row : optionRows())
         if (command ? (row.commands & command->bit) != 0 : row.commands == ~CommandSet{0})
             appendOption(text, row.letter, row.name, row.value, row.help);
     if (!command)

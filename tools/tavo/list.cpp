@@ -3,14 +3,17 @@
 #include "Description.h"
 #include "Glob.h"
 #include "StandardOutput.h"
+#include "Tally.h"
 #include "jsonListing.h"
 #include "render.h"
 
 namespace tavo {
 
-ExitCode list(const Options& options, Diagnostics& diagnostics)
+namespace {
+
+ExitCode listOne(const std::string& file, const Options& options, Diagnostics& diagnostics)
 {
-    const auto description = Description::make(options.files.front(), options.dialect);
+    const auto description = Description::make(file, options.dialect);
     const ExitCode exitCode = description->read(diagnostics);
     if (exitCode != ExitCode::AllWell)
         return exitCode;
@@ -40,6 +43,17 @@ ExitCode list(const Options& options, Diagnostics& diagnostics)
     if (!isAnyChosen && options.pattern != "*")
         diagnostics.warnOfProgram("No name matches '" + options.pattern + "'");
     return exitCode;
+}
+
+} // namespace
+
+ExitCode list(const Options& options, Diagnostics& diagnostics)
+{
+    Tally tally;
+    for (const std::string& file : options.files)
+        tally.add(file, attempt(diagnostics, [&] { return listOne(file, options, diagnostics); }));
+    tally.reportFailures(diagnostics, "listed");
+    return tally.exitCode();
 }
 
 } // namespace tavo

@@ -61,7 +61,7 @@ ChangeSet changesOf(const std::string& value)
 constexpr CommandRow commands[] = {
     {"convert", onConvert, "Write the configuration of a description",
      "convert [OPTIONS] INPUT [OUTPUT]\nconvert [OPTIONS] --output-dir DIR INPUT...",
-     R"(  INPUT                   A description
+     R"(  INPUT                   A description, '-' for the standard input
   OUTPUT                  Where its configuration goes, '-' for the standard output
 )",
      R"(An existing file is replaced with --force only, and only once the description
@@ -72,13 +72,13 @@ Examples:
   tavo convert ecu.a2l                       writes ecu.ini
   tavo convert ecu.a2l out/engine.ini
   tavo convert --strict ecu.a2l              as the strict library does it
-  tavo convert ecu.a2l - | less
+  tavo convert ecu.a2l.gz - | less           unpacked on the way
   tavo convert -f -j 4 -d out *.a2l          writes out/*.ini, four at a time
 )",
      any, convert},
     {"normalize", onNormalize, "Write a description that the strict library reads",
      "normalize [OPTIONS] INPUT [OUTPUT]\nnormalize [OPTIONS] --output-dir DIR INPUT...",
-     R"(  INPUT                   A description
+     R"(  INPUT                   A description, '-' for the standard input
   OUTPUT                  Where the strict description goes, '-' for the standard output
 )",
      R"(The strict library converts what is written to the configuration that 'tavo convert'
@@ -91,17 +91,19 @@ Examples:
 )",
      any, normalize},
     {"check", onCheck, "Report what descriptions hold and what is wrong", "check [OPTIONS] FILE...",
-     "  FILE                    A description\n",
+     "  FILE                    A description, '-' for the standard input\n",
      R"(With --strict, a warning for each value that strict reading changes.
 
 Examples:
   tavo check ecu.a2l
   tavo check --strict ecu.a2l
+  xz -dc ecu.a2l.xz | tavo check -
   tavo check --quiet --werror *.a2l || echo 'something is wrong'
 )",
      any, check},
     {"list", onList, "Show the interfaces, sources and measurements of a description",
-     "list [OPTIONS] FILE", "  FILE                    The description\n",
+     "list [OPTIONS] FILE...",
+     "  FILE                    A description, '-' for the standard input\n",
      R"(In a PATTERN, * stands for any text, ? for any character and [a-z] for one of a
 set; \ takes the meaning away from the character after it.
 
@@ -110,7 +112,7 @@ Examples:
   tavo list ecu.a2l --format csv > ecu.csv
   tavo list ecu.a2l --format json | jq '.measurements[] | {name, address}'
 )",
-     1, list},
+     any, list},
     {"diff", onDiff, "Show what differs between two descriptions", "diff [OPTIONS] OLD NEW",
      "  OLD, NEW                Two descriptions of the same ECU\n",
      R"(Ends with 0 if there is no difference, and with 1 if there is one. A description
@@ -138,7 +140,7 @@ Examples:
 )",
      3, page},
     {"tokens", onTokens, "Print the tokens of a description, one a line", "tokens [OPTIONS] FILE",
-     "  FILE                    The description\n",
+     "  FILE                    The description, '-' for the standard input\n",
      R"(The tokens are those that the strict library reads.
 
 Example:
@@ -147,7 +149,7 @@ Example:
      1, printTokens},
 };
 
-constexpr OptionRow options[] = {
+constexpr ProgramOption options[] = {
     {'d', "output-dir", "DIR", nullptr, onConvert | onNormalize,
      "Write to this folder, which is made if missing",
      [](Options& o, const std::string& value) { o.outputFolder = value; }},
@@ -196,7 +198,7 @@ constexpr OptionRow options[] = {
 } // namespace
 
 std::span<const CommandRow> commandRows() { return commands; }
-std::span<const OptionRow> optionRows() { return options; }
+std::span<const ProgramOption> optionRows() { return options; }
 
 const CommandRow* findCommand(std::string_view name)
 {

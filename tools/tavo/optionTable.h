@@ -29,7 +29,7 @@ struct CommandRow
     ExitCode (*run)(const Options& options, Diagnostics& diagnostics);
 };
 
-struct OptionRow
+struct ProgramOption
 {
     char letter; ///< 0 if there is no short form.
     const char* name;
@@ -51,7 +51,7 @@ public:
 
 /// Both in the order of the help. A name may have several rows, each for other commands.
 std::span<const CommandRow> commandRows();
-std::span<const OptionRow> optionRows();
+std::span<const ProgramOption> optionRows();
 
 /// The row of the command, or null.
 const CommandRow* findCommand(std::string_view name);

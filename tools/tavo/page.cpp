@@ -5,6 +5,7 @@
 #include "OutputFile.h"
 #include "StandardOutput.h"
 #include "differences.h"
+#include "outputName.h"
 #include "pageData.h"
 #include "pageFrame.h"
 #include "renderDifferences.h"
@@ -50,7 +51,7 @@ PagePlan planOf(const Options& options)
     if (files.size() == 2)
         plan.former = files.front();
     if (plan.output.empty())
-        plan.output = fs::path(plan.input).replace_extension(".html").string();
+        plan.output = outputNextTo(plan.input, ".html");
     return plan;
 }
 

@@ -29,6 +29,8 @@ namespace tavo {
 
 bool isTerminal(std::FILE* file) { return _isatty(_fileno(file)) != 0; }
 
+void makeBinary(std::FILE* file) { _setmode(_fileno(file), _O_BINARY); }
+
 unsigned long processNumber() { return static_cast<unsigned long>(_getpid()); }
 
 std::FILE* createTemporaryFile(const char* path)
@@ -216,6 +218,8 @@ private:
 } // namespace
 
 bool isTerminal(std::FILE* file) { return isatty(fileno(file)) != 0; }
+
+void makeBinary(std::FILE*) {}
 
 unsigned long processNumber() { return static_cast<unsigned long>(getpid()); }
 

@@ -10,6 +10,9 @@ namespace tavo {
 
 bool isTerminal(std::FILE* file);
 
+/// Lets the bytes of the file arrive as they are.
+void makeBinary(std::FILE* file);
+
 /// A number that no other running process has.
 unsigned long processNumber();
 

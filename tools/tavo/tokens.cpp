@@ -1,6 +1,7 @@
 #include "commands.h"
 
 #include "Description.h"
+#include "Input.h"
 #include "StandardOutput.h"
 #include "a2l/PhA2l.h"
 
@@ -37,7 +38,11 @@ void TokenPrinter::message(const char* text)
 ExitCode printTokens(const Options& options, Diagnostics& diagnostics)
 {
     TokenPrinter printer(diagnostics.console(), options.volume);
-    runReader(options.files.front(), printer, [](PhA2l& reader) { return reader.print_tokens(); });
+    const std::shared_ptr<const Input> input = Input::open(options.files.front(), printer);
+    printer.setSource(input, LineEnds::LineFeed);
+    if (!isReadable(*input, Dialect::Strict, printer))
+        return ExitCode::DescriptionFailed;
+    runStrictReader(*input, printer, [](PhA2l& reader) { return reader.print_tokens(); });
     printer.finish();
     return printer.errorCount() == 0 ? ExitCode::AllWell : ExitCode::DescriptionFailed;
 }
