@@ -85,6 +85,7 @@ void writeQuantity(ConfigurationStream& stream, const Inventory& inventory,
     section.lowerLimit = lower.get();
     section.upperLimit = upper.get();
     section.bitMask = mask.get();
+    section.isEnabled = quantity.isEnabled;
     section.hasFactor = line.isWritten;
     section.factor = line.factor;
     section.offset = line.offset;

@@ -98,7 +98,7 @@ void putQuantity(ConfigurationStream& stream, std::int32_t index, const Quantity
     stream.put("]\n");
     putTextLine(stream, "Name=", section.name);
     putTextLine(stream, "Desc=", section.description);
-    stream.put("Enabled=0\n");
+    stream.put(section.isEnabled ? "Enabled=1\n" : "Enabled=0\n");
     putTextLine(stream, "Unit=", section.unit);
     if (section.byteOrder) {
         stream.put("ByteOrder=");

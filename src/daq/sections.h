@@ -44,6 +44,7 @@ struct QuantitySection
     const PhValue* lowerLimit = nullptr;
     const PhValue* upperLimit = nullptr;
     const PhValue* bitMask = nullptr;
+    bool isEnabled = false;
     bool hasFactor = false; ///< The two lines below.
     double factor = 1.0;
     double offset = 0.0;

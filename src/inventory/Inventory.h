@@ -114,6 +114,7 @@ struct Quantity
     bool hasUnit = false;
     bool isVirtual = false; ///< Computed by the tool: it has no address.
     bool isPointer = false; ///< ADDRESS_TYPE: the address is where the address stands.
+    bool isEnabled = false; ///< A configuration has it measured. No description says so.
 };
 
 /// The first word of a conversion.
@@ -339,6 +340,28 @@ public:
         visitLeaves();
     }
     std::size_t quantityCount() const;
+    /// Removes the quantities that `isKept` is false for. It gets each quantity once, in any order,
+    /// and may change it.
+    template <class IsKept> void keepQuantities(IsKept isKept)
+    {
+        const auto keep = [&](std::deque<Quantity>& quantities, auto visitBefore) {
+            std::size_t kept = 0;
+            for (std::size_t i = 0; i < quantities.size(); ++i) {
+                visitBefore(i, kept);
+                if (isKept(quantities[i]))
+                    quantities[kept++] = quantities[i];
+            }
+            visitBefore(quantities.size(), kept);
+            quantities.resize(kept);
+        };
+        for (Leaves& instance : instances)
+            keep(instance.quantities, [](std::size_t, std::size_t) {});
+        auto instance = instances.begin();
+        keep(measurements, [&](std::size_t position, std::size_t kept) {
+            for (; instance != instances.end() && instance->position <= position; ++instance)
+                instance->position = kept;
+        });
+    }
 
     ByteOrder byteOrderOf(const Quantity& quantity) const
     {

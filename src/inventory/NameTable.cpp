@@ -71,6 +71,11 @@ void NameTable::grow()
     }
 }
 
+std::uint32_t NameTable::find(std::string_view name) const
+{
+    return slots_.empty() ? noName : slots_[slotOf(name, hashOf(name))].number - 1;
+}
+
 std::uint32_t NameTable::number(std::string_view name)
 {
     if (slots_.size() <= 2 * names_.size())

@@ -20,6 +20,9 @@ public:
 
     /// The number of the name, a new one if it isn't known yet.
     std::uint32_t number(std::string_view name);
+    /// The number of the name, or `noName` if it isn't known.
+    std::uint32_t find(std::string_view name) const;
+    static constexpr std::uint32_t noName = 0xFFFFFFFF;
     std::string_view name(std::uint32_t number) const { return names_[number]; }
     std::uint32_t size() const { return static_cast<std::uint32_t>(names_.size()); }
 

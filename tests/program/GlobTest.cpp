@@ -13,31 +13,16 @@ TEST(GlobTest, DescribesWholeNames)
         const char* pattern;
         const char* name;
         bool matches;
-    } cases[] = {{"", "a", false},
-                 {"*", "", true},
-                 {"Eng*", "EngSpd.n", true},
-                 {"Eng*", "MyEngine", false},
-                 {"eng*", "EngSpd", false},
-                 {"a*b*c", "aXbXbc", true},
-                 {"a*b*c", "aXcXb", false},
-                 {"**?", "", false},
-                 {"?", "\xE4", true},
-                 {"\xC3\xA4?", "\xE4\xC3\xA4", true},
-                 {"T[0-9]ms", "T5ms", true},
-                 {"[!a-c]x", "dx", true},
-                 {"[^a-c]x", "bx", false},
-                 {"[]x]", "]", true},
-                 {"[!]]", "]", false},
-                 {"[a-]", "-", true},
-                 {R"([\]a])", "]", true},
-                 {R"(t[\-z]g)", "tmg", false},
-                 {R"(t\[0\])", "t[0]", true},
-                 {"t[0]", "t[0]", false},
-                 {"t[0", "t[0", true},
-                 {R"(\*)", "a", false},
-                 {R"(a\)", R"(a\)", true}};
+    } cases[] = {{"", "a", false},           {"*", "", true},
+                 {"Eng*", "EngSpd.n", true}, {"Eng*", "MyEngine", false},
+                 {"eng*", "EngSpd", false},  {"a*b*c", "aXbXbc", true},
+                 {"a*b*c", "aXcXb", false},  {"**?", "", false},
+                 {"?", "\xE4", true},        {"\xC3\xA4?", "\xE4\xC3\xA4", true},
+                 {"t[0]", "t[0]", true},     {"t[?]", "t[1]", true},
+                 {R"(\*)", R"(\a)", true}};
     for (const auto& c : cases)
         EXPECT_EQ(Glob(c.pattern).matches(c.name), c.matches) << c.pattern << " on " << c.name;
+    EXPECT_TRUE(Glob("eNG*\xC3\x84", true).matches("EngSpd\xE4"));
 }
 
 TEST(GlobTest, ManyStarsTakeNoTime)

@@ -2,6 +2,7 @@
 
 #include "Diagnostics.h"
 #include "Input.h"
+#include "Selection.h"
 #include "base/Notices.h"
 #include "daq/losses.h"
 
@@ -51,6 +52,23 @@ bool isReadable(const Input& input, Dialect dialect, Diagnostics& diagnostics)
         return fail(joined({"The file is ", name, " and no description"}), hint);
     }
     return true;
+}
+
+void Description::select(Selection& selection, NameSet& enabled, Diagnostics& diagnostics)
+{
+    if (selection.isAll() && enabled.isEmpty())
+        return;
+    isSelected_ = true;
+    Inventory& inventory = changeableInventory();
+    NearestName nearest = nearestNameIn(inventory);
+    selection.forget();
+    enabled.forget();
+    inventory.keepQuantities([&](Quantity& quantity) {
+        quantity.isEnabled = enabled.contains(quantity.name);
+        return selection.has(inventory, quantity);
+    });
+    selection.reportMissing(diagnostics, file(), nearest);
+    enabled.reportMissing(diagnostics, file(), nearest);
 }
 
 void Description::reportLosses(Diagnostics& diagnostics)

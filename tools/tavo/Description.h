@@ -12,8 +12,10 @@ class ConfigurationStream;
 class Diagnostics;
 class Input;
 class Inventory;
+class NameSet;
 class PhA2l;
 class PhAsap2;
+class Selection;
 
 /// Which descriptions are read.
 enum class Dialect
@@ -35,11 +37,14 @@ public:
     /// Reads the file. `AllWell` or `DescriptionFailed`, and what was wrong has gone to
     /// `diagnostics`. Throws a `Failure` for a file that can't be opened or read.
     ExitCode read(Diagnostics& diagnostics);
-    /// What was read.
-    virtual const Inventory& inventory() = 0;
+    /// What was read, and of that what was selected.
+    const Inventory& inventory() { return changeableInventory(); }
     /// Writes the configuration. What was converted before has no effect on it.
     virtual void write(ConfigurationStream& stream) = 0;
 
+    /// Takes away the quantities that aren't chosen, and enables those that are to be enabled.
+    /// Warns of names that aren't there.
+    void select(Selection& selection, NameSet& enabled, Diagnostics& diagnostics);
     /// Reports what the configuration can't say of the description.
     void reportLosses(Diagnostics& diagnostics);
     /// How messages call it.
@@ -53,11 +58,16 @@ protected:
     /// What `read` does with an input that may be a description.
     virtual ExitCode readInput(Diagnostics& diagnostics) = 0;
 
+    virtual Inventory& changeableInventory() = 0;
+    /// The inventory has less than what was read.
+    bool isSelected() const { return isSelected_; }
+
 private:
     std::string path_;
     std::string name_;
     Dialect dialect_;
     std::shared_ptr<const Input> input_;
+    bool isSelected_ = false;
 };
 
 /// False, with an error, if the input can't be a description of the dialect, which its first bytes

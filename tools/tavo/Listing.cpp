@@ -1,5 +1,6 @@
 #include "Listing.h"
 
+#include "Selection.h"
 #include "daq/losses.h"
 #include "text.h"
 
@@ -47,7 +48,7 @@ std::string transportsText(const Interface& interface)
     return text;
 }
 
-Section interfaces(const Inventory& inventory, const Choice& isChosen)
+Section interfaces(const Inventory& inventory, Selection& selection)
 {
     return {"interface",
             "interfaces",
@@ -61,7 +62,7 @@ Section interfaces(const Inventory& inventory, const Choice& isChosen)
             [&](const auto& visit) {
                 for (const Interface& interface : inventory.interfaces) {
                     const char* name = protocolText(interface.protocol);
-                    if (isChosen(name))
+                    if (selection.hasName(name))
                         visit({textCell(name), textCell(name), identifierCell(interface.masterId),
                                identifierCell(interface.slaveId),
                                optionalCell(interface.stationAddress),
@@ -71,7 +72,7 @@ Section interfaces(const Inventory& inventory, const Choice& isChosen)
             }};
 }
 
-Section sources(const Inventory& inventory, const Choice& isChosen)
+Section sources(const Inventory& inventory, Selection& selection)
 {
     return {"source",
             "sources",
@@ -79,7 +80,7 @@ Section sources(const Inventory& inventory, const Choice& isChosen)
             [&](const auto& visit) {
                 for (const Interface& interface : inventory.interfaces)
                     for (const Source& source : interface.sources)
-                        if (isChosen(source.name))
+                        if (selection.hasName(source.name))
                             visit({textCell(source.name),
                                    textCell(protocolText(interface.protocol)), source.rate(),
                                    source.channel, periodCell(source),
@@ -120,7 +121,7 @@ Row measurementRow(const Inventory& inventory, const Quantity& quantity)
             obstacle == Obstacle::None ? Cell() : textCell(obstacleText(obstacle))};
 }
 
-Section measurements(const Inventory& inventory, const Choice& isChosen)
+Section measurements(const Inventory& inventory, Selection& selection)
 {
     return {"measurement",
             "measurements",
@@ -141,7 +142,7 @@ Section measurements(const Inventory& inventory, const Choice& isChosen)
              {"left_out"}},
             [&](const auto& visit) {
                 inventory.forEachQuantity([&](const Quantity& quantity) {
-                    if (isChosen(quantity.name))
+                    if (selection.has(inventory, quantity))
                         visit(measurementRow(inventory, quantity));
                 });
             }};
@@ -189,10 +190,10 @@ std::optional<std::string_view> conversionName(const Inventory& inventory, const
     return inventory.methodNames.name(quantity.methodName);
 }
 
-std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChosen)
+std::vector<Section> listingOf(const Inventory& inventory, Selection& selection)
 {
-    return {interfaces(inventory, isChosen), sources(inventory, isChosen),
-            measurements(inventory, isChosen)};
+    return {interfaces(inventory, selection), sources(inventory, selection),
+            measurements(inventory, selection)};
 }
 
 } // namespace tavo

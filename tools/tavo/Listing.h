@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Cell.h"
-#include "Glob.h"
 #include "inventory/Inventory.h"
 
 #include <cstddef>
@@ -12,6 +11,8 @@
 #include <vector>
 
 namespace tavo {
+
+class Selection;
 
 using Row = std::vector<Cell>;
 
@@ -33,12 +34,9 @@ struct Section
     std::function<void(const std::function<void(const Row&)>&)> forEachRow;
 };
 
-/// Says whether an object of this name is to be listed.
-using Choice = std::function<bool(std::string_view name)>;
-
 /// The columns that people look for, of the interfaces, sources and measurements that are chosen.
 /// The sections refer to both arguments.
-std::vector<Section> listingOf(const Inventory& inventory, const Choice& isChosen);
+std::vector<Section> listingOf(const Inventory& inventory, Selection& selection);
 
 /// An address or the like: its bits, the number itself if it is negative and has more than 32 bits,
 /// or nothing.

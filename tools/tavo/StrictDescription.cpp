@@ -6,6 +6,8 @@
 #include "Input.h"
 #include "Progress.h"
 #include "a2l/PhA2l.h"
+#include "daq/inventoryWriter.h"
+#include "daq/sections.h"
 #include "daq/writer.h"
 #include "inventory/Inventory.h"
 #include "inventoryOf.h"
@@ -34,20 +36,23 @@ class StrictDescription : public Description
 public:
     explicit StrictDescription(const std::string& file) : Description(file, Dialect::Strict) {}
 
-    const Inventory& inventory() override
+    void write(ConfigurationStream& stream) override
+    {
+        daqSourceIndex = 0;
+        if (isSelected())
+            writeInventory(stream, inventory());
+        else
+            writeRoot(stream, &root_);
+    }
+
+protected:
+    ExitCode readInput(Diagnostics& diagnostics) override;
+    Inventory& changeableInventory() override
     {
         if (!inventory_)
             fillInventory(inventory_.emplace(), writtenModule());
         return *inventory_;
     }
-    void write(ConfigurationStream& stream) override
-    {
-        daqSourceIndex = 0;
-        writeRoot(stream, &root_);
-    }
-
-protected:
-    ExitCode readInput(Diagnostics& diagnostics) override;
 
 private:
     const PhGroup* writtenModule() const;

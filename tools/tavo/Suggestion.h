@@ -22,6 +22,8 @@ public:
     /// The nearest so far, the first of several; "" if all are too far away to be meant.
     const std::string& best() const { return best_; }
     bool isFound() const { return !best_.empty(); }
+    /// True if there can't be a nearer one any more.
+    bool isCertain() const { return isFound() && most_ == 0; }
 
 private:
     std::size_t distanceTo(std::string_view candidate);

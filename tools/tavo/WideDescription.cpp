@@ -21,7 +21,6 @@ class WideDescription : public Description
 public:
     explicit WideDescription(const std::string& file) : Description(file, Dialect::Wide) {}
 
-    const Inventory& inventory() override { return inventory_; }
     void write(ConfigurationStream& stream) override
     {
         daqSourceIndex = 0;
@@ -30,6 +29,7 @@ public:
 
 protected:
     ExitCode readInput(Diagnostics& diagnostics) override;
+    Inventory& changeableInventory() override { return inventory_; }
 
 private:
     Inventory inventory_;

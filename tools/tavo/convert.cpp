@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Description.h"
 #include "OutputFile.h"
+#include "Selection.h"
 #include "StandardOutput.h"
 #include "Tally.h"
 #include "normalized.h"
@@ -94,8 +95,21 @@ void writeProduct(Description& description, Product product, ConfigurationStream
         writeNormalized(stream, description.inventory());
 }
 
+/// What is taken of each description.
+struct Wanted
+{
+    explicit Wanted(const Options& options)
+        : selection(options.selection),
+          enabled(options.enabledPatterns, options.enabledFiles, options.selection.style)
+    {
+    }
+
+    Selection selection;
+    NameSet enabled;
+};
+
 ExitCode convertOne(const Conversion& conversion, const Options& options, Product product,
-                    Diagnostics& diagnostics)
+                    Wanted& wanted, Diagnostics& diagnostics)
 {
     const bool toStandardOutput = conversion.output == standardOutput;
     if (!toStandardOutput)
@@ -105,6 +119,7 @@ ExitCode convertOne(const Conversion& conversion, const Options& options, Produc
     const ExitCode exitCode = description->read(diagnostics);
     if (exitCode != ExitCode::AllWell)
         return exitCode;
+    description->select(wanted.selection, wanted.enabled, diagnostics);
     description->reportLosses(diagnostics);
     if (options.warningsAreErrors && diagnostics.warningCount() > formerWarnings)
         throw Failure(ExitCode::DescriptionFailed,
@@ -146,11 +161,13 @@ void createFolder(const std::string& folder)
 ExitCode convertAll(const Options& options, Product product, Diagnostics& diagnostics)
 {
     const std::vector<Conversion> plan = planOf(options, product);
+    Wanted wanted(options);
     if (!options.outputFolder.empty())
         createFolder(options.outputFolder);
     const auto run = [&](const Conversion& conversion) {
-        return attempt(diagnostics,
-                       [&] { return convertOne(conversion, options, product, diagnostics); });
+        return attempt(diagnostics, [&] {
+            return convertOne(conversion, options, product, wanted, diagnostics);
+        });
     };
     Tally tally;
     if (options.jobs <= 1 || plan.size() == 1) {

@@ -1,6 +1,7 @@
 #include "jsonListing.h"
 
 #include "JsonWriter.h"
+#include "Selection.h"
 #include "daq/ConfigurationStream.h"
 #include "daq/losses.h"
 
@@ -200,23 +201,23 @@ void JsonListing::putTable(const Table& table)
 
 } // namespace
 
-void renderJson(ConfigurationStream& stream, const Inventory& inventory, const Choice& isChosen)
+void renderJson(ConfigurationStream& stream, const Inventory& inventory, Selection& selection)
 {
     JsonListing listing(stream, inventory);
     listing.beginSection("interfaces");
     for (const Interface& interface : inventory.interfaces)
-        if (isChosen(protocolText(interface.protocol)))
+        if (selection.hasName(protocolText(interface.protocol)))
             listing.put(interface);
     listing.endSection();
     listing.beginSection("sources");
     for (const Interface& interface : inventory.interfaces)
         for (const Source& source : interface.sources)
-            if (isChosen(source.name))
+            if (selection.hasName(source.name))
                 listing.put(interface, source);
     listing.endSection();
     listing.beginSection("measurements");
     inventory.forEachQuantity([&](const Quantity& quantity) {
-        if (isChosen(quantity.name))
+        if (selection.has(inventory, quantity))
             listing.put(quantity);
     });
     listing.endSection();

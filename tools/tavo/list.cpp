@@ -1,7 +1,7 @@
 #include "commands.h"
 
 #include "Description.h"
-#include "Glob.h"
+#include "Selection.h"
 #include "StandardOutput.h"
 #include "Tally.h"
 #include "jsonListing.h"
@@ -11,37 +11,34 @@ namespace tavo {
 
 namespace {
 
-ExitCode listOne(const std::string& file, const Options& options, Diagnostics& diagnostics)
+ExitCode listOne(const std::string& file, const Options& options, Selection& selection,
+                 Diagnostics& diagnostics)
 {
     const auto description = Description::make(file, options.dialect);
     const ExitCode exitCode = description->read(diagnostics);
     if (exitCode != ExitCode::AllWell)
         return exitCode;
-    const Glob names(options.pattern);
-    bool isAnyChosen = false;
-    const Choice isChosen = [&](std::string_view name) {
-        const bool isMatch = names.matches(name);
-        isAnyChosen |= isMatch;
-        return isMatch;
-    };
+    selection.forget();
     const Inventory& inventory = description->inventory();
     Step listing(diagnostics, "listed " + description->file());
     StandardOutput output;
     switch (options.format) {
     case ListFormat::Table:
-        renderTable(output.stream(), listingOf(inventory, isChosen));
+        renderTable(output.stream(), listingOf(inventory, selection));
         break;
     case ListFormat::Csv:
-        renderCsv(output.stream(), listingOf(inventory, isChosen));
+        renderCsv(output.stream(), listingOf(inventory, selection));
         break;
     case ListFormat::Json:
-        renderJson(output.stream(), inventory, isChosen);
+        renderJson(output.stream(), inventory, selection);
         break;
     }
     output.finish();
     listing.finish();
-    if (!isAnyChosen && options.pattern != "*")
-        diagnostics.warnOfProgram("No name matches '" + options.pattern + "'");
+    if (!selection.isComplete()) {
+        NearestName nearest = nearestNameIn(inventory);
+        selection.reportMissing(diagnostics, description->file(), nearest);
+    }
     return exitCode;
 }
 
@@ -49,9 +46,11 @@ ExitCode listOne(const std::string& file, const Options& options, Diagnostics& d
 
 ExitCode list(const Options& options, Diagnostics& diagnostics)
 {
+    Selection selection(options.selection);
     Tally tally;
     for (const std::string& file : options.files)
-        tally.add(file, attempt(diagnostics, [&] { return listOne(file, options, diagnostics); }));
+        tally.add(file, attempt(diagnostics,
+                                [&] { return listOne(file, options, selection, diagnostics); }));
     tally.reportFailures(diagnostics, "listed");
     return tally.exitCode();
 }

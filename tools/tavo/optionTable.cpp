@@ -39,6 +39,16 @@ constexpr const char* listFormats = "table csv json";
 constexpr const char* diffFormats = "text json";
 constexpr const char* changeWords = "added gone renamed moved changed";
 
+/// What `parse` makes of a value.
+template <class Parse> auto checked(Parse parse)
+{
+    try {
+        return parse();
+    } catch (const std::invalid_argument& wrong) {
+        throw BadValue(wrong.what());
+    }
+}
+
 /// From a list of words with commas between them.
 ChangeSet changesOf(const std::string& value)
 {
@@ -66,13 +76,15 @@ constexpr CommandRow commands[] = {
 )",
      R"(An existing file is replaced with --force only, and only once the description
 was read and its configuration is complete. What a configuration can't say is
-worth a warning.
+worth a warning. In a PATTERN and a UNIT, * stands for any text and ? for any
+character.
 
 Examples:
   tavo convert ecu.a2l                       writes ecu.ini
   tavo convert ecu.a2l out/engine.ini
   tavo convert --strict ecu.a2l              as the strict library does it
   tavo convert ecu.a2l.gz - | less           unpacked on the way
+  tavo convert ecu.a2l --match 'Eng*' --enable @labels.lab
   tavo convert -f -j 4 -d out *.a2l          writes out/*.ini, four at a time
 )",
      any, convert},
@@ -104,11 +116,12 @@ Examples:
     {"list", onList, "Show the interfaces, sources and measurements of a description",
      "list [OPTIONS] FILE...",
      "  FILE                    A description, '-' for the standard input\n",
-     R"(In a PATTERN, * stands for any text, ? for any character and [a-z] for one of a
-set; \ takes the meaning away from the character after it.
+     R"(In a PATTERN and a UNIT, * stands for any text and ? for any character. Options can
+be repeated: a name is shown if it matches any --match or stands in any --select.
 
 Examples:
-  tavo list ecu.a2l --match 'Eng*'
+  tavo list ecu.a2l --match 'Eng*' --exclude '*[0]'
+  tavo list ecu.a2l --select labels.lab --type uint8,int8 --address 0x1000-0x1FFF
   tavo list ecu.a2l --format csv > ecu.csv
   tavo list ecu.a2l --format json | jq '.measurements[] | {name, address}'
 )",
@@ -173,8 +186,36 @@ constexpr ProgramOption options[] = {
     {0, "only", "CHANGES", nullptr, onDiff,
      "Show and count only these: added, gone, renamed, moved, changed",
      [](Options& o, const std::string& value) { o.shownChanges = changesOf(value); }},
-    {0, "match", "PATTERN", nullptr, onList, "Show only names that match the pattern",
-     [](Options& o, const std::string& value) { o.pattern = value; }},
+    {0, "match", "PATTERN", nullptr, onConvert | onList, "Only names that match the pattern",
+     [](Options& o, const std::string& value) { o.selection.patterns.push_back(value); }},
+    {0, "exclude", "PATTERN", nullptr, onConvert | onList, "No names that match the pattern",
+     [](Options& o, const std::string& value) { o.selection.excluded.push_back(value); }},
+    {'i', "ignore-case", nullptr, nullptr, onConvert | onList,
+     "Let capital and small letters match each other",
+     [](Options& o, const std::string&) { o.selection.style.ignoresCase = true; }},
+    {0, "regex", nullptr, nullptr, onConvert | onList,
+     "Read each PATTERN as a regular expression for a part of the name",
+     [](Options& o, const std::string&) { o.selection.style.isRegex = true; }},
+    {0, "select", "FILE", nullptr, onConvert | onList, "Only names in the file, a name a line",
+     [](Options& o, const std::string& value) { o.selection.files.push_back(value); }},
+    {0, "unit", "UNIT", nullptr, onConvert | onList, "Only measurements of the unit",
+     [](Options& o, const std::string& value) { o.selection.units.push_back(value); }},
+    {0, "type", "TYPES", nullptr, onConvert | onList, "Only measurements of these types: uint8,...",
+     [](Options& o, const std::string& value) {
+         o.selection.types |= checked([&] { return typesOf(value); });
+     }},
+    {0, "address", "FROM-TO", nullptr, onConvert | onList, "Only measurements at these addresses",
+     [](Options& o, const std::string& value) {
+         o.selection.addresses.push_back(checked([&] { return addressRangeOf(value); }));
+     }},
+    {0, "enable", "PATTERN", nullptr, onConvert,
+     "Write Enabled=1 for names that match; @FILE for names in a file",
+     [](Options& o, const std::string& value) {
+         if (value.starts_with('@'))
+             o.enabledFiles.push_back(value.substr(1));
+         else
+             o.enabledPatterns.push_back(value);
+     }},
     {0, "strict", nullptr, nullptr, onConvert | onCheck | onList | onDiff | onPage,
      "Read exactly what the strict library reads",
      [](Options& o, const std::string&) { o.dialect = Dialect::Strict; }},

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Description.h"
 #include "Diagnostics.h"
+#include "Selection.h"
 #include "differences.h"
 
 #include <cstdint>
@@ -42,9 +43,15 @@ struct Options
     bool force = false;       ///< Replaces existing files.
     unsigned jobs = 1;
 
+    // convert and list
+    SelectionOptions selection;
+
+    // convert
+    std::vector<std::string> enabledPatterns;
+    std::vector<std::string> enabledFiles; ///< With lists of names.
+
     // list
     ListFormat format = ListFormat::Table;
-    std::string pattern = "*";
 
     // diff
     DiffFormat diffFormat = DiffFormat::Text;

@@ -81,6 +81,36 @@ void appendEscaped(std::string& text, char32_t control)
 
 } // namespace
 
+bool isAscii(std::string_view bytes)
+{
+    unsigned char all = 0;
+    for (const char byte : bytes)
+        all |= static_cast<unsigned char>(byte);
+    return all < 0x80;
+}
+
+char32_t smallLetter(char32_t character)
+{
+    const auto isIn = [character](char32_t first, char32_t last) {
+        return character >= first && character <= last;
+    };
+    if (isIn('A', 'Z') || (isIn(0xC0, 0xDE) && character != 0xD7) || isIn(0x391, 0x3A9) ||
+        isIn(0x410, 0x42F))
+        return character + 0x20;
+    if (isIn(0x400, 0x40F))
+        return character + 0x50;
+    return isIn(0x100, 0x137) || isIn(0x14A, 0x177) ? character | 1U : character;
+}
+
+std::string smallLetters(std::string_view bytes)
+{
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty())
+        appendUtf8(text, smallLetter(takeCharacter(bytes)));
+    return text;
+}
+
 std::u32string characters(std::string_view bytes)
 {
     std::u32string text;

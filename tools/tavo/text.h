@@ -8,6 +8,14 @@
 /// in broken ones. Here valid UTF-8 passes, and every other byte is taken for Latin-1.
 namespace tavo {
 
+bool isAscii(std::string_view bytes);
+
+/// The small letter of a capital one, where a language of Europe has one of the kind; all else is
+/// returned as it is.
+char32_t smallLetter(char32_t character);
+/// The text with small letters alone, as valid UTF-8.
+std::string smallLetters(std::string_view bytes);
+
 /// The characters of a text.
 std::u32string characters(std::string_view bytes);
 

@@ -9,6 +9,7 @@ _tavo() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
     local commands="convert normalize check list diff page tokens help"
     local command="" word options="--quiet --verbose --color --help"
+    local selection="--match --exclude --ignore-case --regex --select --unit --type --address"
     COMPREPLY=()
     # Options may stand before the command.
     for word in "${COMP_WORDS[@]:1:COMP_CWORD - 1}"; do
@@ -48,15 +49,24 @@ _tavo() {
         mapfile -t COMPREPLY < <(compgen -W "added gone renamed moved changed" -- "$current")
         return
         ;;
-    --jobs | -j | --match)
+    --select)
+        compopt -o filenames 2>/dev/null
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        return
+        ;;
+    --type)
+        mapfile -t COMPREPLY < <(compgen -W "uint8 int8 uint16 int16 uint32 int32 uint64 int64 real16 real32 real64" -- "$current")
+        return
+        ;;
+    --jobs | -j | --match | --exclude | --unit | --address | --enable)
         return
         ;;
     esac
     case "$command" in
-    convert) options+=" --force --output-dir --jobs --strict --werror" ;;
+    convert) options+=" $selection --enable --force --output-dir --jobs --strict --werror" ;;
     normalize) options+=" --force --output-dir --jobs --werror" ;;
     check) options+=" --strict --werror" ;;
-    list) options+=" --format --match --strict" ;;
+    list) options+=" $selection --format --strict" ;;
     diff) options+=" --format --only --strict" ;;
     page) options+=" --force --strict" ;;
     tokens) ;;
