@@ -24,7 +24,7 @@ function drawHead() {
 function rowElement(place) {
   const row = shownRows[place];
   const isSelected = row === state.selected;
-  return element("div", { role: "row", id: `row-${place}`, "aria-rowindex": place + 2, "aria-selected": isSelected,
+  return element("div", { role: "row", id: `row-${place}`, "aria-rowindex": place + 2, "aria-selected": String(isSelected),
     "data-place": place },
     element("div", { role: "gridcell" },
       element("input", { type: "checkbox", tabindex: -1, "aria-label": `Pick ${names[row]}` })),
@@ -77,6 +77,8 @@ grid.addEventListener("click", (event) => {
     else if (!state.isDescending) state.isDescending = true;
     else Object.assign(state, { sort: "", isDescending: false });
     refreshRows();
+    gridRows.show(Math.max(selectedPlace(), 0));
+    gridRows.update();
     gridHead.querySelector(`[data-key="${key}"]`).focus();
     return;
   }

@@ -121,4 +121,4 @@ drawInterfaces();
 fillDifferences();
 readFragment();
 drawAll();
-setTimeout(prepareSearch, 0);
+for (const texts of [lowerNames, lowerDescriptions]) setTimeout(() => texts.prepare());

@@ -87,7 +87,7 @@ function picksChanged() {
 
 function saveList() {
   const address = URL.createObjectURL(new Blob([listText(pickedRows())], { type: "text/plain" }));
-  element("a", { href: address, download: `${data.file.replace(/\.[^.]*$/, "")}.select` }).click();
+  element("a", { href: address, download: `${data.file.replace(/\.[^.]*$/, "")}.lab` }).click();
   setTimeout(() => URL.revokeObjectURL(address), 10000);
 }
 

@@ -2,9 +2,9 @@
 
 /// Round numbers that divide a range into a few parts.
 function ticksOf(from, to) {
-  const rough = (to - from) / 4;
-  const power = 10 ** Math.floor(Math.log10(rough));
-  const step = [1, 2, 5, 10].map((n) => n * power).find((size) => size >= rough);
+  const greatest = (to - from) / 3;
+  const power = 10 ** Math.floor(Math.log10(greatest));
+  const step = [5, 2, 1].map((n) => n * power).find((size) => size <= greatest) ?? power;
   const ticks = [];
   for (let n = Math.ceil(from / step); n * step <= to + step * 1e-9; ++n)
     ticks.push(Number((n * step).toPrecision(12)));

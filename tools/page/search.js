@@ -1,17 +1,41 @@
 // Which quantities are shown, and in which order.
 
-/// Name, description and unit of each row in lower case, made once.
-const lowerTexts = new Array(quantityCount);
-function lowerText(row) {
-  return (lowerTexts[row] ??=
-    `${names[row]}\n${descriptions.at(row) ?? ""}\n${units.at(row) ?? ""}`.toLowerCase());
+/// Texts in lower case, each made when it is asked for first.
+class LowerTexts {
+  constructor(texts) {
+    this.texts = texts;
+    this.lower = new Array(texts.length);
+  }
+
+  at(number) { return (this.lower[number] ??= this.texts[number].toLowerCase()); }
+
+  /// Makes all of them while nothing else is to be done, so that the first key is answered at once.
+  prepare(number = 0) {
+    const end = Math.min(number + 10000, this.texts.length);
+    for (; number < end; ++number) this.at(number);
+    if (number < this.texts.length) setTimeout(() => this.prepare(number));
+  }
 }
 
-/// Makes the texts while nothing else is to be done, so that the first key is answered at once.
-function prepareSearch(row = 0) {
-  const end = Math.min(row + 5000, quantityCount);
-  for (; row < end; ++row) lowerText(row);
-  if (row < quantityCount) setTimeout(prepareSearch, 0, row);
+const lowerNames = new LowerTexts(names);
+const lowerDescriptions = new LowerTexts(descriptions.texts);
+const lowerUnits = new LowerTexts(units.texts);
+
+/// Says of the texts of a column whether a word is in them, and looks into each text once.
+function hitsOf(column, lowerTexts, word) {
+  const known = new Int8Array(column.texts.length);
+  return (row) => {
+    const number = column.numbers[row];
+    if (number < 0) return false;
+    if (known[number] === 0) known[number] = lowerTexts.at(number).includes(word) ? 1 : -1;
+    return known[number] > 0;
+  };
+}
+
+function wordTest(word) {
+  const isInDescription = hitsOf(descriptions, lowerDescriptions, word);
+  const isInUnit = hitsOf(units, lowerUnits, word);
+  return (row) => lowerNames.at(row).includes(word) || isInDescription(row) || isInUnit(row);
 }
 
 /// Says for each text whether it is wanted: the one that is it exactly, else all that have it in them.
@@ -58,7 +82,7 @@ function filterTests() {
     tests.push((row) => wanted[events.numbers[row]] === true);
   }
   for (const word of state.query.toLowerCase().split(/\s+/).filter(Boolean))
-    tests.push((row) => lowerText(row).includes(word));
+    tests.push(wordTest(word));
   return tests;
 }
 

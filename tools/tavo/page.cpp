@@ -107,9 +107,11 @@ ExitCode page(const Options& options, Diagnostics& diagnostics)
         output.finish();
         return ExitCode::AllWell;
     }
+    Step writing(diagnostics, "wrote " + plan.output);
     OutputFile output(plan.output, options.force);
     writePage(output.stream(), *description, shown);
     output.commit();
+    writing.finish();
     diagnostics.inform(
         "Wrote " + plan.output + ": " +
         (differences ? summaryOf(*differences, allChanges) : summaryOf(description->inventory())));
