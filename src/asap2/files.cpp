@@ -3,6 +3,7 @@
 #include "asap2/Scanner.h"
 #include "asap2/characters.h"
 #include "base/Notices.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -36,7 +37,7 @@ bool holdsInterfaceFormat(const fs::path& path)
 void Scanner::open(const std::string& path, SourceFile::Watch watch)
 {
     auto input = std::make_unique<Input>();
-    input->path = path;
+    input->path = pathOf(path);
     if (!input->file.open(path))
         throw OpenFailure(errno);
     input->file.setWatch(std::move(watch));
@@ -216,7 +217,7 @@ void Scanner::enter(const std::string& name, Place place)
     };
     std::string portable = name;
     std::replace(portable.begin(), portable.end(), '\\', '/');
-    const fs::path path = inputs_.back()->path.parent_path() / fs::path(portable);
+    const fs::path path = inputs_.back()->path.parent_path() / pathOf(portable);
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (status.type() == fs::file_type::not_found || name.find('\0') != std::string::npos)
@@ -235,10 +236,10 @@ void Scanner::enter(const std::string& name, Place place)
             {"is one too many: more than ", std::to_string(mostFiles), " files are included"}));
     auto input = std::make_unique<Input>();
     input->path = path;
-    if (!input->file.open(path.string()))
+    if (!input->file.open(nameOf(path)))
         fail(joined({"can't be opened: ", std::strerror(errno)}));
     suspend();
-    fileNames_.push_back(path.string());
+    fileNames_.push_back(nameOf(path));
     start(std::move(input));
 }
 

@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "Progress.h"
 #include "Suggestion.h"
+#include "base/paths.h"
 #include "platform.h"
 #include "unpack.h"
 
@@ -35,13 +36,13 @@ using File = std::unique_ptr<std::FILE, Close>;
 std::string missingHint(const std::string& file)
 {
     constexpr int most = 10000;
-    const fs::path path = file;
-    Suggestion suggestion(path.filename().string(), path.stem().string().size());
+    const fs::path path = pathOf(file);
+    Suggestion suggestion(nameOf(path.filename()), nameOf(path.stem()).size());
     const fs::path folder = path.parent_path();
     std::error_code error;
     fs::directory_iterator entry(folder.empty() ? "." : folder, error);
     for (int i = 0; !error && entry != fs::directory_iterator() && i < most; ++i) {
-        suggestion.consider(entry->path().filename().string());
+        suggestion.consider(nameOf(entry->path().filename()));
         entry.increment(error);
     }
     if (!suggestion.isFound())
@@ -59,7 +60,7 @@ File openFile(const std::string& path)
         return File(stdin);
     }
     std::error_code ignored;
-    if (fs::is_directory(path, ignored))
+    if (fs::is_directory(pathOf(path), ignored))
         throw systemFailure(path, EISDIR);
     File file;
     do {
@@ -99,7 +100,7 @@ std::shared_ptr<const Input> Input::open(const std::string& path, Diagnostics& d
     const std::shared_ptr<Input> input(new Input(path));
     const File file = openFile(path);
     std::error_code ignored;
-    const bool isPlain = !isStandardInput(path) && fs::is_regular_file(path, ignored);
+    const bool isPlain = !isStandardInput(path) && fs::is_regular_file(pathOf(path), ignored);
     if (isPlain) {
         char head[recognizedSize];
         const std::size_t size = readFrom(file.get(), head, sizeof head, input->name_);
@@ -147,7 +148,7 @@ std::string displayName(const std::string& file)
 
 bool isNameless(const std::string& file)
 {
-    const std::string path = fs::path(file).lexically_normal().generic_string();
+    const std::string path = nameOf(pathOf(file).lexically_normal());
     return isStandardInput(file) || path.starts_with("/dev/") || path.starts_with("/proc/");
 }
 

@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "asap2/SourceFile.h"
 #include "base/Notices.h"
+#include "base/paths.h"
 #include "summary.h"
 #include "text.h"
 
@@ -22,7 +23,7 @@ constexpr const char* blanks = " \t\v\f\r";
 std::string contentOf(const std::string& path)
 {
     std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored))
+    if (std::filesystem::is_directory(pathOf(path), ignored))
         throw systemFailure(path, EISDIR);
     SourceFile file;
     if (!file.open(path))

@@ -1,6 +1,7 @@
 #include "OutputFile.h"
 
 #include "Failure.h"
+#include "base/paths.h"
 #include "platform.h"
 
 #include <cerrno>
@@ -17,7 +18,7 @@ namespace {
 bool isSpecial(const std::string& path)
 {
     std::error_code ignored;
-    return fs::is_other(fs::status(path, ignored));
+    return isNullDevice(path) || fs::is_other(fs::status(pathOf(path), ignored));
 }
 
 /// Where the links lead that begin at `path`. Nothing need exist there.
@@ -26,10 +27,10 @@ std::string followed(std::string path)
     constexpr int mostLinks = 40; // As many as Linux follows.
     for (int links = 0; links < mostLinks; ++links) {
         std::error_code noLink;
-        const fs::path next = fs::read_symlink(path, noLink);
+        const fs::path next = fs::read_symlink(pathOf(path), noLink);
         if (noLink)
             return path;
-        path = (fs::path(path).parent_path() / next).string();
+        path = nameOf(pathOf(path).parent_path() / next);
     }
     throw systemFailure(path, ELOOP);
 }
@@ -39,7 +40,8 @@ std::string followed(std::string path)
 bool isWrittenDirectly(const std::string& path, const std::string& target)
 {
     std::error_code ignored;
-    return isSpecial(path) || (fs::exists(path, ignored) && !fs::equivalent(path, target, ignored));
+    return isSpecial(path) || (fs::exists(pathOf(path), ignored) &&
+                               !fs::equivalent(pathOf(path), pathOf(target), ignored));
 }
 
 Failure existsAlready(const std::string& path)
@@ -75,10 +77,10 @@ OutputFile::~OutputFile()
 /// Leaves `file_` null, with `errno`, if it can't be done.
 void OutputFile::createTemporary()
 {
-    const fs::path folder = fs::path(target_).parent_path();
+    const fs::path folder = pathOf(target_).parent_path();
     const std::string name = ".tavo-" + std::to_string(processNumber());
     for (int number = 0; number < 100; ++number) {
-        temporary_ = (folder / (name + "-" + std::to_string(number) + ".tmp")).string();
+        temporary_ = nameOf(folder / (name + "-" + std::to_string(number) + ".tmp"));
         file_ = createTemporaryFile(temporary_.c_str());
         if (file_)
             return;
@@ -106,10 +108,10 @@ void OutputFile::putInPlace()
 {
     if (mayReplace_) {
         std::error_code ignored;
-        if (const fs::file_status old = fs::status(target_, ignored); fs::exists(old))
-            fs::permissions(temporary_, old.permissions(), ignored);
+        if (const fs::file_status old = fs::status(pathOf(target_), ignored); fs::exists(old))
+            fs::permissions(pathOf(temporary_), old.permissions(), ignored);
         std::error_code failed;
-        fs::rename(temporary_, target_, failed);
+        fs::rename(pathOf(temporary_), pathOf(target_), failed);
         if (failed)
             throw systemFailure(path_, failed.value());
     } else if (const int error = moveToFreeName(temporary_.c_str(), target_.c_str())) {
@@ -117,7 +119,7 @@ void OutputFile::putInPlace()
     }
     releaseTemporaryFile();
     temporary_.clear();
-    const std::string folder = fs::path(target_).parent_path().string();
+    const std::string folder = nameOf(pathOf(target_).parent_path());
     if (const int error = syncFolder(folder.empty() ? "." : folder.c_str()))
         throw systemFailure(path_, error);
 }
@@ -127,18 +129,18 @@ void OutputFile::removeTemporary()
     if (temporary_.empty())
         return;
     std::error_code ignored;
-    fs::remove(temporary_, ignored);
+    fs::remove(pathOf(temporary_), ignored);
     releaseTemporaryFile();
 }
 
 void checkOutput(const std::string& input, const std::string& output, bool force)
 {
     std::error_code ignored;
-    if (fs::equivalent(input, output, ignored))
+    if (fs::equivalent(pathOf(input), pathOf(output), ignored))
         throw Failure(ExitCode::Trouble, output + ": is the description itself");
-    if (fs::is_directory(output, ignored))
+    if (fs::is_directory(pathOf(output), ignored))
         throw systemFailure(output, EISDIR);
-    if (!force && !isSpecial(output) && fs::exists(fs::symlink_status(output, ignored)))
+    if (!force && !isSpecial(output) && fs::exists(fs::symlink_status(pathOf(output), ignored)))
         throw existsAlready(output);
 }
 

@@ -1,6 +1,7 @@
 #include "Progress.h"
 
 #include "Console.h"
+#include "base/paths.h"
 #include "text.h"
 
 #include <filesystem>
@@ -19,11 +20,11 @@ std::string megabytes(std::uint64_t bytes)
 
 Progress::Progress(Console& console, const std::string& file)
     : console_(console),
-      file_(printable(std::filesystem::path(file).filename().string())),
+      file_(printable(nameOf(pathOf(file).filename()))),
       nextDisplay_(Clock::now() + std::chrono::seconds(1))
 {
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    const std::uintmax_t size = std::filesystem::file_size(pathOf(file), error);
     if (!error)
         total_ = size;
 }

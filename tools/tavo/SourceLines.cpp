@@ -2,6 +2,7 @@
 
 #include "Input.h"
 #include "asap2/SourceFile.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -30,7 +31,8 @@ public:
         std::error_code ignored;
         if (memory)
             input_.use(memory->data(), memory->size());
-        isOpen_ = memory || (std::filesystem::is_regular_file(file, ignored) && input_.open(file));
+        isOpen_ = memory ||
+                  (std::filesystem::is_regular_file(pathOf(file), ignored) && input_.open(file));
     }
 
     const std::string& file() const { return file_; }

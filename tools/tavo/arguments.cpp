@@ -2,6 +2,7 @@
 
 #include "Suggestion.h"
 #include "optionTable.h"
+#include "platform.h"
 
 #include <string_view>
 #include <utility>
@@ -155,8 +156,13 @@ void ArgumentReader::read()
         return;
     if (!request_.command)
         fail("A command is required");
-    for (const Given& given : given_)
+    for (const Given& given : given_) {
         apply(given);
+        const std::string option = "--" + given.name;
+        if (given.name != "jobs" && given.name != "output-dir")
+            request_.options.words.push_back(given.hasValue ? option + "=" + given.value : option);
+    }
+    plain_ = filesOf(std::move(plain_));
     if (plain_.empty())
         fail("A description is required");
     if (plain_.size() > request_.command->mostFiles)

@@ -6,6 +6,7 @@
 #include "Selection.h"
 #include "StandardOutput.h"
 #include "Tally.h"
+#include "base/paths.h"
 #include "normalized.h"
 #include "outputName.h"
 #include "platform.h"
@@ -49,11 +50,11 @@ std::vector<Conversion> planForFolder(const Options& options, Product product)
     std::set<fs::path> outputs;
     for (const std::string& input : options.files) {
         const fs::path output =
-            options.outputFolder / fs::path(besideInput(input, product)).filename();
+            pathOf(options.outputFolder) / pathOf(besideInput(input, product)).filename();
         if (!outputs.insert(output).second)
             throw Failure(ExitCode::Usage,
-                          "Two descriptions would be written to " + output.string());
-        plan.push_back({input, output.string()});
+                          "Two descriptions would be written to " + nameOf(output));
+        plan.push_back({input, nameOf(output)});
     }
     return plan;
 }
@@ -141,6 +142,16 @@ ExitCode convertOne(const Conversion& conversion, const Options& options, Produc
     return exitCode;
 }
 
+/// The arguments of a program that does this conversion alone.
+std::vector<std::string> commandOf(const Conversion& conversion, const Options& options,
+                                   Product product)
+{
+    std::vector<std::string> words = options.words;
+    words.insert(words.begin(), product == Product::Configuration ? "convert" : "normalize");
+    words.insert(words.end(), {"--", conversion.input, conversion.output});
+    return words;
+}
+
 /// The exit code of a conversion that ran in a process of its own.
 ExitCode exitCodeOf(const Conversion& conversion, int result, Diagnostics& diagnostics)
 {
@@ -153,7 +164,7 @@ ExitCode exitCodeOf(const Conversion& conversion, int result, Diagnostics& diagn
 void createFolder(const std::string& folder)
 {
     std::error_code error;
-    fs::create_directories(folder, error);
+    fs::create_directories(pathOf(folder), error);
     if (error)
         throw systemFailure(folder, error == std::errc::file_exists ? ENOTDIR : error.value());
 }
@@ -175,9 +186,10 @@ ExitCode convertAll(const Options& options, Product product, Diagnostics& diagno
             tally.add(conversion.input, run(conversion));
     } else {
         diagnostics.console().disableStatus(); // Processes side by side have one line for it.
-        const std::vector<int> results =
-            runSideBySide(plan.size(), options.jobs,
-                          [&](std::size_t number) { return static_cast<int>(run(plan[number])); });
+        const std::vector<int> results = runSideBySide(
+            plan.size(), options.jobs,
+            [&](std::size_t number) { return static_cast<int>(run(plan[number])); },
+            [&](std::size_t number) { return commandOf(plan[number], options, product); });
         for (std::size_t number = 0; number < plan.size(); ++number)
             tally.add(plan[number].input, exitCodeOf(plan[number], results[number], diagnostics));
     }

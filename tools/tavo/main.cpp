@@ -4,7 +4,7 @@
 
 int main(int argc, char** argv)
 {
-    tavo::failBeyondSizeLimit();
+    tavo::prepareProcess();
     tavo::Console console;
     return static_cast<int>(tavo::runCommandLine(argc, argv, console));
 }

@@ -34,6 +34,9 @@ struct Options
     Volume volume = Volume::Normal;
     ColorChoice colors = ColorChoice::Auto;
 
+    /// The options as they were given, without those that concern several descriptions.
+    std::vector<std::string> words;
+
     // What is read, and how strictly it is judged.
     Dialect dialect = Dialect::Wide;
     bool warningsAreErrors = false; ///< Writes nothing if there is a warning.

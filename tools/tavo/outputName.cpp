@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "Input.h"
+#include "base/paths.h"
 
 #include <filesystem>
 
@@ -23,7 +24,7 @@ fs::path unpackedName(const fs::path& path)
 
 bool looksLikeDescription(const std::string& path)
 {
-    const fs::path extension = unpackedName(path).extension();
+    const fs::path extension = unpackedName(pathOf(path)).extension();
     return extension == ".a2l" || extension == ".A2L";
 }
 
@@ -32,7 +33,7 @@ std::string outputNextTo(const std::string& input, const std::string& extension)
     if (isNameless(input))
         throw Failure(ExitCode::Usage, "The output of '" + input + "' needs a name",
                       "it comes after the input, as in '" + input + " ecu" + extension + "'");
-    return unpackedName(input).replace_extension(extension).string();
+    return nameOf(unpackedName(pathOf(input)).replace_extension(extension));
 }
 
 } // namespace tavo

@@ -7,12 +7,6 @@
 #include <csignal>
 #include <cstdlib>
 
-#if defined(_WIN32)
-#include <fcntl.h>
-#include <io.h>
-#include <process.h>
-#include <sys/stat.h>
-#else
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -21,61 +15,8 @@
 #if defined(__linux__)
 #include <sys/prctl.h>
 #endif
-#endif
 
 namespace tavo {
-
-#if defined(_WIN32)
-
-bool isTerminal(std::FILE* file) { return _isatty(_fileno(file)) != 0; }
-
-void makeBinary(std::FILE* file) { _setmode(_fileno(file), _O_BINARY); }
-
-unsigned long processNumber() { return static_cast<unsigned long>(_getpid()); }
-
-std::FILE* createTemporaryFile(const char* path)
-{
-    const int descriptor =
-        _open(path, _O_CREAT | _O_EXCL | _O_WRONLY | _O_TEXT, _S_IREAD | _S_IWRITE);
-    return descriptor < 0 ? nullptr : _fdopen(descriptor, "w");
-}
-
-void releaseTemporaryFile() {}
-
-std::FILE* openInPlace(const char* path, bool) { return std::fopen(path, "w"); }
-
-int syncToDisk(std::FILE* file) { return _commit(_fileno(file)) == 0 ? 0 : errno; }
-
-// A folder can't be opened here.
-int syncFolder(const char*) { return 0; }
-
-// `rename` replaces nothing on this system.
-int moveToFreeName(const char* from, const char* to)
-{
-    return std::rename(from, to) == 0 ? 0 : errno;
-}
-
-// `tmpfile` wants to write to the root of the drive on this system.
-std::FILE* createScratchFile()
-{
-    char* const path = _tempnam(nullptr, "tavo");
-    std::FILE* const file = path ? std::fopen(path, "w+bTD") : nullptr;
-    std::free(path);
-    return file;
-}
-
-void failBeyondSizeLimit() {}
-
-std::vector<int> runSideBySide(std::size_t count, std::size_t,
-                               const std::function<int(std::size_t)>& task)
-{
-    std::vector<int> results;
-    for (std::size_t i = 0; i < count; ++i)
-        results.push_back(task(i));
-    return results;
-}
-
-#else
 
 namespace {
 
@@ -299,10 +240,15 @@ int moveToFreeName(const char* from, const char* to)
 
 std::FILE* createScratchFile() { return std::tmpfile(); }
 
-void failBeyondSizeLimit() { std::signal(SIGXFSZ, SIG_IGN); }
+void prepareProcess() { std::signal(SIGXFSZ, SIG_IGN); }
+
+// Shells expand wildcards on this system.
+std::vector<std::string> filesOf(std::vector<std::string> words) { return words; }
+
+bool isNullDevice(const std::string&) { return false; }
 
 std::vector<int> runSideBySide(std::size_t count, std::size_t width,
-                               const std::function<int(std::size_t)>& task)
+                               const std::function<int(std::size_t)>& task, const CommandOf&)
 {
     Crew crew(count, width);
     handleSignals();
@@ -320,7 +266,5 @@ std::vector<int> runSideBySide(std::size_t count, std::size_t width,
     }
     return crew.results();
 }
-
-#endif
 
 } // namespace tavo

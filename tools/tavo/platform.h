@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <functional>
+#include <string>
 #include <vector>
 
 /// All that differs from one operating system to the next.
@@ -39,17 +40,28 @@ int moveToFreeName(const char* from, const char* to);
 /// with `errno`, if that fails.
 std::FILE* createScratchFile();
 
-/// Lets a write beyond the limit for the size of a file fail with EFBIG, where it would end the
-/// program.
-void failBeyondSizeLimit();
+/// What the program needs of its process from the start: a write beyond the limit for the size of a
+/// file fails with EFBIG instead of ending the program, and a console takes UTF-8.
+void prepareProcess();
+
+/// The files that arguments name. Where shells don't expand wildcards, a name with `*` or `?` in
+/// its last part stands for the files that it matches, in the order of their names, or for itself
+/// if there are none.
+std::vector<std::string> filesOf(std::vector<std::string> words);
+
+/// True for a name that the system takes for the device that drops what is written, in any folder.
+bool isNullDevice(const std::string& path);
+
+/// The arguments with which this program does the task of a number, and nothing else.
+using CommandOf = std::function<std::vector<std::string>(std::size_t number)>;
 
 /// Runs `task` for the numbers below `count`, each in a process of its own, which begins as a copy
-/// of this one. `width` of them, at most 256, run at a time. Gives what each task returned, a
-/// number from 0 to 127, or, of a process that a signal ended, the negative number of the signal.
-/// The task throws nothing.
-///
-/// Where processes can't be copied, the tasks run here, one after the other.
+/// of this one, or, where processes can't be copied, is this program with the arguments of
+/// `commandOf`. `width` of them, at most 256 (64 on Windows), run at a time. Returns what each task
+/// returned, a number from 0 to 127, or, of a process that a signal ended, the negative number of
+/// the signal. The task throws nothing.
 std::vector<int> runSideBySide(std::size_t count, std::size_t width,
-                               const std::function<int(std::size_t)>& task);
+                               const std::function<int(std::size_t)>& task,
+                               const CommandOf& commandOf);
 
 } // namespace tavo
