@@ -4,6 +4,7 @@
 #include "Diagnostics.h"
 #include "OutputFile.h"
 #include "StandardOutput.h"
+#include "base/paths.h"
 #include "differences.h"
 #include "outputName.h"
 #include "pageData.h"
@@ -33,7 +34,7 @@ struct PagePlan
 /// Whether an argument is the name of a page, and not that of a description.
 bool isPageName(const std::string& path)
 {
-    const std::string extension = fs::path(path).extension().string();
+    const std::string extension = nameOf(pathOf(path).extension());
     return path == standardOutput || extension == ".html" || extension == ".htm";
 }
 
@@ -63,7 +64,7 @@ std::unique_ptr<Description> readOne(const std::string& file, const Options& opt
     return description->read(diagnostics) == ExitCode::AllWell ? std::move(description) : nullptr;
 }
 
-std::string titleOf(const std::string& file) { return fs::path(file).filename().string(); }
+std::string titleOf(const std::string& file) { return nameOf(pathOf(file).filename()); }
 
 void writePage(ConfigurationStream& stream, Description& description,
                const PageComparison* comparison)
