@@ -7,7 +7,7 @@
 namespace tavo {
 
 /// IF_DATA { ASAP1B_CCP ... | XCP ... | XCPplus ... | name ... } /end IF_DATA
-void Parser::parseIfData(Place begin)
+void Parser::parseIfData(const Mark& begin)
 {
     if (scanner_.isWord("ASAP1B_CCP")) {
         scanner_.advance();
@@ -33,10 +33,10 @@ Interface& Parser::interfaceOf(Protocol protocol)
 }
 
 /// ASAP1B_CCP { /begin block | option } /end IF_DATA
-void Parser::parseCcp(Place begin)
+void Parser::parseCcp(const Mark& begin)
 {
     section_ = Protocol::Ccp;
-    parseOptions(Block::Ccp, "IF_DATA", begin, [this](Option option, Place place) {
+    parseOptions(Block::Ccp, "IF_DATA", begin, [this](Option option, const Mark& place) {
         Interface& interface = interfaceOf(Protocol::Ccp);
         if (option == Option::Ccp_TP_BLOB_block)
             parseTpBlob(interface, place);
@@ -46,7 +46,7 @@ void Parser::parseCcp(Place begin)
 }
 
 /// TP_BLOB version blobVersion masterId slaveId stationAddress byteOrder { option } /end TP_BLOB
-void Parser::parseTpBlob(Interface& interface, Place begin)
+void Parser::parseTpBlob(Interface& interface, const Mark& begin)
 {
     constexpr const char* word = "TP_BLOB";
     if (!readPositional(word, "xxiii",
@@ -61,7 +61,7 @@ void Parser::parseTpBlob(Interface& interface, Place begin)
     // The byte order, of which nothing is taken: the one of the module counts.
     Field byteOrder;
     readField('n', byteOrder);
-    parseOptions(Block::TpBlob, word, begin, [](Option, Place) {});
+    parseOptions(Block::TpBlob, word, begin, [](Option, const Mark&) {});
 }
 
 /// Stores an identifier or a station address, unless it is beyond 32 bits.
@@ -76,7 +76,7 @@ void Parser::giveIdentifier(std::optional<std::int64_t>& identifier, const Numbe
 }
 
 /// RASTER "longName" "name" eventChannel scalingUnit rate { EXCLUSIVE x } /end RASTER
-void Parser::parseRaster(Interface& interface, Place begin)
+void Parser::parseRaster(Interface& interface, const Mark& begin)
 {
     constexpr const char* word = "RASTER";
     if (!readPositional(
@@ -93,7 +93,7 @@ void Parser::parseRaster(Interface& interface, Place begin)
     source.cycle = integer(4);
     if (isExpressible(source, word))
         interface.sources.push_back(source);
-    parseOptions(Block::Raster, word, begin, [](Option, Place) {});
+    parseOptions(Block::Raster, word, begin, [](Option, const Mark&) {});
 }
 
 /// False, with a warning, for a source with a number that a configuration has no room for.
@@ -114,15 +114,15 @@ bool Parser::isExpressible(const Source& source, const char* word)
 }
 
 /// XCP { /begin block } /end IF_DATA
-void Parser::parseXcp(Protocol protocol, Place begin)
+void Parser::parseXcp(Protocol protocol, const Mark& begin)
 {
     section_ = protocol;
-    parseOptions(Block::Xcp, "IF_DATA", begin, [this, protocol](Option option, Place place) {
+    parseOptions(Block::Xcp, "IF_DATA", begin, [this, protocol](Option option, const Mark& place) {
         parseXcpBlock(option, interfaceOf(protocol), place);
     });
 }
 
-void Parser::parseXcpBlock(Option option, Interface& interface, Place begin)
+void Parser::parseXcpBlock(Option option, Interface& interface, const Mark& begin)
 {
     switch (option) {
     case Option::Xcp_DAQ_block:
@@ -152,16 +152,16 @@ bool KnownSources::has(const Interface& interface, const Source& source)
 }
 
 /// DAQ x x x x x x x x x x { option } /end DAQ
-void Parser::parseDaq(Interface& interface, bool isInTransport, Place begin)
+void Parser::parseDaq(Interface& interface, bool isInTransport, const Mark& begin)
 {
     passOverFields(Block::Daq, 10);
     parseOptions(Block::Daq, "DAQ", begin,
-                 [&](Option, Place place) { parseEvent(interface, isInTransport, place); });
+                 [&](Option, const Mark& place) { parseEvent(interface, isInTransport, place); });
 }
 
 /// EVENT "longName" "name" channel direction maxDaqList timeCycle timeUnit priority { option }
 /// /end EVENT
-void Parser::parseEvent(Interface& interface, bool isInTransport, Place begin)
+void Parser::parseEvent(Interface& interface, bool isInTransport, const Mark& begin)
 {
     constexpr const char* word = "EVENT";
     if (!readPositional(word, "ssiwiiii",
@@ -185,16 +185,16 @@ void Parser::parseEvent(Interface& interface, bool isInTransport, Place begin)
         isInTransport && knownSources_[interface.protocol].has(interface, source);
     if (!isRepeated && isExpressible(source, word))
         interface.sources.push_back(source);
-    parseOptions(Block::Event, word, begin, [](Option, Place) {});
+    parseOptions(Block::Event, word, begin, [](Option, const Mark&) {});
 }
 
 /// XCP_ON_CAN version { option } /end XCP_ON_CAN
-void Parser::parseCan(Interface& interface, Place begin)
+void Parser::parseCan(Interface& interface, const Mark& begin)
 {
     constexpr const char* word = "XCP_ON_CAN";
     passOverFields(Block::Can, 1);
     Transport transport;
-    parseOptions(Block::Can, word, begin, [&](Option option, Place place) {
+    parseOptions(Block::Can, word, begin, [&](Option option, const Mark& place) {
         switch (option) {
         case Option::Can_BAUDRATE:
             transport.bitRate = integer(0);
@@ -214,7 +214,7 @@ void Parser::parseCan(Interface& interface, Place begin)
         case Option::Can_CAN_FD_block:
             transport.isCanFd = true;
             parseOptions(Block::CanFd, "CAN_FD", place,
-                         [&](Option, Place) { transport.dataBitRate = integer(0); });
+                         [&](Option, const Mark&) { transport.dataBitRate = integer(0); });
             break;
         default:
             parseDaq(interface, true, place);
@@ -228,13 +228,14 @@ void Parser::parseCan(Interface& interface, Place begin)
 }
 
 /// XCP_ON_UDP_IP version port { option } /end XCP_ON_UDP_IP, and the same for TCP
-void Parser::parseEthernet(Interface& interface, TransportKind kind, const char* word, Place begin)
+void Parser::parseEthernet(Interface& interface, TransportKind kind, const char* word,
+                           const Mark& begin)
 {
     Transport transport;
     transport.kind = kind;
     if (readField('n', fields_[0]) && readField('i', fields_[1]))
         transport.port = integer(1);
-    parseOptions(Block::Ethernet, word, begin, [&](Option option, Place place) {
+    parseOptions(Block::Ethernet, word, begin, [&](Option option, const Mark& place) {
         switch (option) {
         case Option::Ethernet_ADDRESS:
             transport.address = keep(0);
@@ -257,12 +258,12 @@ void Parser::parseEthernet(Interface& interface, TransportKind kind, const char*
 
 /// A transport of which the kind alone is taken.
 void Parser::parseOtherTransport(Interface& interface, TransportKind kind, const char* word,
-                                 Place begin)
+                                 const Mark& begin)
 {
     Transport transport;
     transport.kind = kind;
     passOverFields(Block::OtherTransport, std::numeric_limits<int>::max());
-    parseOptions(Block::OtherTransport, word, begin, [&](Option option, Place place) {
+    parseOptions(Block::OtherTransport, word, begin, [&](Option option, const Mark& place) {
         if (option == Option::OtherTransport_DAQ_block)
             parseDaq(interface, true, place);
         else

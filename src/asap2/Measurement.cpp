@@ -18,7 +18,7 @@ DataType dataTypeOf(std::string_view word)
 } // namespace
 
 /// MEASUREMENT ... /end MEASUREMENT
-void Parser::parseMeasurement(Place begin)
+void Parser::parseMeasurement(const Mark& begin)
 {
     Quantity quantity;
     if (!parseQuantity("MEASUREMENT", begin, quantity))
@@ -32,7 +32,7 @@ void Parser::parseMeasurement(Place begin)
 }
 
 /// TYPEDEF_MEASUREMENT ... /end TYPEDEF_MEASUREMENT
-void Parser::parseTypedefMeasurement(Place begin)
+void Parser::parseTypedefMeasurement(const Mark& begin)
 {
     Quantity quantity;
     if (!parseQuantity("TYPEDEF_MEASUREMENT", begin, quantity))
@@ -46,7 +46,7 @@ void Parser::parseTypedefMeasurement(Place begin)
 /// /end word
 ///
 /// False if the quantity is left out.
-bool Parser::parseQuantity(const char* word, Place begin, Quantity& quantity)
+bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quantity)
 {
     blobAddress_ = {};
     blobExtension_ = {};
@@ -71,12 +71,13 @@ bool Parser::parseQuantity(const char* word, Place begin, Quantity& quantity)
         quantity.methodName = inventory_.methodNames.number(text(3));
     quantity.lower = limitOf(number(6));
     quantity.upper = limitOf(number(7));
-    parseOptions(Block::Measurement, word, begin,
-                 [&](Option option, Place place) { parseQuantityOption(option, quantity, place); });
+    parseOptions(Block::Measurement, word, begin, [&](Option option, const Mark& place) {
+        parseQuantityOption(option, quantity, place);
+    });
     return true;
 }
 
-void Parser::parseQuantityOption(Option option, Quantity& quantity, Place begin)
+void Parser::parseQuantityOption(Option option, Quantity& quantity, const Mark& begin)
 {
     switch (option) {
     case Option::Measurement_ECU_ADDRESS:
@@ -117,7 +118,7 @@ void Parser::parseQuantityOption(Option option, Quantity& quantity, Place begin)
 }
 
 /// The options of a quantity that an INSTANCE has, too.
-void Parser::parseCommonOption(Option option, Quantity& quantity, Place begin)
+void Parser::parseCommonOption(Option option, Quantity& quantity, const Mark& begin)
 {
     switch (option) {
     case Option::Measurement_ADDRESS_TYPE:
@@ -186,18 +187,18 @@ bool Parser::readDimensions(Quantity& quantity)
 }
 
 /// IF_DATA { ASAP1B_CCP ... | ASAP1B_KWP2000 ... | XCP ... | name ... } /end IF_DATA
-void Parser::parseQuantityIfData(Quantity& quantity, Place begin)
+void Parser::parseQuantityIfData(Quantity& quantity, const Mark& begin)
 {
     const auto isName = [this](std::string_view name) { return scanner_.isWord(name); };
     const bool isCcp = isName("ASAP1B_CCP");
     if (isCcp || isName("ASAP1B_KWP2000")) {
         scanner_.advance();
         parseOptions(isCcp ? Block::QuantityCcp : Block::QuantityKwp, "IF_DATA", begin,
-                     [this](Option option, Place place) { parseBlob(option, place); });
+                     [this](Option option, const Mark& place) { parseBlob(option, place); });
     } else if (isName("XCP") || isName("XCPplus")) {
         scanner_.advance();
         parseOptions(Block::QuantityXcp, "IF_DATA", begin,
-                     [&](Option, Place place) { parseDaqEvent(quantity, place); });
+                     [&](Option, const Mark& place) { parseDaqEvent(quantity, place); });
     } else {
         skipRest("IF_DATA", begin);
     }
@@ -205,7 +206,7 @@ void Parser::parseQuantityIfData(Quantity& quantity, Place begin)
 
 /// KP_BLOB extension address size, of CCP, or KP_BLOB address place size, of KWP; plain or as a
 /// block. The first one that is complete counts.
-void Parser::parseBlob(Option option, Place begin)
+void Parser::parseBlob(Option option, const Mark& begin)
 {
     const bool isCcp =
         option == Option::QuantityCcp_KP_BLOB || option == Option::QuantityCcp_KP_BLOB_block;
@@ -229,10 +230,10 @@ void Parser::parseBlob(Option option, Place begin)
 /// DAQ_EVENT { FIXED_EVENT_LIST { EVENT channel } |
 /// VARIABLE { DEFAULT_EVENT_LIST { EVENT channel } | AVAILABLE_EVENT_LIST ... } } /end DAQ_EVENT,
 /// with each list plain or as a block
-void Parser::parseDaqEvent(Quantity& quantity, Place begin)
+void Parser::parseDaqEvent(Quantity& quantity, const Mark& begin)
 {
     bool isBinding = false; // the plain list in hand
-    parseOptions(Block::DaqEvent, "DAQ_EVENT", begin, [&](Option option, Place place) {
+    parseOptions(Block::DaqEvent, "DAQ_EVENT", begin, [&](Option option, const Mark& place) {
         switch (option) {
         case Option::DaqEvent_EVENT:
             if (isBinding)
@@ -259,9 +260,9 @@ void Parser::parseDaqEvent(Quantity& quantity, Place begin)
 }
 
 /// { EVENT channel } /end word
-void Parser::parseEventList(const char* word, Quantity& quantity, Place begin)
+void Parser::parseEventList(const char* word, Quantity& quantity, const Mark& begin)
 {
-    parseOptions(Block::EventList, word, begin, [&](Option, Place) { bindEvent(quantity); });
+    parseOptions(Block::EventList, word, begin, [&](Option, const Mark&) { bindEvent(quantity); });
 }
 
 void Parser::bindEvent(Quantity& quantity)

@@ -31,7 +31,7 @@ void define(std::vector<std::uint32_t>& entries, std::uint32_t name, std::size_t
 /// COMPU_METHOD name longIdentifier conversionType format unit
 /// { COEFFS a b c d e f | COEFFS_LINEAR a b | COMPU_TAB_REF name | /begin FORMULA ... | ... }
 /// /end COMPU_METHOD
-void Parser::parseMethod(Place begin)
+void Parser::parseMethod(const Mark& begin)
 {
     constexpr const char* word = "COMPU_METHOD";
     if (!readPositional(word, "wswss",
@@ -51,8 +51,9 @@ void Parser::parseMethod(Place begin)
                      inQuotes(method.name));
     method.unit = inventory_.unitNames.name(inventory_.unitNames.number(text(4)));
     isSetWrong_ = false;
-    parseOptions(Block::Method, word, begin,
-                 [&](Option option, Place place) { parseMethodOption(option, method, place); });
+    parseOptions(Block::Method, word, begin, [&](Option option, const Mark& place) {
+        parseMethodOption(option, method, place);
+    });
     if (isSetWrong_) {
         reportLeftOut(begin, word,
                       joined({word, " ", inQuotes(method.name),
@@ -68,7 +69,7 @@ void Parser::parseMethod(Place begin)
         inventory_.methods.push_back(std::move(method));
 }
 
-void Parser::parseMethodOption(Option option, Method& method, Place begin)
+void Parser::parseMethodOption(Option option, Method& method, const Mark& begin)
 {
     switch (option) {
     case Option::Method_COEFFS: {
@@ -98,7 +99,7 @@ void Parser::parseMethodOption(Option option, Method& method, Place begin)
 }
 
 /// FORMULA "formula" { FORMULA_INV "formula" } /end FORMULA
-void Parser::parseFormula(Method& method, Place begin)
+void Parser::parseFormula(Method& method, const Mark& begin)
 {
     if (readField('s', fields_[0])) {
         method.formula = keep(0);
@@ -107,13 +108,13 @@ void Parser::parseFormula(Method& method, Place begin)
         notices_.add(begin, "A FORMULA without a text is ignored");
     }
     parseOptions(Block::Formula, "FORMULA", begin,
-                 [&](Option, Place) { method.inverseFormula = keep(0); });
+                 [&](Option, const Mark&) { method.inverseFormula = keep(0); });
 }
 
 /// COMPU_TAB name longIdentifier { TAB_INTP | TAB_NOINTP } count { input output } { option } |
 /// COMPU_VTAB name longIdentifier TAB_VERB count { input "text" } { option } |
 /// COMPU_VTAB_RANGE name longIdentifier count { minimum maximum "text" } { option }
-void Parser::parseTable(TableKind kind, const char* word, Place begin)
+void Parser::parseTable(TableKind kind, const char* word, const Mark& begin)
 {
     const bool hasType = kind != TableKind::Ranges;
     const bool isRead =
@@ -141,7 +142,7 @@ void Parser::parseTable(TableKind kind, const char* word, Place begin)
     if (rowCount.isNegative || rowCount.magnitude != table.rows.size())
         notices_.add(begin, "Tables have another number of rows than they say",
                      inQuotes(table.name));
-    parseOptions(Block::Table, word, begin, [&](Option option, Place) {
+    parseOptions(Block::Table, word, begin, [&](Option option, const Mark&) {
         // Old descriptions give the default of a table of numbers as a number.
         const std::optional<Number> value =
             table.kind == TableKind::Numeric ? parseNumber(text(0)) : std::nullopt;

@@ -24,8 +24,8 @@ void Parser::parse()
             scanner_.advance();
             continue;
         }
-        Place begin;
-        const std::string word = beginBlock(begin);
+        const Mark begin(scanner_);
+        const std::string word(beginBlock(begin));
         if (word == "PROJECT" && !isProjectRead) {
             isProjectRead = true;
             scanner_.advance();
@@ -41,7 +41,7 @@ void Parser::parse()
 }
 
 /// /begin PROJECT anything { /begin block } /end PROJECT, of which the first MODULE is read.
-void Parser::parseProject(Place begin)
+void Parser::parseProject(const Mark& begin)
 {
     bool isModuleRead = false;
     while (scanner_.token() != Token::End) {
@@ -51,8 +51,8 @@ void Parser::parseProject(Place begin)
             scanner_.advance();
             continue;
         }
-        Place blockBegin;
-        const std::string word = beginBlock(blockBegin);
+        const Mark blockBegin(scanner_);
+        const std::string word(beginBlock(blockBegin));
         if (word == "MODULE" && !isModuleRead) {
             isModuleRead = true;
             scanner_.advance();
@@ -67,14 +67,14 @@ void Parser::parseProject(Place begin)
 }
 
 /// /begin MODULE name longIdentifier { /begin block } /end MODULE
-void Parser::parseModule(Place begin)
+void Parser::parseModule(const Mark& begin)
 {
     passOverFields(Block::Module, 2);
     parseOptions(Block::Module, "MODULE", begin,
-                 [this](Option option, Place place) { parseModuleBlock(option, place); });
+                 [this](Option option, const Mark& place) { parseModuleBlock(option, place); });
 }
 
-void Parser::parseModuleBlock(Option option, Place begin)
+void Parser::parseModuleBlock(Option option, const Mark& begin)
 {
     switch (option) {
     case Option::Module_MEASUREMENT_block:
@@ -109,10 +109,10 @@ void Parser::parseModuleBlock(Option option, Place begin)
 }
 
 /// MOD_COMMON longIdentifier { option } /end MOD_COMMON
-void Parser::parseModCommon(Place begin)
+void Parser::parseModCommon(const Mark& begin)
 {
     passOverFields(Block::ModCommon, 1);
-    parseOptions(Block::ModCommon, "MOD_COMMON", begin, [this](Option option, Place) {
+    parseOptions(Block::ModCommon, "MOD_COMMON", begin, [this](Option option, const Mark&) {
         if (option == Option::ModCommon_BYTE_ORDER)
             inventory_.byteOrder = byteOrderOf(text(0));
     });
@@ -134,18 +134,18 @@ ByteOrder Parser::byteOrderOf(const std::string& word)
     return ByteOrder::None;
 }
 
-/// `/begin` is current: takes it and returns the word of the block, which is current then.
-std::string Parser::beginBlock(Place& begin)
+/// `/begin` is current, and `begin` stands there: takes it and returns the word of the block, which
+/// is current then.
+std::string_view Parser::beginBlock(const Mark& begin)
 {
-    begin = scanner_.place();
     scanner_.advance();
     if (scanner_.token() != Token::Word && scanner_.token() != Token::Text)
         throw Fault(begin, "'/begin' without the word of its block");
-    return std::string(scanner_.text());
+    return scanner_.text();
 }
 
 /// `/end` is current: takes it and the word after it, which must be the block's.
-void Parser::closeBlock(std::string_view word, Place begin)
+void Parser::closeBlock(std::string_view word, const Mark& begin)
 {
     scanner_.advance();
     if (!scanner_.isWord(word)) {
@@ -156,7 +156,7 @@ void Parser::closeBlock(std::string_view word, Place begin)
 
 /// Reads the rest of a block that is left out because of one of its fields. Unlike one that is
 /// passed over, it may go on in an included file.
-void Parser::leaveOut(std::string_view word, Place begin)
+void Parser::leaveOut(std::string_view word, const Mark& begin)
 {
     for (;;) {
         switch (scanner_.token()) {
@@ -165,8 +165,8 @@ void Parser::leaveOut(std::string_view word, Place begin)
         case Token::FileEnd:
             throw Fault(begin, joined({"Block ", inQuotes(word), " without an end"}));
         case Token::Begin: {
-            Place inner;
-            const std::string innerWord = beginBlock(inner);
+            const Mark inner(scanner_);
+            const std::string innerWord(beginBlock(inner));
             passOver(innerWord, inner);
             break;
         }
@@ -179,7 +179,7 @@ void Parser::leaveOut(std::string_view word, Place begin)
 }
 
 /// Passes over the rest of a block, unread, from the current token on.
-void Parser::skipRest(std::string_view word, Place begin)
+void Parser::skipRest(std::string_view word, const Mark& begin)
 {
     switch (scanner_.token()) {
     case Token::End:
@@ -195,7 +195,7 @@ void Parser::skipRest(std::string_view word, Place begin)
 }
 
 /// Passes over a whole block, whose word is current.
-void Parser::passOver(std::string_view word, Place begin)
+void Parser::passOver(std::string_view word, const Mark& begin)
 {
     if (word == "A2ML")
         scanner_.skipA2ml(begin);

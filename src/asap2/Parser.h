@@ -55,14 +55,14 @@ public:
 
 private:
     // Tokens and blocks.
-    std::string beginBlock(Place& begin);
-    void closeBlock(std::string_view word, Place begin);
-    void leaveOut(std::string_view word, Place begin);
-    void skipRest(std::string_view word, Place begin);
-    void passOver(std::string_view word, Place begin);
+    std::string_view beginBlock(const Mark& begin);
+    void closeBlock(std::string_view word, const Mark& begin);
+    void leaveOut(std::string_view word, const Mark& begin);
+    void skipRest(std::string_view word, const Mark& begin);
+    void passOver(std::string_view word, const Mark& begin);
     template <class Handle>
-    void parseOptions(Block block, std::string_view word, Place begin, Handle handle);
-    template <class Handle> void parseOption(Block block, Handle handle);
+    void parseOptions(Block block, std::string_view word, const Mark& begin, Handle handle);
+    template <class Handle> void parseOption(Block block, const Mark& begin, Handle handle);
     template <class Handle> void parseInnerBlock(Block block, Handle handle);
     void passOverUnknown(Block block);
     void ignoreOption(const OptionRow& row);
@@ -82,56 +82,57 @@ private:
     std::int64_t integer(std::size_t field) const;
 
     // The frame of a file.
-    void parseProject(Place begin);
-    void parseModule(Place begin);
-    void parseModuleBlock(Option option, Place begin);
-    void parseModCommon(Place begin);
+    void parseProject(const Mark& begin);
+    void parseModule(const Mark& begin);
+    void parseModuleBlock(Option option, const Mark& begin);
+    void parseModCommon(const Mark& begin);
     ByteOrder byteOrderOf(const std::string& word);
 
     // Quantities and their types.
-    void parseMeasurement(Place begin);
-    void parseTypedefMeasurement(Place begin);
-    bool parseQuantity(const char* word, Place begin, Quantity& quantity);
-    void parseQuantityOption(Option option, Quantity& quantity, Place begin);
-    void parseCommonOption(Option option, Quantity& quantity, Place begin);
+    void parseMeasurement(const Mark& begin);
+    void parseTypedefMeasurement(const Mark& begin);
+    bool parseQuantity(const char* word, const Mark& begin, Quantity& quantity);
+    void parseQuantityOption(Option option, Quantity& quantity, const Mark& begin);
+    void parseCommonOption(Option option, Quantity& quantity, const Mark& begin);
     bool takeDimensions(Dimensions& dimensions);
     bool readDimensions(Quantity& quantity);
     bool isPointerWord() const;
-    void parseQuantityIfData(Quantity& quantity, Place begin);
-    void parseBlob(Option option, Place begin);
-    void parseDaqEvent(Quantity& quantity, Place begin);
-    void parseEventList(const char* word, Quantity& quantity, Place begin);
+    void parseQuantityIfData(Quantity& quantity, const Mark& begin);
+    void parseBlob(Option option, const Mark& begin);
+    void parseDaqEvent(Quantity& quantity, const Mark& begin);
+    void parseEventList(const char* word, Quantity& quantity, const Mark& begin);
     void bindEvent(Quantity& quantity);
-    void parseTypedefStructure(Place begin);
-    void parseComponent(Structure& structure, Place begin);
-    void parseInstance(Place begin);
-    void parseAdjustable(const char* word, Place begin);
+    void parseTypedefStructure(const Mark& begin);
+    void parseComponent(Structure& structure, const Mark& begin);
+    void parseInstance(const Mark& begin);
+    void parseAdjustable(const char* word, const Mark& begin);
 
     // Conversions.
-    void parseMethod(Place begin);
-    void parseMethodOption(Option option, Method& method, Place begin);
-    void parseFormula(Method& method, Place begin);
-    void parseTable(TableKind kind, const char* word, Place begin);
+    void parseMethod(const Mark& begin);
+    void parseMethodOption(Option option, Method& method, const Mark& begin);
+    void parseFormula(Method& method, const Mark& begin);
+    void parseTable(TableKind kind, const char* word, const Mark& begin);
     void readRows(Table& table);
     void reportUndefinedMethods();
 
     // Interfaces.
-    void parseIfData(Place begin);
+    void parseIfData(const Mark& begin);
     Interface& interfaceOf(Protocol protocol);
-    void parseCcp(Place begin);
-    void parseTpBlob(Interface& interface, Place begin);
+    void parseCcp(const Mark& begin);
+    void parseTpBlob(Interface& interface, const Mark& begin);
     void giveIdentifier(std::optional<std::int64_t>& identifier, const Number& number,
                         const char* where);
-    void parseRaster(Interface& interface, Place begin);
+    void parseRaster(Interface& interface, const Mark& begin);
     bool isExpressible(const Source& source, const char* word);
-    void parseXcp(Protocol protocol, Place begin);
-    void parseXcpBlock(Option option, Interface& interface, Place begin);
-    void parseDaq(Interface& interface, bool isInTransport, Place begin);
-    void parseEvent(Interface& interface, bool isInTransport, Place begin);
-    void parseCan(Interface& interface, Place begin);
-    void parseEthernet(Interface& interface, TransportKind kind, const char* word, Place begin);
+    void parseXcp(Protocol protocol, const Mark& begin);
+    void parseXcpBlock(Option option, Interface& interface, const Mark& begin);
+    void parseDaq(Interface& interface, bool isInTransport, const Mark& begin);
+    void parseEvent(Interface& interface, bool isInTransport, const Mark& begin);
+    void parseCan(Interface& interface, const Mark& begin);
+    void parseEthernet(Interface& interface, TransportKind kind, const char* word,
+                       const Mark& begin);
     void parseOtherTransport(Interface& interface, TransportKind kind, const char* word,
-                             Place begin);
+                             const Mark& begin);
     void passOverFields(Block block, int most);
 
     Scanner& scanner_;
@@ -151,9 +152,9 @@ private:
 
 /// The options of a block up to its `/end`, and that end. `handle` gets an option from which
 /// something is taken: the fields of a plain one have been read; a block is the handler's to read,
-/// which gets the place where it begins.
+/// which gets the mark of its own begin.
 template <class Handle>
-void Parser::parseOptions(Block block, std::string_view word, Place begin, Handle handle)
+void Parser::parseOptions(Block block, std::string_view word, const Mark& begin, Handle handle)
 {
     for (;;) {
         switch (scanner_.token()) {
@@ -166,7 +167,7 @@ void Parser::parseOptions(Block block, std::string_view word, Place begin, Handl
             parseInnerBlock(block, handle);
             break;
         case Token::Word:
-            parseOption(block, handle);
+            parseOption(block, begin, handle);
             break;
         case Token::Text: // what is left of a faulty option
             scanner_.advance();
@@ -175,7 +176,7 @@ void Parser::parseOptions(Block block, std::string_view word, Place begin, Handl
     }
 }
 
-template <class Handle> void Parser::parseOption(Block block, Handle handle)
+template <class Handle> void Parser::parseOption(Block block, const Mark& begin, Handle handle)
 {
     const OptionRow row = findOption(block, scanner_.text());
     if (row.option == Option::Unknown)
@@ -184,24 +185,27 @@ template <class Handle> void Parser::parseOption(Block block, Handle handle)
     if (!readFields(block, row))
         return ignoreOption(row);
     if (row.option != Option::Known)
-        handle(row.option, Place());
+        handle(row.option, begin);
 }
 
 template <class Handle> void Parser::parseInnerBlock(Block block, Handle handle)
 {
-    Place begin;
-    const std::string word = beginBlock(begin);
+    const Mark begin(scanner_);
+    const std::string_view word = beginBlock(begin);
     const OptionRow row = findBlock(block, word);
     if (block == Block::Ccp || block == Block::Xcp) // its first block makes an interface
         interfaceOf(section_);
-    if (row.option == Option::Unknown && block != Block::OtherTransport)
-        notices_.add(begin, joined({"Unknown block ", inQuotes(word), " is passed over"}));
-    if (row.option == Option::Unknown || row.option == Option::Known) {
-        passOver(word, begin);
-        return;
+    if (row.option == Option::Unknown) {
+        const std::string unknown(word);
+        if (block != Block::OtherTransport)
+            notices_.add(begin, joined({"Unknown block ", inQuotes(unknown), " is passed over"}));
+        passOver(unknown, begin);
+    } else if (row.option == Option::Known) {
+        passOver(row.word, begin);
+    } else {
+        scanner_.advance();
+        handle(row.option, begin);
     }
-    scanner_.advance();
-    handle(row.option, begin);
 }
 
 } // namespace tavo

@@ -3,7 +3,9 @@
 #include "asap2/characters.h"
 #include "base/Notices.h"
 
-#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
 
 namespace tavo {
 
@@ -14,11 +16,11 @@ void Scanner::failAtEnd(std::string_view what, Place begin)
     throw Fault(begin, joined({what, " without an end"}));
 }
 
-void Scanner::failAtOtherEnd(std::string_view word, Place begin)
+void Scanner::failAtOtherEnd(std::string_view word, const Mark& begin)
 {
     const std::string end = token_ == Token::Word ? joined({"/end ", text_}) : "/end";
     throw Fault(place(), joined({inQuotes(end), " found in the block ", inQuotes(word), " of line ",
-                                 std::to_string(begin.line)}));
+                                 std::to_string(begin.place().line)}));
 }
 
 /// True if the slash in hand begins a comment.
@@ -30,20 +32,33 @@ std::size_t Scanner::keywordLength(Keyword keyword)
     return lengths[static_cast<std::size_t>(keyword)];
 }
 
-/// The keyword that begins at a slash, in any case of letters, whatever comes after it.
-Scanner::Keyword Scanner::keywordAt(const char* position, const char* end)
+namespace {
+
+/// Eight characters as a number: those of a keyword, and zeros after them.
+constexpr std::uint64_t eight(const std::array<char, 8>& characters)
 {
-    const auto matches = [&](std::string_view word) {
-        if (static_cast<std::size_t>(end - position) < word.size())
-            return false;
-        return std::equal(word.begin() + 1, word.end(), position + 1,
-                          [](char lower, char c) { return (c | 0x20) == lower; });
-    };
-    if (matches("/end"))
+    return std::bit_cast<std::uint64_t>(characters);
+}
+
+constexpr std::uint64_t lowerCase = eight({' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '});
+constexpr std::uint64_t firstFour = eight({'\xFF', '\xFF', '\xFF', '\xFF'});
+constexpr std::uint64_t firstSix = eight({'\xFF', '\xFF', '\xFF', '\xFF', '\xFF', '\xFF'});
+
+} // namespace
+
+/// The keyword that begins at a slash, in any case of letters, whatever comes after it. The zero
+/// bytes after the buffer belong to none.
+Scanner::Keyword Scanner::keywordAt(const char* position)
+{
+    std::uint64_t characters = 0;
+    std::memcpy(&characters, position, sizeof characters);
+    characters |= lowerCase;
+    if ((characters & firstFour) == eight({'/', 'e', 'n', 'd'}))
         return Keyword::End;
-    if (matches("/begin"))
+    if ((characters & firstSix) == eight({'/', 'b', 'e', 'g', 'i', 'n'}))
         return Keyword::Begin;
-    return matches("/include") ? Keyword::Include : Keyword::None;
+    const bool isInclude = characters == eight({'/', 'i', 'n', 'c', 'l', 'u', 'd', 'e'});
+    return isInclude ? Keyword::Include : Keyword::None;
 }
 
 /// The keyword that the slash in hand begins: it is a word of its own, or the next one follows at
@@ -51,15 +66,13 @@ Scanner::Keyword Scanner::keywordAt(const char* position, const char* end)
 Scanner::Keyword Scanner::keyword()
 {
     has(longestLook);
-    const Keyword found = keywordAt(next_, end_);
+    const Keyword found = keywordAt(next_);
     if (found == Keyword::None)
         return found;
     const char* const after = next_ + keywordLength(found);
-    if (after == end_ || *after == '"' || is(*after, Blank) || *after == 0)
-        return found;
-    const bool isFollowed =
-        *after == '/' && (after[1] == '*' || after[1] == '/' || // the zero byte at the end is safe
-                          keywordAt(after, end_) != Keyword::None);
+    if (*after != '/')
+        return is(*after, EndsWord) ? found : Keyword::None;
+    const bool isFollowed = after[1] == '*' || after[1] == '/' || keywordAt(after) != Keyword::None;
     return isFollowed ? found : Keyword::None;
 }
 
@@ -88,27 +101,29 @@ void Scanner::skipBlanksAndComments()
 /// The slash that begins the comment is in hand.
 void Scanner::skipComment()
 {
-    mark_ = next_;
+    const Mark begin(*this, next_);
     const bool isLine = next_[1] == '/';
     next_ += 2;
+    const char* position = next_; // what is before it doesn't end the comment
     for (;;) {
-        next_ = runEnd(next_, isLine ? EndsLine : EndsComment);
-        if (next_ == end_) {
-            if (more())
+        position = isLine ? lineEnd(position) : slashOf(position);
+        if (position == end_) {
+            // A star may be the last character of the buffer.
+            const std::ptrdiff_t kept = position > next_ ? 1 : 0;
+            next_ = position - kept;
+            const bool isRead = more();
+            position = next_ + kept;
+            if (isRead)
                 continue;
-            if (isLine)
-                break;
-            failAtEnd("Comment", markedPlace());
-        }
-        if (isLine && *next_ != 0)
-            break;
-        ++next_;
-        if (!isLine && next_[-1] == '*' && has(1) && *next_ == '/') {
-            ++next_;
+            if (!isLine)
+                failAtEnd("Comment", begin);
             break;
         }
+        if (*position != 0 && (isLine || (position > next_ && position[-1] == '*')))
+            break;
+        ++position;
     }
-    mark_ = nullptr;
+    next_ = isLine ? position : position + 1;
 }
 
 void Scanner::advance()
@@ -116,6 +131,10 @@ void Scanner::advance()
     for (;;) {
         while (is(*next_, Blank))
             ++next_;
+        if (!is(*next_, EndsWord)) {
+            keep_ = next_;
+            return scanWord();
+        }
         if (*next_ == 0 || *next_ == '/')
             skipBlanksAndComments();
         if (next_ == end_) {
@@ -144,39 +163,54 @@ void Scanner::advance()
     }
 }
 
+/// The first character is in hand, and `keep_` stands there.
 void Scanner::scanWord()
 {
     token_ = Token::Word;
-    ++next_;
-    for (;;) {
-        next_ = runEnd(next_, EndsWord);
-        if (next_ == end_) {
-            if (more())
-                continue;
-            break;
-        }
-        if (*next_ != '/' || startsComment() || keyword() != Keyword::None)
-            break;
-        ++next_;
-    }
+    next_ = wordEnd(next_ + 1);
+    if (!is(*next_, Blank))
+        finishWord();
     text_ = {keep_, static_cast<std::size_t>(next_ - keep_)};
 }
 
-/// The opening quote is in hand.
+/// Something else than a blank is in hand: it ends the word, or doesn't.
+void Scanner::finishWord()
+{
+    for (;;) {
+        if (next_ == end_) {
+            if (!more())
+                return;
+        } else if (*next_ != '/' || startsComment() || keyword() != Keyword::None) {
+            return;
+        } else {
+            ++next_;
+        }
+        next_ = wordEnd(next_);
+    }
+}
+
+/// The opening quote is in hand, and `keep_` stands there.
 void Scanner::scanText()
 {
     token_ = Token::Text;
+    next_ = textEnd(next_ + 1);
+    // A second quote may follow, and only the true end of the file is a zero byte after a quote.
+    if (*next_ != '"' || next_[1] == '"' || next_ + 1 == end_)
+        return finishText();
+    text_ = {keep_ + 1, static_cast<std::size_t>(next_ - keep_ - 1)};
     ++next_;
-    for (;;) {
-        next_ = runEnd(next_, EndsText);
-        if (next_ == end_) {
-            if (more())
-                continue;
+}
+
+/// What may be no simple text, up to the character in hand.
+void Scanner::finishText()
+{
+    while (next_ == end_) {
+        if (!more())
             failAtEnd("Text", placeAt(keep_));
-        }
-        const bool isQuote = *next_ == '"';
-        if (!isQuote || (has(2) && next_[1] == '"'))
-            break;
+        next_ = textEnd(next_);
+    }
+    const bool isQuote = *next_ == '"';
+    if (isQuote && !(has(2) && next_[1] == '"')) {
         text_ = {keep_ + 1, static_cast<std::size_t>(next_ - keep_ - 1)};
         ++next_;
         return;
@@ -198,7 +232,7 @@ void Scanner::scanEditedText()
     };
     for (;;) {
         const char* const first = next_;
-        next_ = runEnd(next_, EndsText);
+        next_ = textEnd(next_);
         append(first, next_);
         if (next_ == end_) {
             if (more())

@@ -22,6 +22,8 @@ enum class Token : std::uint8_t
     FileEnd ///< Of the described file; the end of an included one is no token.
 };
 
+class Mark;
+
 /// Splits a description into tokens, with the files that it includes in their place.
 ///
 /// One token is current: a parser looks at it, takes from it what it needs, and goes on. What is
@@ -52,13 +54,13 @@ public:
     /// Passes over the rest of a block, in which `depth` blocks are open, and over its `/end` and
     /// word, which is compared with `word`. The search begins after the current token. The block
     /// began at `begin`.
-    void skipBlock(std::string_view word, Place begin, std::uint64_t depth = 1);
+    void skipBlock(std::string_view word, const Mark& begin, std::uint64_t depth = 1);
     /// The same for an A2ML block, which ends at its first `/end A2ML`, whatever is in it.
-    void skipA2ml(Place begin);
+    void skipA2ml(const Mark& begin);
 
     /// Throws the `Fault` of an `/end` with another word than its block's; what stands in the place
     /// of that word is current.
-    [[noreturn]] void failAtOtherEnd(std::string_view word, Place begin);
+    [[noreturn]] void failAtOtherEnd(std::string_view word, const Mark& begin);
 
     /// The name of a file by its number; 0 is the description itself.
     const std::string& fileName(std::uint32_t number) const { return fileNames_[number]; }
@@ -66,6 +68,8 @@ public:
     int readError() const { return readError_; }
 
 private:
+    friend class Mark;
+
     /// A file that is being read.
     struct Input
     {
@@ -95,13 +99,19 @@ private:
     void resume();
     bool leaveFile();
     bool more();
-    bool has(std::size_t count);
+    /// True if the next characters are so many, the one in hand included.
+    bool has(std::size_t count)
+    {
+        return static_cast<std::size_t>(end_ - next_) >= count || readUpTo(count);
+    }
+    bool readUpTo(std::size_t count);
     void countLines(const char* to);
+    void countMarks();
     Place placeAt(const char* position);
 
     bool startsComment();
     static std::size_t keywordLength(Keyword keyword);
-    static Keyword keywordAt(const char* position, const char* end);
+    static Keyword keywordAt(const char* position);
     Keyword keyword();
     void skipBlanks();
     void skipBlanksAndComments();
@@ -109,24 +119,23 @@ private:
     void skipText();
     std::uint64_t skipKeyword(Keyword keyword, std::uint64_t depth);
     void scanWord();
+    void finishWord();
     void scanText();
+    void finishText();
     void scanEditedText();
     void include();
     std::string includedName(Place place);
     void enter(const std::string& name, Place place);
     [[noreturn]] static void failAtEnd(std::string_view what, Place begin);
-    Place markedPlace() { return mark_ ? placeAt(mark_) : markedPlace_; }
 
     Token token_ = Token::FileEnd;
     std::string_view text_;
-    const char* next_ = nullptr; ///< The first character that no token has taken.
-    const char* end_ = nullptr;  ///< After the last character; a zero byte stands there.
-    const char* keep_ = nullptr; ///< What stays in the buffer from here on; null for nothing.
-    /// Where a comment or a text begins that is passed over, or null if that is no longer in the
-    /// buffer: its place is counted then.
-    const char* mark_ = nullptr;
-    Place markedPlace_;
-    const char* counted_ = nullptr; ///< The lines up to here are counted.
+    const char* next_ = nullptr;    ///< The first character that no token has taken.
+    const char* end_ = nullptr;     ///< After the last character; a zero byte stands there.
+    const char* keep_ = nullptr;    ///< What stays in the buffer from here on; null for nothing.
+    std::vector<Mark*> marks_;      ///< In the order of the description.
+    std::size_t countedMarks_ = 0;  ///< So many of them, from the first on, know their line.
+    const char* counted_ = nullptr; ///< The lines up to here are counted, no further than a mark.
     std::uint32_t line_ = 1;        ///< The line of `counted_`.
     char previous_ = 0;             ///< The character before `counted_`.
     bool isPassingOver_ = false;    ///< No include is opened.
@@ -137,5 +146,49 @@ private:
     std::vector<std::string> fileNames_;
     int readError_ = 0;
 };
+
+/// A place in a description whose line is counted when somebody asks for it, or when its characters
+/// leave the buffer: most blocks begin and end without a message. Marks are released in the reverse
+/// of the order in which they are made.
+class Mark
+{
+public:
+    /// Where the current token begins, which is no text.
+    explicit Mark(Scanner& scanner) : Mark(scanner, scanner.keep_ ? scanner.keep_ : scanner.next_)
+    {
+    }
+    ~Mark();
+    Mark(const Mark&) = delete;
+    Mark& operator=(const Mark&) = delete;
+
+    Place place() const;
+    operator Place() const { return place(); }
+
+private:
+    friend class Scanner;
+
+    /// Where a character stands that is in the buffer.
+    Mark(Scanner& scanner, const char* position) : scanner_(scanner), position_(position)
+    {
+        scanner.marks_.push_back(this);
+    }
+
+    Scanner& scanner_;
+    const char* position_; ///< Until the line is counted.
+    Place place_;          ///< From then on.
+};
+
+inline Mark::~Mark()
+{
+    scanner_.marks_.pop_back();
+    if (scanner_.countedMarks_ > scanner_.marks_.size())
+        scanner_.countedMarks_ = scanner_.marks_.size();
+}
+
+inline Place Mark::place() const
+{
+    scanner_.countMarks();
+    return place_;
+}
 
 } // namespace tavo

@@ -8,7 +8,7 @@ namespace tavo {
 
 /// TYPEDEF_STRUCTURE name longIdentifier size { /begin STRUCTURE_COMPONENT ... | option }
 /// /end TYPEDEF_STRUCTURE
-void Parser::parseTypedefStructure(Place begin)
+void Parser::parseTypedefStructure(const Mark& begin)
 {
     constexpr const char* word = "TYPEDEF_STRUCTURE";
     if (!readPositional(word, "wsi", {"its name", "its description", "its size"})) {
@@ -18,7 +18,7 @@ void Parser::parseTypedefStructure(Place begin)
     const std::string name = text(0);
     Structure structure;
     structure.size = number(2).bits();
-    parseOptions(Block::Structure, word, begin, [&](Option option, Place place) {
+    parseOptions(Block::Structure, word, begin, [&](Option option, const Mark& place) {
         if (option == Option::Structure_ADDRESS_TYPE)
             structure.isPointer = isPointerWord();
         else
@@ -29,7 +29,7 @@ void Parser::parseTypedefStructure(Place begin)
 }
 
 /// STRUCTURE_COMPONENT name type offset { option } /end STRUCTURE_COMPONENT
-void Parser::parseComponent(Structure& structure, Place begin)
+void Parser::parseComponent(Structure& structure, const Mark& begin)
 {
     constexpr const char* word = "STRUCTURE_COMPONENT";
     if (!readPositional(word, "wwi", {"its name", "its type", "its offset"})) {
@@ -40,7 +40,7 @@ void Parser::parseComponent(Structure& structure, Place begin)
     component.name = keep(0);
     component.type = types_.names.number(text(1));
     component.offset = number(2).bits();
-    parseOptions(Block::Component, word, begin, [&](Option option, Place) {
+    parseOptions(Block::Component, word, begin, [&](Option option, const Mark&) {
         if (option == Option::Component_ADDRESS_TYPE)
             component.isPointer = isPointerWord();
         else if (option == Option::Component_LAYOUT)
@@ -52,7 +52,7 @@ void Parser::parseComponent(Structure& structure, Place begin)
 }
 
 /// INSTANCE name longIdentifier type address { option } /end INSTANCE
-void Parser::parseInstance(Place begin)
+void Parser::parseInstance(const Mark& begin)
 {
     constexpr const char* word = "INSTANCE";
     if (!readPositional(word, "wswp", {"its name", "its description", "its type", "its address"})) {
@@ -67,7 +67,7 @@ void Parser::parseInstance(Place begin)
     quantity.name = keep(0);
     quantity.description = keep(1);
     quantity.address = patternOf(number(3));
-    parseOptions(Block::Instance, word, begin, [&](Option option, Place place) {
+    parseOptions(Block::Instance, word, begin, [&](Option option, const Mark& place) {
         switch (option) {
         case Option::Instance_ECU_ADDRESS_EXTENSION:
             quantity.addressExtension = patternOf(number(0));
@@ -87,7 +87,7 @@ void Parser::parseInstance(Place begin)
 }
 
 /// TYPEDEF_CHARACTERISTIC and the like, of which only the name is kept.
-void Parser::parseAdjustable(const char* word, Place begin)
+void Parser::parseAdjustable(const char* word, const Mark& begin)
 {
     if (scanner_.token() == Token::Word)
         types_.define(scanner_.text(), TypeKind::Adjustable, noIndex);

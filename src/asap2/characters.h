@@ -1,21 +1,20 @@
 #pragma once
 
+#include "base/ByteGroup.h"
+
 #include <array>
 #include <cstddef>
 
-/// The characters of a description, as the scanner tells them apart.
+/// The characters of a description, as the scanner tells them apart, and the searches for those
+/// that matter. A zero byte ends every search, because zero bytes stand after the last character of
+/// the buffer.
 namespace tavo::asap2 {
 
-/// What ends a run of characters; a mask of these. A zero byte ends every run, because one stands
-/// after the last character of the buffer.
+/// A mask of these.
 enum CharacterClass : unsigned char
 {
     Blank = 1,    ///< Separates tokens. The zero byte isn't in the class, though it is a blank.
     EndsWord = 2, ///< A blank, a quote, and a slash, which may begin a comment.
-    EndsText = 4, ///< A quote, and what doesn't stand for itself in a text.
-    EndsSkip = 8, ///< A quote and a slash: what counts in a block that is passed over.
-    EndsComment = 16,
-    EndsLine = 32
 };
 
 constexpr std::array<unsigned char, 256> makeClasses()
@@ -23,13 +22,8 @@ constexpr std::array<unsigned char, 256> makeClasses()
     std::array<unsigned char, 256> classes{};
     for (const char c : {' ', '\t', '\n', '\r', '\v', '\f', '\x1A'})
         classes[static_cast<unsigned char>(c)] |= Blank | EndsWord;
-    classes[0] = EndsWord | EndsText | EndsSkip | EndsComment | EndsLine;
-    classes['"'] |= EndsWord | EndsText | EndsSkip;
-    classes['/'] |= EndsWord | EndsSkip;
-    classes['\\'] |= EndsText;
-    classes['\r'] |= EndsText | EndsLine;
-    classes['\n'] |= EndsLine;
-    classes['*'] |= EndsComment;
+    for (const char c : {'\0', '"', '/'})
+        classes[static_cast<unsigned char>(c)] |= EndsWord;
     return classes;
 }
 
@@ -40,16 +34,61 @@ inline bool is(char c, unsigned mask)
     return (classes[static_cast<unsigned char>(c)] & mask) != 0;
 }
 
-/// The first character that ends the run.
-inline const char* runEnd(const char* position, unsigned ends)
+/// So many zero bytes stand after the last character of the buffer: a search reads up to a group of
+/// bytes from there on.
+constexpr std::size_t padding = ByteGroup::size;
+
+/// The first byte from `position` on that `match` finds in its group.
+template <class Match> const char* search(const char* position, Match match)
 {
-    while (!is(*position, ends))
-        ++position;
-    return position;
+    for (;; position += ByteGroup::size) {
+        const std::size_t first = match(ByteGroup(position)).first();
+        if (first < ByteGroup::size)
+            return position + first;
+    }
 }
 
-/// So many zero bytes stand after the last character of the buffer.
-constexpr std::size_t padding = 16;
+/// The first character that ends a word.
+inline const char* wordEnd(const char* position)
+{
+    for (;; ++position) {
+        // All that are up to the quote, some of which end no word.
+        position =
+            search(position, [](ByteGroup bytes) { return bytes.upTo('"') | bytes.equalTo('/'); });
+        if (is(*position, EndsWord))
+            return position;
+    }
+}
+
+/// The first quote, or character that doesn't stand for itself in a text.
+inline const char* textEnd(const char* position)
+{
+    return search(position, [](ByteGroup bytes) {
+        return bytes.equalTo('"') | bytes.equalTo('\\') | bytes.equalTo('\r') | bytes.equalTo(0);
+    });
+}
+
+/// The first quote or slash, which is what counts in a block that is passed over.
+inline const char* skipEnd(const char* position)
+{
+    return search(position, [](ByteGroup bytes) {
+        return bytes.equalTo('"') | bytes.equalTo('/') | bytes.equalTo(0);
+    });
+}
+
+/// The first slash, which may end a comment.
+inline const char* slashOf(const char* position)
+{
+    return search(position, [](ByteGroup bytes) { return bytes.equalTo('/') | bytes.equalTo(0); });
+}
+
+/// The first character of a line end.
+inline const char* lineEnd(const char* position)
+{
+    return search(position, [](ByteGroup bytes) {
+        return bytes.equalTo('\n') | bytes.equalTo('\r') | bytes.equalTo(0);
+    });
+}
 
 /// A keyword, the character after it, and a keyword that may follow at once.
 constexpr std::size_t longestLook = 17;

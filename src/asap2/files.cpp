@@ -67,6 +67,7 @@ void Scanner::start(std::unique_ptr<Input> input)
 
 void Scanner::suspend()
 {
+    countMarks();
     Input& input = *inputs_.back();
     input.next = next_;
     input.end = end_;
@@ -93,6 +94,7 @@ bool Scanner::leaveFile()
         isAtEnd_ = true;
         return false;
     }
+    countMarks();
     inputs_.pop_back();
     resume();
     return true;
@@ -104,9 +106,7 @@ bool Scanner::more()
 {
     Input& input = *inputs_.back();
     const char* const first = keep_ ? keep_ : next_;
-    if (mark_)
-        markedPlace_ = placeAt(mark_);
-    mark_ = nullptr;
+    countMarks();
     countLines(first);
     const auto kept = static_cast<std::size_t>(end_ - first);
     const std::ptrdiff_t nextOffset = next_ - first;
@@ -135,8 +135,7 @@ bool Scanner::more()
     return count > 0;
 }
 
-/// True if the next characters are so many, the one in hand included.
-bool Scanner::has(std::size_t count)
+bool Scanner::readUpTo(std::size_t count)
 {
     while (static_cast<std::size_t>(end_ - next_) < count)
         if (!more())
@@ -166,8 +165,20 @@ void Scanner::countLines(const char* to)
     counted_ = to;
 }
 
+/// Counts the lines of the marks that don't know theirs.
+void Scanner::countMarks()
+{
+    for (; countedMarks_ < marks_.size(); ++countedMarks_) {
+        Mark& mark = *marks_[countedMarks_];
+        countLines(mark.position_);
+        mark.place_ = {inputs_.back()->number, line_};
+    }
+}
+
+/// The place of a character after all marks.
 Place Scanner::placeAt(const char* position)
 {
+    countMarks();
     countLines(position);
     return {inputs_.back()->number, line_};
 }

@@ -11,35 +11,16 @@ namespace tavo {
 
 using namespace asap2;
 
-namespace {
-
-/// The first quote, slash or zero byte, which is what counts in a block that is passed over. Reads
-/// up to `padding` bytes after that.
-const char* skipEnd(const char* position)
-{
-    using Bytes = unsigned char __attribute__((vector_size(16)));
-    using Halves = std::uint64_t __attribute__((vector_size(16)));
-    for (;; position += sizeof(Bytes)) {
-        Bytes bytes;
-        std::memcpy(&bytes, position, sizeof bytes);
-        const auto ends = reinterpret_cast<Halves>((bytes == '"') | (bytes == '/') | (bytes == 0));
-        if ((ends[0] | ends[1]) != 0)
-            return runEnd(position, EndsSkip);
-    }
-}
-
-} // namespace
-
 /// Passes over a text of a block that is passed over; the opening quote is in hand.
 void Scanner::skipText()
 {
-    mark_ = next_++;
+    const Mark begin(*this, next_++);
     for (;;) {
-        next_ = runEnd(next_, EndsText);
+        next_ = textEnd(next_);
         if (next_ == end_) {
             if (more())
                 continue;
-            failAtEnd("Text", markedPlace());
+            failAtEnd("Text", begin);
         }
         const char stop = *next_++;
         if (stop == '"')
@@ -47,30 +28,33 @@ void Scanner::skipText()
         if (stop == '\\' && has(1))
             ++next_;
     }
-    mark_ = nullptr;
 }
 
-void Scanner::skipBlock(std::string_view word, Place begin, std::uint64_t depth)
+void Scanner::skipBlock(std::string_view word, const Mark& begin, std::uint64_t depth)
 {
     keep_ = nullptr;
     isPassingOver_ = true;
     while (depth > 0) {
         next_ = skipEnd(next_);
-        if (next_ == end_) {
-            if (more() || leaveFile())
-                continue;
-            failAtEnd(joined({"Block ", inQuotes(word)}), begin);
-        }
         if (*next_ == '"') {
-            skipText();
-        } else if (*next_ != '/') {
+            // Most texts are simple; `skipText` begins anew with what isn't.
+            const char* const end = textEnd(next_ + 1);
+            if (*end == '"')
+                next_ = end + 1;
+            else
+                skipText();
+        } else if (*next_ == '/') {
+            if (startsComment()) {
+                skipComment();
+            } else {
+                const Keyword found = keyword();
+                next_ += std::max<std::size_t>(keywordLength(found), 1);
+                depth = skipKeyword(found, depth);
+            }
+        } else if (next_ != end_) {
             ++next_;
-        } else if (startsComment()) {
-            skipComment();
-        } else {
-            const Keyword found = keyword();
-            next_ += std::max<std::size_t>(keywordLength(found), 1);
-            depth = skipKeyword(found, depth);
+        } else if (!more() && !leaveFile()) {
+            failAtEnd(joined({"Block ", inQuotes(word)}), begin);
         }
     }
     advance();
@@ -91,7 +75,7 @@ std::uint64_t Scanner::skipKeyword(Keyword keyword, std::uint64_t depth)
     case Keyword::Begin:
         skipBlanks();
         if (has(5) && std::string_view(next_, 4) == "A2ML" && (is(next_[4], Blank) || !next_[4])) {
-            skipA2ml(placeAt(next_));
+            skipA2ml(Mark(*this, next_));
             // The current token is the one after the block: it is looked at once more.
             next_ = keep_ ? keep_ : next_;
             keep_ = nullptr;
@@ -111,7 +95,7 @@ std::uint64_t Scanner::skipKeyword(Keyword keyword, std::uint64_t depth)
     return depth;
 }
 
-void Scanner::skipA2ml(Place begin)
+void Scanner::skipA2ml(const Mark& begin)
 {
     keep_ = nullptr;
     for (;;) {
@@ -123,7 +107,7 @@ void Scanner::skipA2ml(Place begin)
             failAtEnd("Block 'A2ML'", begin);
         }
         has(longestLook);
-        const Keyword found = keywordAt(next_, end_);
+        const Keyword found = keywordAt(next_);
         ++next_;
         if (found != Keyword::End)
             continue;

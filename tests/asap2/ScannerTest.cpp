@@ -126,10 +126,10 @@ TEST(Scanner, passesOverABlockByItsBeginsAndEnds)
         {"/begin A2ML /end A2ML\"/end X\" /end X a", "a"},
         {"/begin A2MLx /end A2ML /end X a", "a"},
         {"/begin A2MLx \"/end A2ML\" /end A2MLx /end X a", "a"},
-        {"/end /include no.a2l", "!'/end /include' found in the block 'X' of line 7"},
-        {"/end Y", "!'/end Y' found in the block 'X' of line 7"},
-        {"/end \"X\"", "!'/end' found in the block 'X' of line 7"},
-        {"/end", "!'/end' found in the block 'X' of line 7"},
+        {"/end /include no.a2l", "!'/end /include' found in the block 'X' of line 1"},
+        {"/end Y", "!'/end Y' found in the block 'X' of line 1"},
+        {"/end \"X\"", "!'/end' found in the block 'X' of line 1"},
+        {"/end", "!'/end' found in the block 'X' of line 1"},
         {"/begin Y /end X", "!Block 'X' without an end"},
         {"/begin A2ML /end X", "!Block 'A2ML' without an end"},
         {"\"/end X", "!Text without an end"},
@@ -144,7 +144,7 @@ TEST(Scanner, passesOverABlockByItsBeginsAndEnds)
             scanner.advance();
             Tokens found; // the first token after the block
             try {
-                scanner.skipBlock("X", {0, 7});
+                scanner.skipBlock("X", Mark(scanner));
                 found.add(scanner);
             } catch (const Fault& fault) {
                 found.text = "!"s + fault.what();
