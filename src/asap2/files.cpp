@@ -32,6 +32,22 @@ bool holdsInterfaceFormat(const fs::path& path)
     return extension == ".aml" || extension == ".a2ml";
 }
 
+/// The number of characters that pass a test.
+template <class Test> std::uint32_t countOf(const char* first, const char* last, Test test)
+{
+    // Sums of few enough characters to fit a byte, which the compiler adds sixteen at a time.
+    constexpr std::ptrdiff_t most = 240;
+    std::uint32_t count = 0;
+    while (first < last) {
+        const char* const end = first + std::min(most, last - first);
+        unsigned char part = 0;
+        for (; first < end; ++first)
+            part = static_cast<unsigned char>(part + test(first));
+        count += part;
+    }
+    return count;
+}
+
 } // namespace
 
 void Scanner::open(const std::string& path, SourceFile::Watch watch)
@@ -149,18 +165,13 @@ void Scanner::countLines(const char* to)
     if (to <= counted_)
         return;
     line_ += *counted_ == '\r' || (*counted_ == '\n' && previous_ != '\r');
-    // Sums of few enough lines to fit a byte, which the compiler adds sixteen at a time.
-    constexpr std::ptrdiff_t most = 240;
-    std::uint32_t count = 0;
-    for (const char* c = counted_ + 1; c < to;) {
-        const char* const last = c + std::min(most, to - c);
-        unsigned char part = 0;
-        for (; c < last; ++c)
-            part = static_cast<unsigned char>(part +
-                                              ((*c == '\r') | ((*c == '\n') & (c[-1] != '\r'))));
-        count += part;
-    }
-    line_ += count;
+    const char* const second = counted_ + 1;
+    if (std::memchr(counted_, '\r', static_cast<std::size_t>(to - counted_)))
+        line_ += countOf(second, to, [](const char* c) {
+            return (*c == '\r') | ((*c == '\n') & (c[-1] != '\r'));
+        });
+    else
+        line_ += countOf(second, to, [](const char* c) { return *c == '\n'; });
     previous_ = to[-1];
     counted_ = to;
 }

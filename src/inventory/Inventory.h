@@ -1,6 +1,8 @@
 #pragma once
 
+#include "inventory/Arena.h"
 #include "inventory/NameTable.h"
+#include "inventory/Rows.h"
 #include "inventory/TextPool.h"
 
 #include <compare>
@@ -305,17 +307,18 @@ public:
     Inventory(const Inventory&) = delete;
     Inventory& operator=(const Inventory&) = delete;
 
-    TextPool texts;
+    Arena arena; ///< Has the memory of most of the rest.
+    TextPool texts{arena};
     ByteOrder byteOrder = ByteOrder::None; ///< Of quantities without one of their own.
     NameTable methodNames{texts};
     NameTable tableNames{texts};
     NameTable unitNames{texts};
     std::deque<Interface> interfaces;
-    std::deque<Quantity> measurements; ///< Each MEASUREMENT, in the order of the description.
-    std::deque<Leaves> instances;      ///< By ascending position.
-    std::deque<QuantityDetails> details;
-    std::deque<Method> methods; ///< In the order of the description, the first of each name.
-    std::deque<Table> tables;
+    Rows<Quantity> measurements{arena}; ///< Each MEASUREMENT, in the order of the description.
+    std::deque<Leaves> instances;       ///< By ascending position.
+    Rows<QuantityDetails> details{arena};
+    Rows<Method> methods{arena}; ///< In the order of the description, the first of each name.
+    Rows<Table> tables{arena};
     /// Leaves of instances that hold adjustable values: they are no measurements.
     std::uint64_t adjustableLeafCount = 0;
     /// The method, or the table, of each name; `noIndex` for a name that none is defined for.

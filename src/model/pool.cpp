@@ -1,13 +1,10 @@
 #include "model/pool.h"
 
+#include "base/pages.h"
+
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 #include <new>
-
-#if defined(__linux__)
-#include <sys/mman.h>
-#endif
 
 namespace tavo {
 
@@ -19,7 +16,7 @@ constexpr std::size_t step = 8; ///< Sizes are multiples of this.
 constexpr std::size_t largest = 256;
 constexpr std::size_t smallestChunk = std::size_t{1} << 16;
 constexpr std::size_t mediumChunk = std::size_t{1} << 18;
-constexpr std::size_t largestChunk = std::size_t{1} << 21; ///< A large page of the usual machines.
+constexpr std::size_t largestChunk = largePage;
 
 struct FreeBlock
 {
@@ -40,26 +37,6 @@ std::size_t chunksSize = 0;
 std::size_t blocksInUse = 0;
 std::size_t expectedSize = 0; ///< What the blocks are expected to need at least.
 
-std::align_val_t alignmentOf(std::size_t chunkSize)
-{
-    return std::align_val_t{chunkSize == largestChunk ? largestChunk : alignof(std::max_align_t)};
-}
-
-/// Makes the memory of a new chunk present in one go: touching it page by page for the first time
-/// costs more than filling it. Only advice, so nothing depends on its success.
-void makePresent([[maybe_unused]] Chunk* chunk, [[maybe_unused]] std::size_t size)
-{
-#if defined(__linux__) && defined(MADV_POPULATE_WRITE)
-    constexpr std::size_t page = 4096;
-    const std::size_t before = -reinterpret_cast<std::uintptr_t>(chunk) % page;
-    char* const first = reinterpret_cast<char*>(chunk) + before;
-    const std::size_t whole = (size - before) / page * page;
-    if (size == largestChunk)
-        madvise(first, whole, MADV_HUGEPAGE);
-    madvise(first, whole, MADV_POPULATE_WRITE);
-#endif
-}
-
 /// The size of the next chunk: so that a sixteenth of all that there is may stay unused, but large
 /// at once if it is expected to be filled.
 std::size_t nextChunkSize()
@@ -73,12 +50,9 @@ std::size_t nextChunkSize()
 void addChunk()
 {
     const std::size_t size = nextChunkSize();
-    auto* chunk = static_cast<Chunk*>(::operator new(size, alignmentOf(size)));
-    makePresent(chunk, size);
-    *chunk = {chunks, size};
-    chunks = chunk;
+    chunks = new (acquirePages(size)) Chunk{chunks, size};
     chunksSize += size;
-    unused = reinterpret_cast<char*>(chunk + 1);
+    unused = reinterpret_cast<char*>(chunks + 1);
     unusedSize = size - sizeof(Chunk);
 }
 
@@ -86,7 +60,7 @@ void freeAll() noexcept
 {
     while (Chunk* chunk = chunks) {
         chunks = chunk->next;
-        ::operator delete(chunk, alignmentOf(chunk->size));
+        releasePages(chunk, chunk->size);
     }
     std::fill_n(freeBlocks, std::size(freeBlocks), nullptr);
     unused = nullptr;

@@ -1,0 +1,51 @@
+#include "base/pages.h"
+
+#include <cstdint>
+#include <new>
+
+#if defined(__linux__)
+#include <sys/mman.h>
+#endif
+
+namespace tavo {
+
+namespace {
+
+std::align_val_t alignmentOf(std::size_t size)
+{
+    return std::align_val_t{size == largePage ? largePage : alignof(std::max_align_t)};
+}
+
+/// Only advice, so nothing depends on its success.
+void makePresent([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size)
+{
+#if defined(__linux__) && defined(MADV_POPULATE_WRITE)
+    constexpr std::size_t page = 4096;
+    const std::size_t before = -reinterpret_cast<std::uintptr_t>(block) % page;
+    if (size < before + page)
+        return;
+    char* const first = static_cast<char*>(block) + before;
+    const std::size_t whole = (size - before) / page * page;
+    if (size == largePage)
+        madvise(first, whole, MADV_HUGEPAGE);
+    madvise(first, whole, MADV_POPULATE_WRITE);
+#endif
+}
+
+} // namespace
+
+void* acquirePages(std::size_t size)
+{
+    void* const block = ::operator new(size, alignmentOf(size));
+    constexpr std::size_t few = std::size_t{1} << 16;
+    if (size >= few)
+        makePresent(block, size);
+    return block;
+}
+
+void releasePages(void* block, std::size_t size) noexcept
+{
+    ::operator delete(block, alignmentOf(size));
+}
+
+} // namespace tavo
