@@ -1,5 +1,8 @@
 #pragma once
 
+#include "model/decimal.h"
+
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -49,6 +52,8 @@ public:
     void putFixed(double number);
 
 private:
+    friend class SectionRoom;
+
     static constexpr std::size_t capacity = 65536;
 
     template <class Number> void putNumber(Number number, int base);
@@ -60,6 +65,50 @@ private:
     int error_ = 0;      ///< Of the first write that failed.
     std::unique_ptr<char[]> buffer_;
     std::size_t size_ = 0;
+};
+
+/// Room for a section in the buffer of a stream, which isn't used otherwise as long as the room
+/// lives. What is put needs no check then, and counts when the room dies.
+class SectionRoom
+{
+public:
+    static constexpr std::size_t largest = ConfigurationStream::capacity;
+
+    /// Room for `size` characters, at most `largest`.
+    SectionRoom(ConfigurationStream& stream, std::size_t size) : stream_(stream)
+    {
+        if (ConfigurationStream::capacity - stream.size_ < size)
+            stream.flush();
+        next_ = stream.buffer_.get() + stream.size_;
+    }
+    ~SectionRoom() { stream_.size_ = static_cast<std::size_t>(next_ - stream_.buffer_.get()); }
+    SectionRoom(const SectionRoom&) = delete;
+    SectionRoom& operator=(const SectionRoom&) = delete;
+
+    void put(std::string_view text)
+    {
+        if (text.empty())
+            return;
+        std::memcpy(next_, text.data(), text.size());
+        next_ += text.size();
+    }
+    void putDecimal(std::int32_t number) { putNumber(number, 10); }
+    void putHexadecimal(std::uint32_t number)
+    {
+        put("0x");
+        putNumber(number, 16);
+    }
+    void putFixed(double number) { next_ = writeFixed(next_, number); }
+
+private:
+    template <class Number> void putNumber(Number number, int base)
+    {
+        constexpr std::size_t longest = 16;
+        next_ = std::to_chars(next_, next_ + longest, number, base).ptr;
+    }
+
+    ConfigurationStream& stream_;
+    char* next_; ///< Where the next character goes.
 };
 
 } // namespace tavo

@@ -4,7 +4,6 @@
 #include "daq/losses.h"
 #include "daq/sections.h"
 #include "inventory/Inventory.h"
-#include "model/PhValue.h"
 
 #include <optional>
 
@@ -12,79 +11,63 @@ namespace tavo {
 
 namespace {
 
-/// A value on the stack, or none.
-class StackValue
+/// The low 32 bits, for which a configuration has room.
+LineValue lineOf(std::uint64_t bits)
 {
-public:
-    explicit StackValue(const std::optional<std::int64_t>& number) : isGiven_(number.has_value())
-    {
-        setPattern(static_cast<std::uint64_t>(number.value_or(0)));
-    }
-    explicit StackValue(const Pattern64& pattern) : isGiven_(pattern.isGiven)
-    {
-        setPattern(pattern.bits);
-    }
-    explicit StackValue(const Limit& limit) : isGiven_(limit.isGiven)
-    {
-        if (limit.isInteger)
-            value_.setValue(static_cast<std::int32_t>(limit.value));
-        else
-            value_.setValue(limit.value);
-    }
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(bits));
+}
 
-    const PhValue* get() const { return isGiven_ ? &value_ : nullptr; }
+LineValue lineOf(const std::optional<std::int64_t>& number)
+{
+    return number ? lineOf(static_cast<std::uint64_t>(*number)) : LineValue();
+}
 
-private:
-    /// The low 32 bits, for which a configuration has room.
-    void setPattern(std::uint64_t bits)
-    {
-        value_.setValue(static_cast<std::int32_t>(static_cast<std::uint32_t>(bits)));
-    }
+LineValue lineOf(const Pattern64& pattern)
+{
+    return pattern.isGiven ? lineOf(pattern.bits) : LineValue();
+}
 
-    PhValue value_;
-    bool isGiven_;
-};
+LineValue lineOf(const Limit& limit)
+{
+    if (!limit.isGiven)
+        return {};
+    if (limit.isInteger)
+        return static_cast<std::int32_t>(limit.value);
+    return limit.value;
+}
 
 void writeInterface(ConfigurationStream& stream, const Interface& interface, std::int32_t index)
 {
-    const StackValue masterId(interface.masterId);
-    const StackValue slaveId(interface.slaveId);
-    const StackValue stationAddress(interface.stationAddress);
     const char* protocol = protocolText(interface.protocol);
     putInterface(stream, index,
-                 {protocol, protocol, masterId.get(), slaveId.get(), stationAddress.get(),
+                 {protocol, protocol, lineOf(interface.masterId), lineOf(interface.slaveId),
+                  lineOf(interface.stationAddress),
                   static_cast<std::int32_t>(interface.sources.size())});
     // An interface without a source leaves the number of the next one alone.
     if (!interface.sources.empty())
         daqSourceIndex = 0;
-    for (const Source& source : interface.sources) {
-        const StackValue rate(std::optional(source.rate()));
-        const StackValue channel(std::optional(source.channel));
-        putSource(stream, {source.name, rate.get(), channel.get()});
-    }
+    for (const Source& source : interface.sources)
+        putSource(stream, {source.name, lineOf(std::optional(source.rate())),
+                           lineOf(std::optional(source.channel))});
 }
 
 void writeQuantity(ConfigurationStream& stream, const Inventory& inventory,
                    const Quantity& quantity, std::int32_t index)
 {
-    const StackValue address(quantity.address);
-    const StackValue extension(quantity.addressExtension);
-    const StackValue lower(quantity.lower);
-    const StackValue upper(quantity.upper);
-    const StackValue mask(quantity.bitMask);
     const Method* method = inventory.methodOf(quantity);
     const Line line = method ? method->line : Line();
     QuantitySection section;
     section.name = quantity.name;
     section.description = quantity.description;
     section.unit = inventory.unitOf(quantity);
-    section.byteOrder = byteOrderText(inventory.byteOrderOf(quantity));
+    if (const char* byteOrder = byteOrderText(inventory.byteOrderOf(quantity)))
+        section.byteOrder = byteOrder;
     section.type = dataTypeText(quantity.type);
-    section.address = address.get();
-    section.addressExtension = extension.get();
-    section.lowerLimit = lower.get();
-    section.upperLimit = upper.get();
-    section.bitMask = mask.get();
+    section.address = lineOf(quantity.address);
+    section.addressExtension = lineOf(quantity.addressExtension);
+    section.lowerLimit = lineOf(quantity.lower);
+    section.upperLimit = lineOf(quantity.upper);
+    section.bitMask = lineOf(quantity.bitMask);
     section.isEnabled = quantity.isEnabled;
     section.hasFactor = line.isWritten;
     section.factor = line.factor;

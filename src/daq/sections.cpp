@@ -4,51 +4,143 @@
 
 #include "daq/ConfigurationStream.h"
 #include "model/PhValue.h"
+#include "model/decimal.h"
 
 namespace tavo {
 
 std::int32_t daqSourceIndex = 0;
 
-namespace {
-
-using PrintValue = void (*)(ConfigurationStream&, const PhValue&);
-
-/// A line key=number.
-void putNumberLine(ConfigurationStream& stream, std::string_view key, std::int32_t number)
-{
-    stream.put(key);
-    stream.putDecimal(number);
-    stream.put("\n");
-}
-
-/// A line key=value, unless the value is null.
-void putValueLine(ConfigurationStream& stream, std::string_view key, const PhValue* value,
-                  PrintValue print)
+LineValue::LineValue(const PhValue* value)
 {
     if (!value)
         return;
-    stream.put(key);
-    print(stream, *value);
-    stream.put("\n");
+    if (value->isInteger()) {
+        kind_ = Integer;
+        integer_ = value->intValue();
+    } else if (value->isDouble()) {
+        kind_ = Real;
+        real_ = value->doubleValue();
+    } else {
+        kind_ = Other;
+        other_ = value;
+    }
 }
 
-/// A line key="text", unless there is no text. The text goes out as it is.
-void putTextLine(ConfigurationStream& stream, std::string_view key,
-                 const std::optional<std::string_view>& text)
+namespace {
+
+// What follows puts lines into a stream, or into the room for a section that the stream has.
+
+template <class Target>
+void putNumberLine(Target& target, std::string_view key, std::int32_t number)
+{
+    target.put(key);
+    target.putDecimal(number);
+    target.put("\n");
+}
+
+template <class Target>
+void putTextLine(Target& target, std::string_view key, const std::optional<std::string_view>& text)
 {
     if (!text)
         return;
-    stream.put(key);
-    stream.put("\"");
-    stream.put(*text);
-    stream.put("\"\n");
+    target.put(key);
+    target.put("\"");
+    target.put(*text);
+    target.put("\"\n");
 }
 
-void putFixedLine(ConfigurationStream& stream, std::string_view key, double number)
+template <class Target> void putFixedLine(Target& target, std::string_view key, double number)
 {
-    stream.put(key);
-    stream.putFixed(number);
-    stream.put("\n");
+    target.put(key);
+    target.putFixed(number);
+    target.put("\n");
+}
+
+void putOther(ConfigurationStream& stream, const PhValue& value)
+{
+    if (value.isPositiveInfinity()) {
+        stream.put("+INF");
+    } else if (value.isNegativeInfinity()) {
+        stream.put("-INF");
+    } else if (value.isText()) {
+        stream.put("'");
+        stream.put(value.text().view());
+        stream.put("'");
+    } else if (!value.isValid()) {
+        stream.put("-INVALID-");
+    }
+}
+
+/// A section with such a value is never put into a room.
+void putOther(SectionRoom&, const PhValue&) {}
+
+template <class Target> void putValue(Target& target, const LineValue& value, bool isHexadecimal)
+{
+    switch (value.kind()) {
+    case LineValue::Integer:
+        if (isHexadecimal)
+            target.putHexadecimal(static_cast<std::uint32_t>(value.integer()));
+        else
+            target.putDecimal(value.integer());
+        break;
+    case LineValue::Real:
+        target.putFixed(value.real());
+        break;
+    case LineValue::Other:
+        putOther(target, value.other());
+        break;
+    case LineValue::Nothing:
+        break;
+    }
+}
+
+template <class Target>
+void putValueLine(Target& target, std::string_view key, const LineValue& value,
+                  bool isHexadecimal = false)
+{
+    if (value.kind() == LineValue::Nothing)
+        return;
+    target.put(key);
+    putValue(target, value, isHexadecimal);
+    target.put("\n");
+}
+
+template <class Target>
+void putHexadecimalLine(Target& target, std::string_view key, const LineValue& value)
+{
+    putValueLine(target, key, value, true);
+}
+
+template <class Target>
+void putQuantityTo(Target& target, std::int32_t index, const QuantitySection& section)
+{
+    target.put("[DAQ_ProcessFactor_0_");
+    target.putDecimal(daqSourceIndex);
+    target.put("_");
+    target.putDecimal(index);
+    target.put("]\n");
+    putTextLine(target, "Name=", section.name);
+    putTextLine(target, "Desc=", section.description);
+    target.put(section.isEnabled ? "Enabled=1\n" : "Enabled=0\n");
+    putTextLine(target, "Unit=", section.unit);
+    if (!section.byteOrder.empty()) {
+        target.put("ByteOrder=");
+        target.put(section.byteOrder);
+        target.put("\n");
+    }
+    target.put("Type=");
+    target.put(section.type);
+    target.put("\n");
+    putHexadecimalLine(target, "ECUAddress=", section.address);
+    putHexadecimalLine(target, "AddressExtension=", section.addressExtension);
+    putValueLine(target, "Min=", section.lowerLimit);
+    putValueLine(target, "Max=", section.upperLimit);
+    putHexadecimalLine(target, "BitMask=", section.bitMask);
+    if (section.hasFactor) {
+        putFixedLine(target, "Offset=", section.offset);
+        putFixedLine(target, "Factor=", section.factor);
+    }
+    target.put("\n");
 }
 
 } // namespace
@@ -62,9 +154,9 @@ void putInterface(ConfigurationStream& stream, std::int32_t index, const Interfa
     stream.put("Protocol=");
     stream.put(section.protocol);
     stream.put("\n");
-    putValueLine(stream, "MasterId=", section.masterId, printHexValue);
-    putValueLine(stream, "SlaveId=", section.slaveId, printHexValue);
-    putValueLine(stream, "StationAddress=", section.stationAddress, printValue);
+    putHexadecimalLine(stream, "MasterId=", section.masterId);
+    putHexadecimalLine(stream, "SlaveId=", section.slaveId);
+    putValueLine(stream, "StationAddress=", section.stationAddress);
     putNumberLine(stream, "NumSources=", section.sourceCount + 1);
     stream.put("\n");
 }
@@ -75,8 +167,8 @@ void putSource(ConfigurationStream& stream, const SourceSection& section)
     stream.putDecimal(daqSourceIndex++);
     stream.put("]\nEnabled=1\n");
     putTextLine(stream, "Name=", section.name);
-    putValueLine(stream, "TransmissionRate=", section.rate, printValue);
-    putValueLine(stream, "EventChannelNo=", section.channel, printValue);
+    putValueLine(stream, "TransmissionRate=", section.rate);
+    putValueLine(stream, "EventChannelNo=", section.channel);
     stream.put("\n");
 }
 
@@ -91,65 +183,30 @@ void putUnassignedSource(ConfigurationStream& stream, std::int32_t quantityCount
 
 void putQuantity(ConfigurationStream& stream, std::int32_t index, const QuantitySection& section)
 {
-    stream.put("[DAQ_ProcessFactor_0_");
-    stream.putDecimal(daqSourceIndex);
-    stream.put("_");
-    stream.putDecimal(index);
-    stream.put("]\n");
-    putTextLine(stream, "Name=", section.name);
-    putTextLine(stream, "Desc=", section.description);
-    stream.put(section.isEnabled ? "Enabled=1\n" : "Enabled=0\n");
-    putTextLine(stream, "Unit=", section.unit);
-    if (section.byteOrder) {
-        stream.put("ByteOrder=");
-        stream.put(section.byteOrder);
-        stream.put("\n");
-    }
-    stream.put("Type=");
-    stream.put(section.type);
-    stream.put("\n");
-    putValueLine(stream, "ECUAddress=", section.address, printHexValue);
-    putValueLine(stream, "AddressExtension=", section.addressExtension, printHexValue);
-    putValueLine(stream, "Min=", section.lowerLimit, printValue);
-    putValueLine(stream, "Max=", section.upperLimit, printValue);
-    putValueLine(stream, "BitMask=", section.bitMask, printHexValue);
-    if (section.hasFactor) {
-        putFixedLine(stream, "Offset=", section.offset);
-        putFixedLine(stream, "Factor=", section.factor);
-    }
-    stream.put("\n");
+    // A section without its texts: the keys take 250 characters, and each of the four numbers with
+    // decimals at most `FixedText::longest`.
+    constexpr std::size_t mostOfRest = 512 + 4 * FixedText::longest;
+    std::size_t size = mostOfRest + section.byteOrder.size() + section.type.size();
+    for (const auto& text : {section.name, section.description, section.unit})
+        size += text ? text->size() : 0;
+    bool isSimple = size <= SectionRoom::largest;
+    for (const LineValue* value : {&section.address, &section.addressExtension, &section.lowerLimit,
+                                   &section.upperLimit, &section.bitMask})
+        isSimple &= value->kind() != LineValue::Other;
+    if (!isSimple)
+        return putQuantityTo(stream, index, section);
+    SectionRoom room(stream, size);
+    putQuantityTo(room, index, section);
 }
 
-namespace {
-
-void print(ConfigurationStream& stream, const PhValue& value, bool hexadecimal)
+void printValue(ConfigurationStream& stream, const PhValue& value)
 {
-    if (!value.isValid())
-        stream.put("-INVALID-");
-    else if (value.isPositiveInfinity())
-        stream.put("+INF");
-    else if (value.isNegativeInfinity())
-        stream.put("-INF");
-    else if (value.isDouble())
-        stream.putFixed(value.doubleValue());
-    else if (value.isInteger() && hexadecimal)
-        stream.putHexadecimal(value.unsignedValue());
-    else if (value.isInteger())
-        stream.putDecimal(value.intValue());
-    else if (value.isText()) {
-        stream.put("'");
-        stream.put(value.text().view());
-        stream.put("'");
-    }
+    putValue(stream, LineValue(&value), false);
 }
-
-} // namespace
-
-void printValue(ConfigurationStream& stream, const PhValue& value) { print(stream, value, false); }
 
 void printHexValue(ConfigurationStream& stream, const PhValue& value)
 {
-    print(stream, value, true);
+    putValue(stream, LineValue(&value), true);
 }
 
 } // namespace tavo

@@ -9,6 +9,39 @@ namespace tavo {
 class ConfigurationStream;
 class PhValue;
 
+/// What a line says after its sign: a number, or any value of the model; or there is no line.
+class LineValue
+{
+public:
+    enum Kind : std::uint8_t
+    {
+        Nothing,
+        Integer,
+        Real,
+        Other
+    };
+
+    LineValue() = default;
+    LineValue(std::int32_t number) : kind_(Integer), integer_(number) {}
+    LineValue(double number) : kind_(Real), real_(number) {}
+    /// Nothing for a null `value`; any other one outlives the line.
+    LineValue(const PhValue* value);
+
+    Kind kind() const { return kind_; }
+    std::int32_t integer() const { return integer_; }
+    double real() const { return real_; }
+    const PhValue& other() const { return *other_; }
+
+private:
+    Kind kind_ = Nothing;
+    union
+    {
+        std::int32_t integer_ = 0;
+        double real_;
+        const PhValue* other_;
+    };
+};
+
 /// The sections of a configuration, each with what its lines say. Nothing at all, or null, stands
 /// for a line that isn't there. Texts go out as they are.
 
@@ -17,9 +50,9 @@ struct InterfaceSection
 {
     std::optional<std::string_view> name;
     const char* protocol = "";
-    const PhValue* masterId = nullptr;
-    const PhValue* slaveId = nullptr;
-    const PhValue* stationAddress = nullptr;
+    LineValue masterId;
+    LineValue slaveId;
+    LineValue stationAddress;
     std::int32_t sourceCount = 0; ///< Its own; the one of all quantities is counted besides.
 };
 
@@ -27,8 +60,8 @@ struct InterfaceSection
 struct SourceSection
 {
     std::optional<std::string_view> name;
-    const PhValue* rate = nullptr;
-    const PhValue* channel = nullptr;
+    LineValue rate;
+    LineValue channel;
 };
 
 /// A quantity.
@@ -37,13 +70,13 @@ struct QuantitySection
     std::optional<std::string_view> name;
     std::optional<std::string_view> description;
     std::optional<std::string_view> unit;
-    const char* byteOrder = nullptr; ///< "Motorola" or "Intel".
-    const char* type = "???";
-    const PhValue* address = nullptr;
-    const PhValue* addressExtension = nullptr;
-    const PhValue* lowerLimit = nullptr;
-    const PhValue* upperLimit = nullptr;
-    const PhValue* bitMask = nullptr;
+    std::string_view byteOrder; ///< "Motorola" or "Intel"; "" for no line.
+    std::string_view type = "???";
+    LineValue address;
+    LineValue addressExtension;
+    LineValue lowerLimit;
+    LineValue upperLimit;
+    LineValue bitMask;
     bool isEnabled = false;
     bool hasFactor = false; ///< The two lines below.
     double factor = 1.0;

@@ -102,7 +102,8 @@ void writeQuantity(ConfigurationStream& stream, const PhEntity& entity, std::int
     if (const PhType* type = entity.type()) {
         if (const PhUnit* unit = unitOf(*type))
             section.unit = textOf(unit->label());
-        section.byteOrder = byteOrderText(type->endian());
+        if (const char* byteOrder = byteOrderText(type->endian()))
+            section.byteOrder = byteOrder;
         section.type = typeText(type);
         section.bitMask = type->bitMask();
         section.hasFactor = type->conversion() &&

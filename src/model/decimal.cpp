@@ -84,23 +84,30 @@ bool roundShort(double magnitude, std::uint64_t& millionths)
 
 } // namespace
 
+char* writeFixed(char* target, double number)
+{
+    std::uint64_t millionths = 0;
+    if (!roundShort(std::fabs(number), millionths))
+        return std::to_chars(target, target + FixedText::longest, number, std::chars_format::fixed,
+                             decimals)
+            .ptr;
+    if (std::signbit(number))
+        *target++ = '-';
+    const std::uint64_t whole = millionths / 1000000;
+    auto rest = static_cast<std::uint32_t>(millionths % 1000000);
+    if (whole < 10)
+        *target++ = static_cast<char>('0' + whole);
+    else
+        target = std::to_chars(target, target + FixedText::longest, whole).ptr;
+    *target = '.';
+    for (int i = decimals; i > 0; --i, rest /= 10)
+        target[i] = static_cast<char>('0' + rest % 10);
+    return target + 1 + decimals;
+}
+
 FixedText::FixedText(double number)
 {
-    char* const last = text_ + sizeof text_ - 1;
-    char* end = text_;
-    std::uint64_t millionths = 0;
-    if (roundShort(std::fabs(number), millionths)) {
-        if (std::signbit(number))
-            *end++ = '-';
-        end = std::to_chars(end, last, millionths / 1000000).ptr;
-        *end = '.';
-        std::uint64_t rest = millionths % 1000000;
-        for (int i = decimals; i > 0; --i, rest /= 10)
-            end[i] = static_cast<char>('0' + rest % 10);
-        end += 1 + decimals;
-    } else {
-        end = std::to_chars(text_, last, number, std::chars_format::fixed, decimals).ptr;
-    }
+    char* const end = writeFixed(text_, number);
     *end = '\0';
     length_ = static_cast<std::size_t>(end - text_);
 }

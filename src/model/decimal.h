@@ -40,10 +40,15 @@ public:
     const char* text() const { return text_; }
     std::size_t length() const { return length_; }
 
+    /// Of any text: the largest double has 309 digits before the point.
+    static constexpr std::size_t longest = 319;
+
 private:
-    /// The largest double has 309 digits before the point.
-    char text_[320];
+    char text_[longest + 1];
     std::size_t length_;
 };
+
+/// Writes the same text to `target`, which has room for the longest. Returns the place after it.
+char* writeFixed(char* target, double number);
 
 } // namespace tavo
