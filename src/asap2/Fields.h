@@ -11,8 +11,8 @@ namespace tavo {
 /// A field of a block or of an option, after its kind was checked.
 struct Field
 {
-    std::string text;            ///< Of a word or a text, unless it is kept at once.
-    std::string_view kept;       ///< Of one that is kept at once, in the pool of the inventory.
+    std::string_view text; ///< Of a word or a text; in the inventory, or in `storage`.
+    std::string storage;
     Number number;               ///< Of a number.
     std::vector<Number> further; ///< The numbers after it, if there may be more.
 };

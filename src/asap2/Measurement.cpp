@@ -65,8 +65,8 @@ bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quanti
         leaveOut(word, begin);
         return false;
     }
-    quantity.name = fields_[0].kept;
-    quantity.description = fields_[1].kept;
+    quantity.name = text(0);
+    quantity.description = text(1);
     if (text(3) != noMethod)
         quantity.methodName = inventory_.methodNames.number(text(3));
     quantity.lower = limitOf(number(6));

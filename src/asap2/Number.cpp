@@ -1,5 +1,6 @@
 #include "asap2/Number.h"
 
+#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -76,6 +77,33 @@ std::optional<Number> digitsToNumber(std::string_view digits, bool isNegative)
     return real(value, isNegative);
 }
 
+/// Most numerals: up to 15 digits, with a point among them or without. Nothing for any other word.
+/// Both numbers of the one division are exact then, and so its result is the nearest double.
+std::optional<Number> shortNumber(std::string_view word, bool isNegative)
+{
+    constexpr std::size_t mostCharacters = 16;
+    constexpr double powers[mostCharacters] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    // Elsewhere, a division may be rounded twice.
+    if (FLT_EVAL_METHOD != 0 || word.size() > mostCharacters - 1 || !isDigit(word.front()))
+        return std::nullopt;
+    std::uint64_t digits = 0;
+    std::size_t afterPoint = word.size(); // of characters
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        const char c = word[i];
+        if (isDigit(c))
+            digits = digits * 10 + static_cast<unsigned>(c - '0');
+        else if (c == '.' && afterPoint == word.size())
+            afterPoint = i + 1;
+        else
+            return std::nullopt;
+    }
+    const bool hasPoint = word[afterPoint - 1] == '.';
+    if (!hasPoint)
+        return integer(digits, isNegative);
+    return real(static_cast<double>(digits) / powers[word.size() - afterPoint], isNegative);
+}
+
 /// True for digits with at most one point among them, at least one digit, and an optional exponent.
 bool isFloatingPoint(std::string_view word)
 {
@@ -146,6 +174,8 @@ std::optional<Number> parseNumber(std::string_view word)
         word.remove_prefix(1);
     if (word.empty() || !(isDigit(word.front()) || word.front() == '.'))
         return std::nullopt;
+    if (const std::optional<Number> number = shortNumber(word, isNegative))
+        return number;
     if (word.size() > 2 && word[0] == '0' && (word[1] | 0x20) == 'x')
         return digitsToNumber<16>(word.substr(2), isNegative);
     if (const std::optional<Number> number = digitsToNumber<10>(word, isNegative))

@@ -118,7 +118,7 @@ void Parser::parseModCommon(const Mark& begin)
     });
 }
 
-ByteOrder Parser::byteOrderOf(const std::string& word)
+ByteOrder Parser::byteOrderOf(std::string_view word)
 {
     // LITTLE_ENDIAN goes with MSB_FIRST and BIG_ENDIAN with MSB_LAST, not the reverse: the standard
     // has the meanings of these two words exchanged.
@@ -271,27 +271,32 @@ bool Parser::readField(char kind, Field& field)
         return false;
     const std::string_view word = scanner_.text();
     const bool isText = token == Token::Text;
+    const auto store = [&] {
+        field.storage.assign(word);
+        field.text = field.storage;
+    };
     switch (kind) {
     case 's':
         if (!isText)
             return false;
-        field.text = word;
+        store();
         break;
     case 'S':
         if (!isText)
             return false;
-        field.kept = inventory_.texts.keep(word);
+        field.text = inventory_.texts.keep(word);
         break;
     case 'w':
     case 'W':
         if (!isText && parseNumber(word))
             return false;
-        field.text = word;
         if (kind == 'W')
-            field.kept = inventory_.texts.keep(word);
+            field.text = inventory_.texts.keep(word);
+        else
+            store();
         break;
     case 'x':
-        field.text = word;
+        store();
         break;
     default: {
         const std::optional<Number> number = parseNumber(word);
@@ -344,7 +349,7 @@ bool Parser::readPositional(std::string_view word, const char* kinds,
         if (!readField(kinds[i], fields_[i])) {
             const auto* const called = std::find_if(names.begin(), name, isName);
             const auto place = static_cast<std::size_t>(called - names.begin());
-            reportMissing(word, called != name ? text(place) : std::string(), *name);
+            reportMissing(word, called != name ? text(place) : "", *name);
             return false;
         }
     }
@@ -352,7 +357,7 @@ bool Parser::readPositional(std::string_view word, const char* kinds,
 }
 
 /// Something is left out because of the current token, which is no `field`.
-void Parser::reportMissing(std::string_view word, const std::string& name, const char* field)
+void Parser::reportMissing(std::string_view word, std::string_view name, const char* field)
 {
     const bool isToken = scanner_.token() == Token::Word || scanner_.token() == Token::Text;
     std::string text(word);

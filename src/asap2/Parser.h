@@ -73,9 +73,9 @@ private:
     void readMoreNumbers(Field& field);
     bool readPositional(std::string_view word, const char* kinds,
                         std::initializer_list<const char*> names);
-    void reportMissing(std::string_view word, const std::string& name, const char* field);
+    void reportMissing(std::string_view word, std::string_view name, const char* field);
     void reportLeftOut(Place place, std::string_view word, const std::string& text);
-    const std::string& text(std::size_t field) const { return fields_[field].text; }
+    std::string_view text(std::size_t field) const { return fields_[field].text; }
     const Number& number(std::size_t field) const { return fields_[field].number; }
     std::string_view keep(std::size_t field) { return inventory_.texts.keep(text(field)); }
     /// An integer field with a sign; the highest number for one that is beyond it.
@@ -86,7 +86,7 @@ private:
     void parseModule(const Mark& begin);
     void parseModuleBlock(Option option, const Mark& begin);
     void parseModCommon(const Mark& begin);
-    ByteOrder byteOrderOf(const std::string& word);
+    ByteOrder byteOrderOf(std::string_view word);
 
     // Quantities and their types.
     void parseMeasurement(const Mark& begin);

@@ -80,8 +80,7 @@ Scanner::Keyword Scanner::keyword()
 void Scanner::skipBlanks()
 {
     for (;;) {
-        while (is(*next_, Blank))
-            ++next_;
+        next_ = blanksEnd(next_);
         if (*next_ != 0)
             return;
         if (next_ != end_)
@@ -129,8 +128,7 @@ void Scanner::skipComment()
 void Scanner::advance()
 {
     for (;;) {
-        while (is(*next_, Blank))
-            ++next_;
+        next_ = blanksEnd(next_);
         if (!is(*next_, EndsWord)) {
             keep_ = next_;
             return scanWord();

@@ -11,6 +11,7 @@ namespace {
 
 constexpr char32_t replacement = 0xFFFD; ///< Stands for what is no character.
 constexpr std::size_t longestCharacter = 4;
+constexpr std::size_t longestMark = 4;
 constexpr std::size_t rawSize = 65536;
 
 bool isHighSurrogate(std::uint32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
@@ -85,55 +86,58 @@ std::size_t SourceFile::readBytes(char* target, std::size_t size)
 }
 
 /// Looks at the first bytes of the file: a mark, or the zero byte of an ASCII character in UTF-16.
-void SourceFile::detectEncoding()
+/// Returns the size of the mark.
+std::size_t SourceFile::detectEncoding(std::string_view head)
 {
-    char head[4];
-    std::size_t size = 0;
-    while (size < sizeof head) { // a pipe may bring them one by one
-        const std::size_t count = readBytes(head + size, sizeof head - size);
-        if (count == 0)
-            break;
-        size += count;
-    }
-    raw_.assign(head, size);
-    const auto startsWith = [this](std::string_view mark) {
-        return std::string_view(raw_).starts_with(mark);
-    };
+    const auto startsWith = [head](std::string_view mark) { return head.starts_with(mark); };
     const auto use = [this](Encoding encoding, std::size_t markSize) {
         encoding_ = encoding;
-        rawNext_ = markSize;
+        return markSize;
     };
     using namespace std::string_view_literals;
     if (startsWith("\xEF\xBB\xBF"sv))
-        use(Encoding::Bytes, 3);
-    else if (startsWith("\xFF\xFE\0\0"sv))
-        use(Encoding::Utf32Little, 4);
-    else if (startsWith("\0\0\xFE\xFF"sv))
-        use(Encoding::Utf32Big, 4);
-    else if (startsWith("\xFF\xFE"sv))
-        use(Encoding::Utf16Little, 2);
-    else if (startsWith("\xFE\xFF"sv))
-        use(Encoding::Utf16Big, 2);
-    else if (size >= 2 && raw_[0] == 0)
-        use(Encoding::Utf16Big, 0);
-    else if (size >= 2 && raw_[1] == 0)
-        use(Encoding::Utf16Little, 0);
-    else
-        use(Encoding::Bytes, 0);
+        return use(Encoding::Bytes, 3);
+    if (startsWith("\xFF\xFE\0\0"sv))
+        return use(Encoding::Utf32Little, 4);
+    if (startsWith("\0\0\xFE\xFF"sv))
+        return use(Encoding::Utf32Big, 4);
+    if (startsWith("\xFF\xFE"sv))
+        return use(Encoding::Utf16Little, 2);
+    if (startsWith("\xFE\xFF"sv))
+        return use(Encoding::Utf16Big, 2);
+    if (head.size() >= 2 && head[0] == 0)
+        return use(Encoding::Utf16Big, 0);
+    if (head.size() >= 2 && head[1] == 0)
+        return use(Encoding::Utf16Little, 0);
+    return use(Encoding::Bytes, 0);
+}
+
+/// The first read of a file, which is as large as the next ones: the kernel copies whole pages
+/// faster than what begins anywhere in them.
+std::size_t SourceFile::readFirst(char* target, std::size_t size)
+{
+    std::size_t count = 0;
+    while (count < longestMark) { // a pipe may bring them one by one
+        const std::size_t more = readBytes(target + count, size - count);
+        if (more == 0)
+            break;
+        count += more;
+    }
+    const std::size_t markSize = detectEncoding({target, std::min(count, longestMark)});
+    count -= markSize;
+    if (encoding_ == Encoding::Bytes && count > 0) {
+        std::memmove(target, target + markSize, count);
+        return count;
+    }
+    raw_.assign(target + markSize, count);
+    return read(target, size);
 }
 
 std::size_t SourceFile::read(char* target, std::size_t size)
 {
     if (encoding_ == Encoding::Unknown)
-        detectEncoding();
-    if (encoding_ != Encoding::Bytes)
-        return readDecoded(target, size);
-    if (rawNext_ < raw_.size()) {
-        const std::size_t count = raw_.copy(target, size, rawNext_);
-        rawNext_ += count;
-        return count;
-    }
-    return readBytes(target, size);
+        return readFirst(target, size);
+    return encoding_ == Encoding::Bytes ? readBytes(target, size) : readDecoded(target, size);
 }
 
 std::size_t SourceFile::readDecoded(char* target, std::size_t size)

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace tavo {
 
@@ -44,7 +45,8 @@ private:
     };
 
     std::size_t readBytes(char* target, std::size_t size);
-    void detectEncoding();
+    std::size_t detectEncoding(std::string_view head);
+    std::size_t readFirst(char* target, std::size_t size);
     std::size_t readDecoded(char* target, std::size_t size);
     bool nextUnit(std::uint32_t& unit);
     char32_t characterOf(std::uint32_t unit);
@@ -56,7 +58,7 @@ private:
     std::uint64_t bytesRead_ = 0;
     int readError_ = 0;
     Encoding encoding_ = Encoding::Unknown;
-    std::string raw_;           ///< Bytes that were read, but not handed out yet.
+    std::string raw_;           ///< Bytes that were read, but not decoded yet.
     std::size_t rawNext_ = 0;   ///< The first of them.
     std::uint32_t pending_ = 0; ///< A unit that was read too early, if `isPending_`.
     bool isPending_ = false;

@@ -15,7 +15,7 @@ void Parser::parseTypedefStructure(const Mark& begin)
         leaveOut(word, begin);
         return;
     }
-    const std::string name = text(0);
+    const std::string name(text(0));
     Structure structure;
     structure.size = number(2).bits();
     parseOptions(Block::Structure, word, begin, [&](Option option, const Mark& place) {

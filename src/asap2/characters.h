@@ -48,6 +48,19 @@ template <class Match> const char* search(const char* position, Match match)
     }
 }
 
+/// The first character that is no blank.
+inline const char* blanksEnd(const char* position)
+{
+    if (is(*position, Blank) && is(*++position, Blank)) // Most blanks are single ones.
+        position = search(position, [](ByteGroup bytes) {
+            return ~(bytes.equalTo(' ') | bytes.equalTo('\n') | bytes.equalTo('\r') |
+                     bytes.equalTo('\t'));
+        });
+    while (is(*position, Blank)) // a rare one
+        ++position;
+    return position;
+}
+
 /// The first character that ends a word.
 inline const char* wordEnd(const char* position)
 {

@@ -39,16 +39,24 @@ constexpr std::size_t slotCount = 1024;
 constexpr std::uint16_t noRow = 0xFFFF;
 static_assert(std::size(rows) < slotCount / 2, "the table must stay sparse");
 
-/// Words of the table differ in length, in the middle or at the end more than at the beginning.
-constexpr std::size_t slotOf(std::string_view word)
+/// Four characters of a word, the zero byte in the place of those that it hasn't got.
+constexpr std::uint32_t fourOf(std::string_view word, std::size_t first)
 {
     const auto at = [&](std::size_t i) {
-        return static_cast<std::size_t>(static_cast<unsigned char>(word[i]));
+        return i < word.size() ? std::uint32_t{static_cast<unsigned char>(word[i])} : 0U;
     };
-    const std::size_t size = word.size();
-    const std::size_t hash = size * 0x9E5 + at(0) * 0x1F + at(size / 2) * 0x3B +
-                             at(size / 3) * 0x83 + at(size - 1) * 0xD3 + at(size * 3 / 4) * 0x11B;
-    return (hash ^ hash >> 7U) % slotCount;
+    return at(first) | at(first + 1) << 8U | at(first + 2) << 16U | at(first + 3) << 24U;
+}
+
+/// By the length of the word, its first characters and its last ones, in which hardly two words of
+/// the table are alike.
+constexpr std::size_t slotOf(std::string_view word)
+{
+    const std::size_t lastFour = word.size() < 4 ? 0 : word.size() - 4;
+    const std::uint32_t hash = fourOf(word, 0) * 0x9E3779B1U +
+                               fourOf(word, lastFour) * 0x85EBCA6BU +
+                               static_cast<std::uint32_t>(word.size()) * 0xC2B2AE35U;
+    return (hash ^ hash >> 15U) % slotCount;
 }
 
 constexpr std::array<std::uint16_t, slotCount> makeSlots()

@@ -6,7 +6,7 @@ namespace {
 
 struct DataTypeRow
 {
-    const char* word;
+    std::string_view word;
     const char* text;
     std::uint32_t size;
 };
@@ -31,7 +31,7 @@ const DataTypeRow& rowOf(DataType type) { return dataTypes[static_cast<std::size
 
 } // namespace
 
-const char* dataTypeWord(DataType type) { return rowOf(type).word; }
+std::string_view dataTypeWord(DataType type) { return rowOf(type).word; }
 const char* dataTypeText(DataType type) { return rowOf(type).text; }
 std::uint32_t sizeOf(DataType type) { return rowOf(type).size; }
 

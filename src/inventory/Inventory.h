@@ -37,7 +37,7 @@ enum class DataType : std::uint8_t
 };
 
 /// The word of the file format, "UBYTE" for example; "" for `None`.
-const char* dataTypeWord(DataType type);
+std::string_view dataTypeWord(DataType type);
 /// The word in the manner of a configuration: "uint8", "uint64", "real16" and so on; "???" for
 /// `None`.
 const char* dataTypeText(DataType type);

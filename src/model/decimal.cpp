@@ -1,9 +1,11 @@
 #include "model/decimal.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <limits>
 
 namespace tavo {
@@ -65,6 +67,16 @@ namespace {
 
 constexpr int decimals = 6;
 
+/// "00" to "99"
+constexpr auto twoDigits = [] {
+    std::array<char[2], 100> texts{};
+    for (int i = 0; i < 100; ++i) {
+        texts[static_cast<std::size_t>(i)][0] = static_cast<char>('0' + i / 10);
+        texts[static_cast<std::size_t>(i)][1] = static_cast<char>('0' + i % 10);
+    }
+    return texts;
+}();
+
 /// Rounds a number of moderate size to six decimals by way of an integer. False if the number is
 /// too large, or so near the middle between two texts that the product could fall on the wrong
 /// side.
@@ -94,15 +106,15 @@ char* writeFixed(char* target, double number)
     if (std::signbit(number))
         *target++ = '-';
     const std::uint64_t whole = millionths / 1000000;
-    auto rest = static_cast<std::uint32_t>(millionths % 1000000);
+    const auto rest = static_cast<std::uint32_t>(millionths % 1000000);
     if (whole < 10)
         *target++ = static_cast<char>('0' + whole);
     else
         target = std::to_chars(target, target + FixedText::longest, whole).ptr;
-    *target = '.';
-    for (int i = decimals; i > 0; --i, rest /= 10)
-        target[i] = static_cast<char>('0' + rest % 10);
-    return target + 1 + decimals;
+    *target++ = '.';
+    for (std::uint32_t divisor = 10000; divisor > 0; divisor /= 100, target += 2)
+        std::memcpy(target, twoDigits[rest / divisor % 100], 2);
+    return target;
 }
 
 FixedText::FixedText(double number)
