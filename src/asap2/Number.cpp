@@ -77,31 +77,31 @@ std::optional<Number> digitsToNumber(std::string_view digits, bool isNegative)
     return real(value, isNegative);
 }
 
-/// Most numerals: up to 15 digits, with a point among them or without. Nothing for any other word.
+/// Most numerals: up to 15 digits, with a point among them or without. False for any other word.
 /// Both numbers of the one division are exact then, and so its result is the nearest double.
-std::optional<Number> shortNumber(std::string_view word, bool isNegative)
+bool readShort(std::string_view word, bool isNegative, std::optional<Number>& number)
 {
-    constexpr std::size_t mostCharacters = 16;
-    constexpr double powers[mostCharacters] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr std::size_t most = 15;
+    constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
+                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
     // Elsewhere, a division may be rounded twice.
-    if (FLT_EVAL_METHOD != 0 || word.size() > mostCharacters - 1 || !isDigit(word.front()))
-        return std::nullopt;
+    if (FLT_EVAL_METHOD != 0 || word.size() > most || !isDigit(word.front()))
+        return false;
     std::uint64_t digits = 0;
-    std::size_t afterPoint = word.size(); // of characters
-    for (std::size_t i = 0; i < word.size(); ++i) {
-        const char c = word[i];
+    const char* point = nullptr;
+    for (const char& c : word) {
         if (isDigit(c))
             digits = digits * 10 + static_cast<unsigned>(c - '0');
-        else if (c == '.' && afterPoint == word.size())
-            afterPoint = i + 1;
+        else if (c == '.' && !point)
+            point = &c;
         else
-            return std::nullopt;
+            return false;
     }
-    const bool hasPoint = word[afterPoint - 1] == '.';
-    if (!hasPoint)
-        return integer(digits, isNegative);
-    return real(static_cast<double>(digits) / powers[word.size() - afterPoint], isNegative);
+    if (point)
+        number = real(static_cast<double>(digits) / powers[&word.back() - point], isNegative);
+    else
+        number = integer(digits, isNegative);
+    return true;
 }
 
 /// True for digits with at most one point among them, at least one digit, and an optional exponent.
@@ -174,13 +174,14 @@ std::optional<Number> parseNumber(std::string_view word)
         word.remove_prefix(1);
     if (word.empty() || !(isDigit(word.front()) || word.front() == '.'))
         return std::nullopt;
-    if (const std::optional<Number> number = shortNumber(word, isNegative))
+    std::optional<Number> number;
+    if (readShort(word, isNegative, number))
         return number;
     if (word.size() > 2 && word[0] == '0' && (word[1] | 0x20) == 'x')
-        return digitsToNumber<16>(word.substr(2), isNegative);
-    if (const std::optional<Number> number = digitsToNumber<10>(word, isNegative))
-        return number;
-    return floatingPoint(word, isNegative);
+        number = digitsToNumber<16>(word.substr(2), isNegative);
+    else if (!(number = digitsToNumber<10>(word, isNegative)))
+        number = floatingPoint(word, isNegative);
+    return number;
 }
 
 std::optional<Number> Number::asInteger() const

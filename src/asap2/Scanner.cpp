@@ -127,14 +127,22 @@ void Scanner::skipComment()
 
 void Scanner::advance()
 {
+    next_ = blanksEnd(next_);
+    if (is(*next_, EndsWord))
+        return advanceToOther();
+    keep_ = next_;
+    scanWord();
+}
+
+/// What may be no word is in hand.
+void Scanner::advanceToOther()
+{
     for (;;) {
-        next_ = blanksEnd(next_);
-        if (!is(*next_, EndsWord)) {
+        if (*next_ == '"' && next_ != end_) {
             keep_ = next_;
-            return scanWord();
+            return scanText();
         }
-        if (*next_ == 0 || *next_ == '/')
-            skipBlanksAndComments();
+        skipBlanksAndComments();
         if (next_ == end_) {
             if (leaveFile())
                 continue;

@@ -118,6 +118,7 @@ private:
     void skipComment();
     void skipText();
     std::uint64_t skipKeyword(Keyword keyword, std::uint64_t depth);
+    void advanceToOther();
     void scanWord();
     void finishWord();
     void scanText();

@@ -51,12 +51,7 @@ template <class Match> const char* search(const char* position, Match match)
 /// The first character that is no blank.
 inline const char* blanksEnd(const char* position)
 {
-    if (is(*position, Blank) && is(*++position, Blank)) // Most blanks are single ones.
-        position = search(position, [](ByteGroup bytes) {
-            return ~(bytes.equalTo(' ') | bytes.equalTo('\n') | bytes.equalTo('\r') |
-                     bytes.equalTo('\t'));
-        });
-    while (is(*position, Blank)) // a rare one
+    while (is(*position, Blank)) // They are few in most places.
         ++position;
     return position;
 }

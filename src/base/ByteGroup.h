@@ -44,8 +44,6 @@ class ByteGroup::Matches
 {
 public:
     friend Matches operator|(Matches a, Matches b) { return Matches(a.bytes_ | b.bytes_); }
-    /// The bytes for which it doesn't hold.
-    friend Matches operator~(Matches a) { return Matches(~a.bytes_); }
 
 #if defined(__SSE2__)
     explicit Matches(__m128i bytes) : bytes_(bytes) {}
