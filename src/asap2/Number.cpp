@@ -1,5 +1,6 @@
 #include "asap2/Number.h"
 
+#include <array>
 #include <cfloat>
 #include <charconv>
 #include <cmath>
@@ -14,14 +15,18 @@ constexpr std::uint64_t lowestMagnitude = std::uint64_t{1} << 63U; // of a negat
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// The value of a hexadecimal digit; 16 for what is none.
-unsigned hexadecimalDigit(char c)
-{
-    if (isDigit(c))
-        return static_cast<unsigned>(c - '0');
-    const auto lower = static_cast<char>(c | 0x20);
-    return lower >= 'a' && lower <= 'f' ? static_cast<unsigned>(lower - 'a') + 10U : 16U;
-}
+/// The value of each character as a digit, up to 15; 16 for what is none. A table, because nobody
+/// foresees whether the next hexadecimal digit is a letter.
+constexpr auto digitValues = [] {
+    std::array<unsigned char, 256> values{};
+    values.fill(16);
+    for (unsigned char i = 0; i < 10; ++i)
+        values[static_cast<std::size_t>('0' + i)] = i;
+    for (unsigned char i = 0; i < 6; ++i)
+        values[static_cast<std::size_t>('a' + i)] = values[static_cast<std::size_t>('A' + i)] =
+            static_cast<unsigned char>(10 + i);
+    return values;
+}();
 
 Number integer(std::uint64_t magnitude, bool isNegative)
 {
@@ -43,12 +48,6 @@ Number real(double magnitude, bool isNegative)
     return number;
 }
 
-/// The value of a digit of the base; something else than a digit is at least the base.
-template <unsigned base> unsigned digitOf(char c)
-{
-    return base == 16 ? hexadecimalDigit(c) : static_cast<unsigned char>(c) - unsigned{'0'};
-}
-
 /// Digits of a base that are one whole number. One beyond 64 bits becomes a floating-point number.
 template <unsigned base>
 std::optional<Number> digitsToNumber(std::string_view digits, bool isNegative)
@@ -59,7 +58,7 @@ std::optional<Number> digitsToNumber(std::string_view digits, bool isNegative)
     std::uint64_t magnitude = 0;
     bool fits = true;
     for (const char c : digits) {
-        const unsigned digit = digitOf<base>(c);
+        const unsigned digit = digitValues[static_cast<unsigned char>(c)];
         if (digit >= base)
             return std::nullopt;
         if (digits.size() > neverTooMany)

@@ -23,9 +23,6 @@ void Scanner::failAtOtherEnd(std::string_view word, const Mark& begin)
                                  std::to_string(begin.place().line)}));
 }
 
-/// True if the slash in hand begins a comment.
-bool Scanner::startsComment() { return has(2) && (next_[1] == '*' || next_[1] == '/'); }
-
 std::size_t Scanner::keywordLength(Keyword keyword)
 {
     constexpr std::size_t lengths[] = {0, 6, 4, 8};

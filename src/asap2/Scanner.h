@@ -109,7 +109,8 @@ private:
     void countMarks();
     Place placeAt(const char* position);
 
-    bool startsComment();
+    /// True if the slash in hand begins a comment.
+    bool startsComment() { return has(2) && (next_[1] == '*' || next_[1] == '/'); }
     static std::size_t keywordLength(Keyword keyword);
     static Keyword keywordAt(const char* position);
     Keyword keyword();

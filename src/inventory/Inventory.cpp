@@ -52,13 +52,6 @@ const char* byteOrderText(ByteOrder order)
     return nullptr;
 }
 
-bool Pattern64::fits32() const
-{
-    if (isBeyond64)
-        return false;
-    return isNegative ? bits >= 0xFFFFFFFF80000000U : bits <= 0xFFFFFFFFU;
-}
-
 const char* methodKindWord(MethodKind kind)
 {
     constexpr const char* words[] = {"",         "IDENTICAL",  "LINEAR",   "RAT_FUNC",
@@ -223,28 +216,12 @@ std::size_t Inventory::quantityCount() const
     return count;
 }
 
-const Method* Inventory::methodOf(const Quantity& quantity) const
-{
-    const std::uint32_t name = quantity.methodName;
-    if (name >= methodsByName.size() || methodsByName[name] == noIndex)
-        return nullptr;
-    return &methods[methodsByName[name]];
-}
-
 const Table* Inventory::tableOf(const Method& method) const
 {
     const std::uint32_t name = method.tableName;
     if (name >= tablesByName.size() || tablesByName[name] == noIndex)
         return nullptr;
     return &tables[tablesByName[name]];
-}
-
-std::optional<std::string_view> Inventory::unitOf(const Quantity& quantity) const
-{
-    if (quantity.hasUnit)
-        return quantity.unit;
-    const Method* method = methodOf(quantity);
-    return method && method->hasUnit ? std::optional(method->unit) : std::nullopt;
 }
 
 const QuantityDetails& Inventory::detailsOf(const Quantity& quantity) const

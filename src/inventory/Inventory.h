@@ -381,6 +381,31 @@ public:
     QuantityDetails& makeDetails(Quantity& quantity);
 };
 
+// For each quantity of a description, and therefore worth no call.
+
+inline bool Pattern64::fits32() const
+{
+    if (isBeyond64)
+        return false;
+    return isNegative ? bits >= 0xFFFFFFFF80000000U : bits <= 0xFFFFFFFFU;
+}
+
+inline const Method* Inventory::methodOf(const Quantity& quantity) const
+{
+    const std::uint32_t name = quantity.methodName;
+    if (name >= methodsByName.size() || methodsByName[name] == noIndex)
+        return nullptr;
+    return &methods[methodsByName[name]];
+}
+
+inline std::optional<std::string_view> Inventory::unitOf(const Quantity& quantity) const
+{
+    if (quantity.hasUnit)
+        return quantity.unit;
+    const Method* method = methodOf(quantity);
+    return method && method->hasUnit ? std::optional(method->unit) : std::nullopt;
+}
+
 /// The standard's name for no conversion at all.
 constexpr std::string_view noMethod = "NO_COMPU_METHOD";
 
