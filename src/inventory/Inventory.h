@@ -1,6 +1,5 @@
 #pragma once
 
-#include "inventory/Arena.h"
 #include "inventory/NameTable.h"
 #include "inventory/Rows.h"
 #include "inventory/TextPool.h"
@@ -307,18 +306,19 @@ public:
     Inventory(const Inventory&) = delete;
     Inventory& operator=(const Inventory&) = delete;
 
-    Arena arena; ///< Has the memory of most of the rest.
-    TextPool texts{arena};
+    TextPool texts;
     ByteOrder byteOrder = ByteOrder::None; ///< Of quantities without one of their own.
     NameTable methodNames{texts};
     NameTable tableNames{texts};
     NameTable unitNames{texts};
     std::deque<Interface> interfaces;
-    Rows<Quantity> measurements{arena}; ///< Each MEASUREMENT, in the order of the description.
-    std::deque<Leaves> instances;       ///< By ascending position.
-    Rows<QuantityDetails> details{arena};
-    Rows<Method> methods{arena}; ///< In the order of the description, the first of each name.
-    Rows<Table> tables{arena};
+    /// Each MEASUREMENT, in the order of the description.
+    Rows<Quantity> measurements{texts.arena()};
+    std::deque<Leaves> instances; ///< By ascending position.
+    Rows<QuantityDetails> details{texts.arena()};
+    /// In the order of the description, the first of each name.
+    Rows<Method> methods{texts.arena()};
+    Rows<Table> tables{texts.arena()};
     /// Leaves of instances that hold adjustable values: they are no measurements.
     std::uint64_t adjustableLeafCount = 0;
     /// The method, or the table, of each name; `noIndex` for a name that none is defined for.
@@ -347,7 +347,7 @@ public:
     /// and may change it.
     template <class IsKept> void keepQuantities(IsKept isKept)
     {
-        const auto keep = [&](std::deque<Quantity>& quantities, auto visitBefore) {
+        const auto keep = [&](auto& quantities, auto visitBefore) {
             std::size_t kept = 0;
             for (std::size_t i = 0; i < quantities.size(); ++i) {
                 visitBefore(i, kept);

@@ -10,18 +10,13 @@
 
 namespace tavo {
 
-/// The rows of a table that only grows. A row stays where it is until the table dies.
+/// The rows of a table that grows at its end. A row stays where it is.
 template <class Row> class Rows
 {
 public:
     /// `arena` has the memory for the rows and outlives the table.
     explicit Rows(Arena& arena) : arena_(arena) {}
-    ~Rows()
-    {
-        if constexpr (!std::is_trivially_destructible_v<Row>)
-            for (Row& row : *this)
-                row.~Row();
-    }
+    ~Rows() { resize(0); }
     Rows(const Rows&) = delete;
     Rows& operator=(const Rows&) = delete;
 
@@ -42,6 +37,15 @@ public:
     }
     void push_back(const Row& row) { emplace_back(row); }
     void push_back(Row&& row) { emplace_back(std::move(row)); }
+
+    /// Removes the rows after the first `size`; there are at least so many.
+    void resize(std::size_t size)
+    {
+        if constexpr (!std::is_trivially_destructible_v<Row>)
+            for (std::size_t i = size; i < size_; ++i)
+                (*this)[i].~Row();
+        size_ = size;
+    }
 
     /// Goes over the rows in the order in which they were added.
     template <class Table, class Element> class Iterator
