@@ -16,6 +16,3 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -fstack-protector-strong")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static -fstack-protector-strong")
 set(ZLIB_USE_STATIC_LIBS ON)
-
-# Header-only libraries are taken from the machine that builds.
-list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/mingw)

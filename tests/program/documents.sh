@@ -71,6 +71,7 @@ expect "json" tavo list --format j
 expect "csv" tavo list --format = c
 expect "json text" tavo diff --format ""
 expect "gone" tavo diff --only g
+expect "measurements methods" tavo list --kind me
 expect "$folder/a.a2l $folder/b.A2L" tavo check "$folder/"
 
 exit $((failures > 0))

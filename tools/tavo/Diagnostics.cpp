@@ -94,11 +94,6 @@ void Diagnostics::failAbout(const std::string& file, const std::string& text,
     reportWithHint({Severity::Error, file.c_str(), 0, text.c_str()}, hint);
 }
 
-void Diagnostics::warnOfProgram(const std::string& text)
-{
-    report({Severity::Warning, nullptr, 0, text.c_str()});
-}
-
 void Diagnostics::failProgram(const std::string& text, const std::string& hint)
 {
     reportWithHint({Severity::Error, nullptr, 0, text.c_str()}, hint);

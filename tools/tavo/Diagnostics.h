@@ -58,8 +58,7 @@ public:
     /// A warning or an error about a file as a whole.
     void warnAbout(const std::string& file, const std::string& text);
     void failAbout(const std::string& file, const std::string& text, const std::string& hint);
-    /// A warning or an error of the program itself.
-    void warnOfProgram(const std::string& text);
+    /// An error of the program itself.
     void failProgram(const std::string& text, const std::string& hint = "");
 
 private:

@@ -2,25 +2,50 @@
 
 #include "text.h"
 
-#include <algorithm>
-#include <charconv>
+#include <array>
 #include <cmath>
 
 namespace tavo {
 
-void JsonWriter::clear()
-{
-    buffer_.Clear();
-    writer_.Reset(buffer_);
-}
+namespace {
+
+/// What JSON has to escape in a text: 'u' for a code, another character for a short form, 0 for
+/// nothing at all.
+constexpr std::array<char, 256> escapes = [] {
+    std::array<char, 256> table{};
+    for (std::size_t control = 0; control < 0x20; ++control)
+        table[control] = 'u';
+    table['\b'] = 'b';
+    table['\t'] = 't';
+    table['\n'] = 'n';
+    table['\f'] = 'f';
+    table['\r'] = 'r';
+    table['"'] = '"';
+    table['\\'] = '\\';
+    return table;
+}();
+
+} // namespace
 
 void JsonWriter::value(std::string_view text)
 {
-    const bool isAscii =
-        std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
-    const std::string made = isAscii ? std::string() : toUtf8(text);
-    const std::string_view valid = isAscii ? text : made;
-    writer_.String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()));
+    const std::string made = isAscii(text) ? std::string() : toUtf8(text);
+    const std::string_view valid = made.empty() ? text : made;
+    separate();
+    text_.push_back('"');
+    std::size_t begin = 0; // of what goes out as it is
+    for (std::size_t i = 0; i < valid.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(valid[i]);
+        if (escapes[byte] == 0)
+            continue;
+        constexpr const char* digits = "0123456789ABCDEF";
+        text_.append(valid, begin, i - begin).push_back('\\');
+        text_.push_back(escapes[byte]);
+        if (escapes[byte] == 'u')
+            text_.append("00").append({digits[byte >> 4U], digits[byte & 0xFU]});
+        begin = i + 1;
+    }
+    text_.append(valid, begin).push_back('"');
 }
 
 void JsonWriter::value(double number)
@@ -29,14 +54,10 @@ void JsonWriter::value(double number)
         null();
         return;
     }
-    char digits[40];
-    char* end = std::to_chars(digits, digits + 32, number).ptr;
-    if (std::string_view(digits, static_cast<std::size_t>(end - digits)).find_first_of(".e") ==
-        std::string_view::npos) {
-        *end++ = '.';
-        *end++ = '0';
-    }
-    writer_.RawValue(digits, static_cast<std::size_t>(end - digits), rapidjson::kNumberType);
+    Digits digits(number);
+    if (digits.text().find_first_of(".e") == std::string_view::npos)
+        digits.append(".0");
+    raw(digits.text());
 }
 
 void JsonWriter::member(const char* name, const Cell& cell)
@@ -130,6 +151,8 @@ void putJson(JsonWriter& json, const Interface& interface, const Source& source)
     json.member("interface", protocolText(interface.protocol));
     json.member("rate", source.rate());
     json.member("channel", source.channel);
+    if (const std::optional<double> period = source.periodInNanoseconds())
+        json.member("period", std::string_view(periodText(*period)));
     json.member("period_ns", periodCell(source));
     json.endObject();
 }

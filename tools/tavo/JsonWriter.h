@@ -1,13 +1,12 @@
 #pragma once
 
+#include "Digits.h"
 #include "Listing.h"
-
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace tavo {
@@ -18,24 +17,39 @@ class JsonWriter
 {
 public:
     /// What was made since the last `clear`.
-    std::string_view json() const { return {buffer_.GetString(), buffer_.GetSize()}; }
-    void clear();
+    std::string_view json() const { return text_; }
+    void clear()
+    {
+        text_.clear();
+        needsComma_ = false;
+    }
 
-    void beginObject() { writer_.StartObject(); }
-    void endObject() { writer_.EndObject(); }
-    void beginArray() { writer_.StartArray(); }
-    void endArray() { writer_.EndArray(); }
-    void key(const char* name) { writer_.Key(name); }
+    void beginObject() { open('{'); }
+    void endObject() { close('}'); }
+    void beginArray() { open('['); }
+    void endArray() { close(']'); }
+    void key(std::string_view name)
+    {
+        separate();
+        text_.append("\"").append(name).append("\":");
+        needsComma_ = false;
+    }
 
     void value(std::string_view text);
     void value(const char* text) { value(std::string_view(text)); }
-    void value(std::int64_t number) { writer_.Int64(number); }
-    void value(std::uint64_t number) { writer_.Uint64(number); }
+    void value(std::int64_t number) { raw(Digits(number).text()); }
+    void value(std::uint64_t number) { raw(Digits(number).text()); }
     /// The shortest form that reads back as the same double, with a point or an exponent, so that
     /// it differs from an integer. JSON has no form for what is no number or infinite.
     void value(double number);
-    void value(bool truth) { writer_.Bool(truth); }
-    void null() { writer_.Null(); }
+    void value(bool truth) { raw(truth ? "true" : "false"); }
+    void null() { raw("null"); }
+    /// A value, or members with commas between them, that were made before.
+    void raw(std::string_view json)
+    {
+        separate();
+        text_.append(json);
+    }
 
     template <class Value> void member(const char* name, const Value& content)
     {
@@ -51,8 +65,25 @@ public:
     void member(const char* name, const Cell& cell);
 
 private:
-    rapidjson::StringBuffer buffer_;
-    rapidjson::Writer<rapidjson::StringBuffer> writer_{buffer_};
+    void separate()
+    {
+        if (needsComma_)
+            text_.push_back(',');
+        needsComma_ = true;
+    }
+    void open(char bracket)
+    {
+        separate();
+        text_.push_back(bracket);
+        needsComma_ = false;
+    }
+    void close(char bracket)
+    {
+        text_.push_back(bracket);
+        needsComma_ = true;
+    }
+    std::string text_;
+    bool needsComma_ = false; ///< Something stands before on the same level.
 };
 
 /// The objects of the schema docs/listing.schema.json.

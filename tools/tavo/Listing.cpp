@@ -1,154 +1,137 @@
 #include "Listing.h"
 
 #include "Selection.h"
-#include "daq/losses.h"
-#include "text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <optional>
+#include <deque>
+#include <numeric>
+#include <utility>
 
 namespace tavo {
 
+Listing::Listing(const Inventory& all, Selection& selection, const KindSet& wanted)
+    : inventory(all), kinds(wanted)
+{
+    const auto has = [&](ListedKind kind) { return kinds[static_cast<std::size_t>(kind)]; };
+    for (const Interface& interface : inventory.interfaces) {
+        if (has(ListedKind::Interfaces) && selection.hasName(protocolText(interface.protocol)))
+            interfaces.push_back(&interface);
+        if (has(ListedKind::Sources))
+            for (const Source& source : interface.sources)
+                if (selection.hasName(source.name))
+                    sources.push_back({&interface, &source});
+    }
+    if (has(ListedKind::Measurements)) {
+        if (selection.isAll())
+            measurements.reserve(inventory.quantityCount());
+        inventory.forEachQuantity([&](const Quantity& quantity) {
+            if (selection.has(inventory, quantity))
+                measurements.push_back(&quantity);
+        });
+    }
+    if (has(ListedKind::Methods))
+        for (const Method& method : inventory.methods)
+            if (selection.hasName(method.name))
+                methods.push_back(&method);
+}
+
 namespace {
 
-Cell textCell(std::string_view text) { return toUtf8(text); }
-Cell textCell(const char* text) { return text ? Cell(toUtf8(text)) : Cell(); }
-
-template <class Value> Cell optionalCell(const std::optional<Value>& value)
+/// What a row is sorted by.
+struct Key
 {
-    return value ? Cell(*value) : Cell();
-}
+    enum Rank : std::uint8_t
+    {
+        Number,
+        Text,
+        Nothing
+    };
 
-/// An identifier as the pattern of its 32 bits.
-Cell identifierCell(const std::optional<std::int64_t>& identifier)
-{
-    return identifier ? Cell(Pattern{static_cast<std::uint32_t>(*identifier)}) : Cell();
-}
+    Rank rank = Nothing;
+    long double number = 0.0L; ///< Which holds every integer of 64 bits, where the system has it.
+    std::string_view text;
+};
 
-Cell limitCell(const Limit& limit)
+/// The texts that aren't in the description go to `texts`.
+Key keyOf(const CellView& cell, std::string& scratch, std::deque<std::string>& texts)
 {
-    if (!limit.isGiven)
-        return {};
-    return limit.isInteger ? Cell(static_cast<std::int64_t>(limit.value)) : Cell(limit.value);
-}
-
-std::string transportsText(const Interface& interface)
-{
-    std::string text;
-    for (const Transport& transport : interface.transports) {
-        text += text.empty() ? "" : " ";
-        text += transportText(transport.kind);
-        for (const std::string_view host : {transport.address, transport.hostName, transport.ipv6})
-            if (!host.empty())
-                text.append(":").append(toUtf8(host));
-        if (transport.port)
-            text.append(":").append(std::to_string(*transport.port));
+    if (const auto* text = std::get_if<std::string_view>(&cell)) {
+        if (scratch.empty())
+            return {Key::Text, 0.0L, *text};
+        return {Key::Text, 0.0L, texts.emplace_back(std::move(scratch))};
     }
-    return text;
+    if (const auto* integer = std::get_if<std::int64_t>(&cell))
+        return {Key::Number, static_cast<long double>(*integer), {}};
+    if (const auto* real = std::get_if<double>(&cell))
+        return {std::isnan(*real) ? Key::Nothing : Key::Number, *real, {}};
+    if (const auto* pattern = std::get_if<Pattern>(&cell))
+        return {Key::Number, static_cast<long double>(pattern->bits), {}};
+    return {};
 }
 
-Section interfaces(const Inventory& inventory, Selection& selection)
+bool isBefore(const Key& a, const Key& b, bool isDescending)
 {
-    return {"interface",
-            "interfaces",
-            {{"name"},
-             {"protocol"},
-             {"master_id"},
-             {"slave_id"},
-             {"station_address"},
-             {"sources"},
-             {"transports"}},
-            [&](const auto& visit) {
-                for (const Interface& interface : inventory.interfaces) {
-                    const char* name = protocolText(interface.protocol);
-                    if (selection.hasName(name))
-                        visit({textCell(name), textCell(name), identifierCell(interface.masterId),
-                               identifierCell(interface.slaveId),
-                               optionalCell(interface.stationAddress),
-                               static_cast<std::int64_t>(interface.sources.size()),
-                               interface.transports.empty() ? Cell() : transportsText(interface)});
-                }
-            }};
+    if (a.rank == Key::Nothing || b.rank == Key::Nothing)
+        return a.rank < b.rank;
+    const Key& first = isDescending ? b : a;
+    const Key& second = isDescending ? a : b;
+    if (first.rank != second.rank)
+        return first.rank < second.rank;
+    return first.rank == Key::Number ? first.number < second.number : first.text < second.text;
 }
 
-Section sources(const Inventory& inventory, Selection& selection)
+/// The rows in their new order.
+std::vector<std::uint32_t> orderBy(const Listing& listing, const Section& section,
+                                   const std::vector<SortKey>& keys)
 {
-    return {"source",
-            "sources",
-            {{"name"}, {"interface"}, {"rate"}, {"channel"}, {"period_ns"}, {"description", false}},
-            [&](const auto& visit) {
-                for (const Interface& interface : inventory.interfaces)
-                    for (const Source& source : interface.sources)
-                        if (selection.hasName(source.name))
-                            visit({textCell(source.name),
-                                   textCell(protocolText(interface.protocol)), source.rate(),
-                                   source.channel, periodCell(source),
-                                   textCell(source.description)});
-            }};
+    const std::size_t count = section.count(listing);
+    std::vector<std::uint32_t> order(count);
+    std::iota(order.begin(), order.end(), 0U);
+    for (auto sortKey = keys.rbegin(); sortKey != keys.rend(); ++sortKey) {
+        const Column* column = section.column(sortKey->column);
+        if (!column)
+            continue;
+        std::deque<std::string> texts;
+        std::vector<Key> keysOfRows(count);
+        for (std::size_t row = 0; row < count; ++row) {
+            std::string scratch;
+            const CellView cell = column->cell(listing, row, scratch);
+            keysOfRows[row] = keyOf(cell, scratch, texts);
+        }
+        std::stable_sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+            return isBefore(keysOfRows[a], keysOfRows[b], sortKey->isDescending);
+        });
+    }
+    return order;
 }
 
-std::string dimensionsText(const Dimensions& dimensions)
+template <class Object>
+void arrange(std::vector<Object>& objects, const std::vector<std::uint32_t>& order)
 {
-    std::string text;
-    for (const std::uint64_t dimension : dimensions)
-        text.append(text.empty() ? "" : "x").append(std::to_string(dimension));
-    return text;
-}
-
-Row measurementRow(const Inventory& inventory, const Quantity& quantity)
-{
-    const Method* method = inventory.methodOf(quantity);
-    const Line line = method ? method->line : Line();
-    const std::optional<std::string_view> unit = inventory.unitOf(quantity);
-    const std::optional<std::string_view> conversion = conversionName(inventory, quantity);
-    const QuantityDetails& details = inventory.detailsOf(quantity);
-    const Obstacle obstacle = obstacleOf(inventory, quantity);
-    return {textCell(quantity.name),
-            textCell(quantity.description),
-            patternCell(quantity.address),
-            patternCell(quantity.addressExtension),
-            textCell(dataTypeText(quantity.type)),
-            textCell(byteOrderText(inventory.byteOrderOf(quantity))),
-            patternCell(quantity.bitMask),
-            limitCell(quantity.lower),
-            limitCell(quantity.upper),
-            unit ? textCell(*unit) : Cell(),
-            line.isWritten ? Cell(line.factor) : Cell(),
-            line.isWritten ? Cell(line.offset) : Cell(),
-            details.dimensions.empty() ? Cell() : Cell(dimensionsText(details.dimensions)),
-            conversion ? textCell(*conversion) : Cell(),
-            obstacle == Obstacle::None ? Cell() : textCell(obstacleText(obstacle))};
-}
-
-Section measurements(const Inventory& inventory, Selection& selection)
-{
-    return {"measurement",
-            "measurements",
-            {{"name"},
-             {"description", false},
-             {"address"},
-             {"address_extension", false},
-             {"type"},
-             {"byte_order"},
-             {"bit_mask", false},
-             {"min"},
-             {"max"},
-             {"unit"},
-             {"factor"},
-             {"offset"},
-             {"dimensions"},
-             {"conversion", false},
-             {"left_out"}},
-            [&](const auto& visit) {
-                inventory.forEachQuantity([&](const Quantity& quantity) {
-                    if (selection.has(inventory, quantity))
-                        visit(measurementRow(inventory, quantity));
-                });
-            }};
+    std::vector<Object> arranged;
+    arranged.reserve(objects.size());
+    for (const std::uint32_t row : order)
+        arranged.push_back(objects[row]);
+    objects = std::move(arranged);
 }
 
 } // namespace
+
+void sortListing(Listing& listing, const std::vector<SortKey>& keys)
+{
+    if (keys.empty())
+        return;
+    const auto order = [&](ListedKind kind) {
+        return orderBy(listing, sections()[static_cast<std::size_t>(kind)], keys);
+    };
+    arrange(listing.interfaces, order(ListedKind::Interfaces));
+    arrange(listing.sources, order(ListedKind::Sources));
+    arrange(listing.measurements, order(ListedKind::Measurements));
+    arrange(listing.methods, order(ListedKind::Methods));
+    listing.rowCount = 0; // which sorting by the rows of tables has counted
+}
 
 Cell patternCell(const Pattern64& pattern)
 {
@@ -188,12 +171,6 @@ std::optional<std::string_view> conversionName(const Inventory& inventory, const
     if (quantity.methodName == noIndex)
         return std::nullopt;
     return inventory.methodNames.name(quantity.methodName);
-}
-
-std::vector<Section> listingOf(const Inventory& inventory, Selection& selection)
-{
-    return {interfaces(inventory, selection), sources(inventory, selection),
-            measurements(inventory, selection)};
 }
 
 } // namespace tavo

@@ -3,40 +3,94 @@
 #include "Cell.h"
 #include "inventory/Inventory.h"
 
+#include <bitset>
 #include <cstddef>
-#include <functional>
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace tavo {
 
 class Selection;
 
-using Row = std::vector<Cell>;
+/// A cell of a listing. A text is bytes of the description, or of the scratch that its maker was
+/// given; nothing at all says that there is no such thing.
+using CellView = std::variant<std::monostate, std::string_view, std::int64_t, double, Pattern>;
 
-/// What a column is called, and whether the short form for eyes has it.
+/// What is listed, by its place in `sections`.
+enum class ListedKind : std::uint8_t
+{
+    Interfaces,
+    Sources,
+    Measurements,
+    Methods
+};
+constexpr std::size_t listedKindCount = 4;
+using KindSet = std::bitset<listedKindCount>;
+
+/// A source and the interface that has it.
+struct ListedSource
+{
+    const Interface* interface;
+    const Source* source;
+};
+
+/// The objects of an inventory that are chosen, in the order in which they are listed.
+struct Listing
+{
+    /// The inventory outlives the listing.
+    Listing(const Inventory& inventory, Selection& selection, const KindSet& kinds);
+
+    const Inventory& inventory;
+    KindSet kinds;
+    std::vector<const Interface*> interfaces;
+    std::vector<ListedSource> sources;
+    std::vector<const Quantity*> measurements;
+    std::vector<const Method*> methods;
+    mutable std::size_t rowCount = 0; ///< Rows of tables that were listed, see `mostTableRows`.
+};
+
+/// Tables with many rows that many methods use would make a listing of any size: once so many rows
+/// were listed, tables have none.
+constexpr std::size_t mostTableRows = 10000000;
+
+/// A column of a section.
 struct Column
 {
     const char* name;
-    bool isShort = true;
+    bool isShort; ///< The short form for eyes has it.
+    CellView (*cell)(const Listing& listing, std::size_t row, std::string& scratch);
 };
 
-/// All objects of one kind. Their rows are made one by one when they are visited, because there may
-/// be many.
+/// All objects of one kind.
 struct Section
 {
     const char* kind;   ///< Of one of them.
     const char* plural; ///< Of all.
-    std::vector<Column> columns;
-    /// Calls its argument with each row, which has one cell for each column.
-    std::function<void(const std::function<void(const Row&)>&)> forEachRow;
+    std::span<const Column> columns;
+    std::size_t (*count)(const Listing& listing);
+
+    /// Null if there is none of the name.
+    const Column* column(std::string_view name) const;
 };
 
-/// The columns that people look for, of the interfaces, sources and measurements that are chosen.
-/// The sections refer to both arguments.
-std::vector<Section> listingOf(const Inventory& inventory, Selection& selection);
+/// The four sections, by `ListedKind`.
+std::span<const Section> sections();
+
+/// A column by which rows are sorted.
+struct SortKey
+{
+    std::string column;
+    bool isDescending = false;
+};
+
+/// Sorts each section that has the column by the first key, what is equal in it by the second one,
+/// and so on. Numbers come before texts, and what has no such thing comes last.
+void sortListing(Listing& listing, const std::vector<SortKey>& keys);
 
 /// An address or the like: its bits, the number itself if it is negative and has more than 32 bits,
 /// or nothing.
@@ -49,5 +103,7 @@ std::string periodText(double period);
 /// none.
 std::optional<std::string_view> conversionName(const Inventory& inventory,
                                                const Quantity& quantity);
+/// A row of a table: `3="open"`, `3..5="open"`, or `3=4.5` of a numeric one. UTF-8.
+std::string rowText(const Table& table, const TableRow& row);
 
 } // namespace tavo

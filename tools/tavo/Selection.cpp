@@ -72,12 +72,8 @@ Selection::Selection(const SelectionOptions& options)
         excluded_.push_back(nameTest(pattern, options.style));
     for (const std::string& unit : options.units)
         units_.push_back(nameTest(unit, {false, options.style.ignoresCase}));
-}
-
-bool Selection::isAll() const
-{
-    return options_.patterns.empty() && options_.files.empty() && excluded_.empty() &&
-           units_.empty() && options_.types.none() && options_.addresses.empty();
+    isAll_ = options.patterns.empty() && options.files.empty() && excluded_.empty() &&
+             units_.empty() && options.types.none() && options.addresses.empty();
 }
 
 /// A list without any name chooses nothing.
@@ -96,6 +92,8 @@ bool Selection::hasName(std::string_view name)
 
 bool Selection::has(const Inventory& inventory, const Quantity& quantity)
 {
+    if (isAll_)
+        return true;
     if (!hasOnlyName(quantity.name))
         return false;
     if (options_.types.any() && !options_.types[static_cast<std::size_t>(quantity.type)])

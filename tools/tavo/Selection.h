@@ -49,7 +49,7 @@ public:
     explicit Selection(const SelectionOptions& options);
 
     /// True if nothing was asked for.
-    bool isAll() const;
+    bool isAll() const { return isAll_; }
     bool has(const Inventory& inventory, const Quantity& quantity);
     /// The same for a thing that has a name and nothing else that could be asked for. It isn't
     /// chosen if anything else is asked for.
@@ -74,6 +74,7 @@ private:
     NameSet names_;
     std::vector<NameTest> excluded_;
     std::vector<NameTest> units_;
+    bool isAll_ = false;
 };
 
 /// The names among which a mistyped one is searched.

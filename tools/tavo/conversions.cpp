@@ -1,9 +1,9 @@
 #include "conversions.h"
 
+#include "Listing.h"
 #include "text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstring>
 #include <string>
@@ -154,23 +154,6 @@ private:
     NameTable methods_{pool_};
 };
 
-std::string numberText(double number)
-{
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof digits, number).ptr};
-}
-
-/// As `3="open"`, `3..5="open"`, or `3=4.5` of a numeric table.
-Cell rowCell(const Table& table, const TableRow& row)
-{
-    std::string text = numberText(row.lower);
-    if (table.kind == TableKind::Ranges)
-        text += ".." + numberText(row.upper);
-    if (table.kind == TableKind::Numeric)
-        return text + "=" + numberText(row.number);
-    return text + "=\"" + toUtf8(row.text) + "\"";
-}
-
 bool isSameRow(const Table& tableA, const TableRow& a, const Table& tableB, const TableRow& b)
 {
     return tableA.kind == tableB.kind && a.number == b.number && a.text == b.text;
@@ -193,12 +176,12 @@ PropertyChange rowChange(const Table* before, const Table* after)
             !isOldOnly && !isNewOnly && isSameRow(*before, **oldRow, *after, **newRow);
         if (!isNewOnly) {
             if (!isSame)
-                change.before.push_back(rowCell(*before, **oldRow));
+                change.before.emplace_back(rowText(*before, **oldRow));
             ++oldRow;
         }
         if (!isOldOnly) {
             if (!isSame)
-                change.after.push_back(rowCell(*after, **newRow));
+                change.after.emplace_back(rowText(*after, **newRow));
             ++newRow;
         }
     }

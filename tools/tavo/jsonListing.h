@@ -1,14 +1,13 @@
 #pragma once
 
-#include "Listing.h"
+#include "render.h"
 
 namespace tavo {
 
-class ConfigurationStream;
-
-/// Writes all that an inventory says of the interfaces, sources and measurements that are chosen,
-/// by the schema docs/listing.schema.json: one object with an array for each of the three kinds,
-/// and in it a line for each object.
-void renderJson(ConfigurationStream& stream, const Inventory& inventory, Selection& selection);
+/// Writes all that the inventory says of what is listed, by the schema docs/listing.schema.json:
+/// one object with an array for each kind, and in it a line for each object. `form.columns` are the
+/// members that objects have. Each of several files has an object of its own, which names it.
+void renderJson(ConfigurationStream& stream, const Listing& listing, const ListingForm& form,
+                const std::string& file);
 
 } // namespace tavo

@@ -1,6 +1,8 @@
 #include "optionTable.h"
 
+#include "Suggestion.h"
 #include "commands.h"
+#include "render.h"
 
 #include <charconv>
 #include <cstdint>
@@ -49,12 +51,31 @@ template <class Parse> auto checked(Parse parse)
     }
 }
 
-/// From a list of words with commas between them.
+/// Visits the words of a list with commas between them.
+template <class Visit> void forEachWord(const std::string& list, Visit visit)
+{
+    std::istringstream words(list);
+    for (std::string word; std::getline(words, word, ',');)
+        visit(word);
+}
+
+/// The name of a column.
+std::string column(const std::string& name)
+{
+    if (isColumn(name))
+        return name;
+    Suggestion suggestion(name);
+    for (const Section& section : sections())
+        for (const Column& known : section.columns)
+            suggestion.consider(known.name);
+    throw BadValue("There is no column '" + name + "'" +
+                   (suggestion.isFound() ? "; did you mean '" + suggestion.best() + "'?" : ""));
+}
+
 ChangeSet changesOf(const std::string& value)
 {
     ChangeSet changes{};
-    std::istringstream words(value);
-    for (std::string word; std::getline(words, word, ',');) {
+    forEachWord(value, [&](const std::string& word) {
         std::size_t number = 0;
         std::size_t found = changeCount;
         forEachChoice(changeWords, [&](std::string_view choice) {
@@ -64,7 +85,7 @@ ChangeSet changesOf(const std::string& value)
         if (found == changeCount)
             throw BadValue("'" + word + "' is not added, gone, renamed, moved or changed");
         changes[found] = true;
-    }
+    });
     return changes;
 }
 
@@ -118,11 +139,13 @@ Examples:
      "  FILE                    A description, '-' for the standard input\n",
      R"(In a PATTERN and a UNIT, * stands for any text and ? for any character. Options can
 be repeated: a name is shown if it matches any --match or stands in any --select.
+--kind methods shows the conversions, and their tables with --columns name,rows.
 
 Examples:
   tavo list ecu.a2l --match 'Eng*' --exclude '*[0]'
   tavo list ecu.a2l --select labels.lab --type uint8,int8 --address 0x1000-0x1FFF
-  tavo list ecu.a2l --format csv > ecu.csv
+  tavo list ecu.a2l --kind measurements --columns name,address,unit --sort address
+  tavo list *.a2l --format csv > all.csv
   tavo list ecu.a2l --format json | jq '.measurements[] | {name, address}'
 )",
      any, list},
@@ -178,6 +201,31 @@ constexpr ProgramOption options[] = {
     {0, "format", "FORMAT", listFormats, onList, "table, csv or json",
      [](Options& o, const std::string& value) {
          o.format = chosen<ListFormat>(listFormats, value);
+     }},
+    {0, "kind", "KINDS", nullptr, onList,
+     "Show only these: interfaces, sources, measurements, methods",
+     [](Options& o, const std::string& value) {
+         forEachWord(value, [&](const std::string& word) {
+             std::size_t kind = 0;
+             while (kind < listedKindCount && sections()[kind].plural != word)
+                 ++kind;
+             if (kind == listedKindCount)
+                 throw BadValue("'" + word +
+                                "' is not interfaces, sources, measurements or methods");
+             o.listedKinds.set(kind);
+         });
+     }},
+    {0, "columns", "NAMES", nullptr, onList, "Show these columns: name,address,...",
+     [](Options& o, const std::string& value) {
+         forEachWord(value, [&](const std::string& word) { o.columns.push_back(column(word)); });
+     }},
+    {0, "sort", "NAMES", nullptr, onList,
+     "Sort by these columns, each with a '-' before it for the greatest first",
+     [](Options& o, const std::string& value) {
+         forEachWord(value, [&](const std::string& word) {
+             const bool isDescending = word.starts_with('-');
+             o.sortKeys.push_back({column(word.substr(isDescending ? 1 : 0)), isDescending});
+         });
      }},
     {0, "format", "FORMAT", diffFormats, onDiff, "text or json",
      [](Options& o, const std::string& value) {

@@ -3,6 +3,7 @@
 #include "Console.h"
 #include "Description.h"
 #include "Diagnostics.h"
+#include "Listing.h"
 #include "Selection.h"
 #include "differences.h"
 
@@ -55,6 +56,10 @@ struct Options
 
     // list
     ListFormat format = ListFormat::Table;
+
+    KindSet listedKinds;              ///< None for the usual ones.
+    std::vector<std::string> columns; ///< None for the usual ones.
+    std::vector<SortKey> sortKeys;
 
     // diff
     DiffFormat diffFormat = DiffFormat::Text;

@@ -119,8 +119,20 @@ std::u32string characters(std::string_view bytes)
     return text;
 }
 
+std::size_t characterCount(std::string_view bytes)
+{
+    if (isAscii(bytes))
+        return bytes.size();
+    std::size_t count = 0;
+    for (; !bytes.empty(); ++count)
+        takeCharacter(bytes);
+    return count;
+}
+
 std::string toUtf8(std::string_view bytes)
 {
+    if (isAscii(bytes))
+        return std::string(bytes);
     std::string text;
     while (!bytes.empty())
         appendUtf8(text, takeCharacter(bytes));

@@ -19,6 +19,9 @@ std::string smallLetters(std::string_view bytes);
 /// The characters of a text.
 std::u32string characters(std::string_view bytes);
 
+/// How many characters the text has.
+std::size_t characterCount(std::string_view bytes);
+
 /// The text as valid UTF-8.
 std::string toUtf8(std::string_view bytes);
 

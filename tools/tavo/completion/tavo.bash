@@ -10,6 +10,10 @@ _tavo() {
     local commands="convert normalize check list diff page tokens help"
     local command="" word options="--quiet --verbose --color --help"
     local selection="--match --exclude --ignore-case --regex --select --unit --type --address"
+    local columns="file kind name description address address_extension type byte_order bit_mask min
+        max unit factor offset dimensions conversion left_out protocol master_id slave_id
+        station_address sources transports interface rate channel period period_ns coefficients formula
+        inverse_formula table default rows"
     COMPREPLY=()
     # Options may stand before the command.
     for word in "${COMP_WORDS[@]:1:COMP_CWORD - 1}"; do
@@ -45,6 +49,14 @@ _tavo() {
         fi
         return
         ;;
+    --kind)
+        mapfile -t COMPREPLY < <(compgen -W "interfaces sources measurements methods" -- "$current")
+        return
+        ;;
+    --columns | --sort)
+        mapfile -t COMPREPLY < <(compgen -W "$columns" -- "$current")
+        return
+        ;;
     --only)
         mapfile -t COMPREPLY < <(compgen -W "added gone renamed moved changed" -- "$current")
         return
@@ -66,7 +78,7 @@ _tavo() {
     convert) options+=" $selection --enable --force --output-dir --jobs --strict --werror" ;;
     normalize) options+=" --force --output-dir --jobs --werror" ;;
     check) options+=" --strict --werror" ;;
-    list) options+=" $selection --format --strict" ;;
+    list) options+=" $selection --format --kind --columns --sort --strict" ;;
     diff) options+=" --format --only --strict" ;;
     page) options+=" --force --strict" ;;
     tokens) ;;
