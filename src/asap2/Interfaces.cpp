@@ -71,7 +71,7 @@ void Parser::giveIdentifier(std::optional<std::int64_t>& identifier, const Numbe
     if (patternOf(number).fits32())
         identifier = number.asSigned();
     else
-        notices_.add(scanner_.place(),
+        notices_.add(lineOfFields(),
                      std::string("A number beyond 32 bits in ") + where + " is ignored");
 }
 
@@ -107,7 +107,7 @@ bool Parser::isExpressible(const Source& source, const char* word)
     const bool isRight = fits(source.channel, std::numeric_limits<std::uint32_t>::max()) &&
                          fits(source.cycle, highest) && fits(source.rate(), highest);
     if (!isRight)
-        notices_.add(scanner_.place(),
+        notices_.add(lineOfFields(),
                      joined({"Each ", word, " with a number beyond 32 bits is left out"}),
                      inQuotes(source.name));
     return isRight;

@@ -167,7 +167,7 @@ bool Parser::takeDimensions(Dimensions& dimensions)
         taken.push_back(dimension ? dimension->magnitude : 0);
     }
     if (isNegative) {
-        notices_.add(scanner_.place(), "Dimensions that are no counts are ignored");
+        notices_.add(lineOfFields(), "Dimensions that are no counts are ignored");
         return false;
     }
     while (!taken.empty() && taken.back() <= 1)
@@ -268,7 +268,7 @@ void Parser::parseEventList(const char* word, Quantity& quantity, const Mark& be
 void Parser::bindEvent(Quantity& quantity)
 {
     if (number(0).isNegative || number(0).magnitude > 0xFFFFFFFFU) {
-        notices_.add(scanner_.place(), "An event channel beyond 32 bits is ignored");
+        notices_.add(lineOfFields(), "An event channel beyond 32 bits is ignored");
         return;
     }
     inventory_.makeDetails(quantity).events.push_back(

@@ -130,7 +130,7 @@ ByteOrder Parser::byteOrderOf(std::string_view word)
         return ByteOrder::MotorolaWordsLast;
     if (word == "MSB_LAST_MSW_FIRST")
         return ByteOrder::IntelWordsFirst;
-    notices_.add(scanner_.place(), joined({"Byte order ", inQuotes(word), " is not known"}));
+    notices_.add(lineOfFields(), joined({"Byte order ", inQuotes(word), " is not known"}));
     return ByteOrder::None;
 }
 

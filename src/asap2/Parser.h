@@ -80,6 +80,8 @@ private:
     std::string_view keep(std::size_t field) { return inventory_.texts.keep(text(field)); }
     /// An integer field with a sign; the highest number for one that is beyond it.
     std::int64_t integer(std::size_t field) const;
+    /// Where fields stand that have been read, as far as that is still known: the line.
+    Place lineOfFields() { return {scanner_.place().file, scanner_.place().line}; }
 
     // The frame of a file.
     void parseProject(const Mark& begin);

@@ -12,7 +12,7 @@ template <class Open> int PhAsap2::readWith(Open open, Inventory& inventory)
     Scanner scanner;
     const auto report = [&](Severity severity, Place place, const std::string& text) {
         putDiagnostic(logger_, {severity, scanner.fileName(place.file).c_str(),
-                                static_cast<int>(place.line), text.c_str()});
+                                static_cast<int>(place.line), text.c_str(), place.offset});
     };
     const auto warn = [&](Place place, const std::string& text) {
         report(Severity::Warning, place, text);

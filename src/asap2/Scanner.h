@@ -82,6 +82,7 @@ private:
         const char* next = nullptr;
         const char* end = nullptr;
         const char* counted = nullptr;
+        std::uint64_t countedOffset = 0;
         std::uint32_t line = 1;
         char previous = 0;
     };
@@ -108,6 +109,12 @@ private:
     void countLines(const char* to);
     void countMarks();
     Place placeAt(const char* position);
+    /// The place of a character up to which the lines are counted.
+    Place countedPlace(const char* position) const
+    {
+        const auto after = static_cast<std::uint64_t>(counted_ - position);
+        return {inputs_.back()->number, line_, countedOffset_ - after};
+    }
 
     /// True if the slash in hand begins a comment.
     bool startsComment() { return has(2) && (next_[1] == '*' || next_[1] == '/'); }
@@ -132,18 +139,19 @@ private:
 
     Token token_ = Token::FileEnd;
     std::string_view text_;
-    const char* next_ = nullptr;    ///< The first character that no token has taken.
-    const char* end_ = nullptr;     ///< After the last character; a zero byte stands there.
-    const char* keep_ = nullptr;    ///< What stays in the buffer from here on; null for nothing.
-    std::vector<Mark*> marks_;      ///< In the order of the description.
-    std::size_t countedMarks_ = 0;  ///< So many of them, from the first on, know their line.
-    const char* counted_ = nullptr; ///< The lines up to here are counted, no further than a mark.
-    std::uint32_t line_ = 1;        ///< The line of `counted_`.
-    char previous_ = 0;             ///< The character before `counted_`.
-    bool isPassingOver_ = false;    ///< No include is opened.
-    bool isAtEnd_ = false;          ///< The description has no more characters.
-    std::string edited_;            ///< The current text, if it isn't what stands in the file.
-    Place editedPlace_;             ///< Where that text begins.
+    const char* next_ = nullptr;      ///< The first character that no token has taken.
+    const char* end_ = nullptr;       ///< After the last character; a zero byte stands there.
+    const char* keep_ = nullptr;      ///< What stays in the buffer from here on; null for nothing.
+    std::vector<Mark*> marks_;        ///< In the order of the description.
+    std::size_t countedMarks_ = 0;    ///< So many of them, from the first on, know their line.
+    const char* counted_ = nullptr;   ///< The lines up to here are counted, no further than a mark.
+    std::uint64_t countedOffset_ = 0; ///< Bytes of the file before `counted_`.
+    std::uint32_t line_ = 1;          ///< The line of `counted_`.
+    char previous_ = 0;               ///< The character before `counted_`.
+    bool isPassingOver_ = false;      ///< No include is opened.
+    bool isAtEnd_ = false;            ///< The description has no more characters.
+    std::string edited_;              ///< The current text, if it isn't what stands in the file.
+    Place editedPlace_;               ///< Where that text begins.
     std::vector<std::unique_ptr<Input>> inputs_; ///< The description, and what is included in it.
     std::vector<std::string> fileNames_;
     int readError_ = 0;

@@ -88,6 +88,7 @@ void Scanner::suspend()
     input.next = next_;
     input.end = end_;
     input.counted = counted_;
+    input.countedOffset = countedOffset_;
     input.line = line_;
     input.previous = previous_;
 }
@@ -98,6 +99,7 @@ void Scanner::resume()
     next_ = input.next;
     end_ = input.end;
     counted_ = input.counted;
+    countedOffset_ = input.countedOffset;
     line_ = input.line;
     previous_ = input.previous;
     keep_ = nullptr;
@@ -173,6 +175,7 @@ void Scanner::countLines(const char* to)
     else
         line_ += countOf(second, to, [](const char* c) { return *c == '\n'; });
     previous_ = to[-1];
+    countedOffset_ += static_cast<std::uint64_t>(to - counted_);
     counted_ = to;
 }
 
@@ -182,7 +185,7 @@ void Scanner::countMarks()
     for (; countedMarks_ < marks_.size(); ++countedMarks_) {
         Mark& mark = *marks_[countedMarks_];
         countLines(mark.position_);
-        mark.place_ = {inputs_.back()->number, line_};
+        mark.place_ = countedPlace(mark.position_);
     }
 }
 
@@ -191,7 +194,7 @@ Place Scanner::placeAt(const char* position)
 {
     countMarks();
     countLines(position);
-    return {inputs_.back()->number, line_};
+    return countedPlace(position);
 }
 
 Place Scanner::place()

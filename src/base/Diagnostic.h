@@ -1,5 +1,9 @@
 #pragma once
 
+#include "base/Place.h"
+
+#include <cstdint>
+
 namespace tavo {
 
 enum class Severity
@@ -17,6 +21,9 @@ struct Diagnostic
     const char* file; ///< As the reader was given it; null if no file is concerned.
     int line;         ///< From 1 on; 0 if the file as a whole is meant.
     const char* text; ///< Without file, line and line end.
+    /// Bytes of the file before the place, where those of a mark don't count, and UTF-16 and UTF-32
+    /// count as UTF-8; `noOffset` if nobody knows.
+    std::uint64_t offset = noOffset;
 };
 
 } // namespace tavo

@@ -99,7 +99,7 @@ TEST_F(ConvertTest, LeavesAllFilesAsTheyWereIfItFails)
         {"d.a2l", 3, error + "d.ini: already exists, --force replaces it"},
         {"d.a2l link", 3, error + "link: already exists, --force replaces it"},
         {"-f bad.a2l d.ini", 1,
-         "bad.a2l:1: error: Block 'PROJECT' without an end\n    /begin PROJECT"},
+         "bad.a2l:1:1: error: Block 'PROJECT' without an end\n    /begin PROJECT\n    ^~~~~~"},
         {"-f d.a2l d.ini", 3, error + "d.ini: File too large"},
         {"-f d.a2l /dev/full", 3, error + "/dev/full: No space left on device"},
         {"-f d.a2l bad.a2l/d.ini", 3, error + "bad.a2l/d.ini: Not a directory"},
@@ -140,8 +140,9 @@ TEST_F(ConvertTest, ABrokenFileStopsNoOther)
         const std::string convert = "convert -q -f -d out -j " + jobs;
         const ProgramRun mixed = tavo(convert + " bad.a2l d.a2l e.a2l");
         EXPECT_EQ(mixed.exitCode, 1);
-        EXPECT_EQ(mixed.err,
-                  "bad.a2l:1: error: Block 'PROJECT' without an end\n    /begin PROJECT\n");
+        EXPECT_EQ(
+            mixed.err,
+            "bad.a2l:1:1: error: Block 'PROJECT' without an end\n    /begin PROJECT\n    ^~~~~~\n");
         EXPECT_EQ(names("out"), "d.ini e.ini ");
         const ProgramRun missing = tavo(convert + " nowhere.a2l bad.a2l d.a2l");
         EXPECT_EQ(missing.exitCode, 3);

@@ -24,30 +24,39 @@ protected:
 
 TEST_F(DiagnosticsTest, ShowPlaceTextAndSourceLine)
 {
-    const std::string unknown = "d.a2l:3: error: Unexpected token 'x'\n";
+    const auto unknown = [](const char* column, const std::string& line) {
+        const std::string caret(line.find('x'), ' ');
+        return std::string("d.a2l:3:") + column + ": error: Unexpected token 'x'\n    " + line +
+               "\n    " + caret + "^\nhint: read it without --strict\n";
+    };
     const std::string include = "warning: /include is not supported\n    /include ";
     const std::string warning = "d.a2l: warning: ";
     const std::string empty =
         warning + "The first PROJECT has no MODULE, the configuration is empty\n";
-    const std::string y = std::string(158, 'y');
+    const std::string y(118, 'y');
+    const std::string far(20000, 'z');
     const std::string measurement = "/begin MEASUREMENT a \"\" UBYTE ";
     struct
     {
         std::string description;
         std::string said;
     } cases[] = {
-        {inModule("\t  x y \r"), unknown + "    x y\n"},
-        {inModule("x " + y), unknown + "    x " + y + "\n"},
-        {inModule("x " + y + "y"), unknown + "    x " + y + "...\n"},
-        {inModule("x \xFC \u00fc \x1b[31m\x01"), unknown + "    x \u00fc \u00fc \\x1b[31m\\x01\n"},
+        {inModule("\t  x y \r"), unknown("4", "x y")},
+        {inModule("x " + y), unknown("1", "x " + y)},
+        {inModule("x " + y + "y"), unknown("1", "x " + y + "...")},
+        {inModule("x \xFC \u00fc \x1b[31m\x01"), unknown("1", "x \u00fc \u00fc \\x1b[31m\\x01")},
+        {inModule("/*\xFC\u00fc" + far + "*/ x " + far),
+         unknown("20008", "..." + far.substr(0, 57) + "*/ x " + far.substr(0, 55) + "...")},
         {inModule("\"two\nlines \x1b[2J\""),
-         "d.a2l:4: error: Unexpected token \"two\\nlines \\x1b[2J\"\n    lines \\x1b[2J\"\n"},
+         "d.a2l:4: error: Unexpected token \"two\\nlines \\x1b[2J\"\n    lines \\x1b[2J\"\nhint: "
+         "read it without "
+         "--strict\n"},
         {inModule("/begin A2ML /* \xFF /end A2ML"),
          "d.a2l:3: error: Unexpected EOF in Comment (Line 3)\n    /begin A2ML /* \u00ff /end "
          "A2ML\n"},
         {inModule("/include a\n\n/include b /include c\nx"),
-         "d.a2l:3: " + include + "a\nd.a2l:5: " + include + "b /include c\n" +
-             "d.a2l:5: " + include + "b /include c\nd.a2l:6: error: Unexpected token 'x'\n    x\n"},
+         "d.a2l:3: " + include + "a\nd.a2l:5: " + include + "b /include c\n" + "d.a2l:5: " +
+             include + "b /include c\nd.a2l:6:1: error: Unexpected token 'x'\n    x\n    ^\n"},
         {inModule(measurement + "nowhere 0 0 0 1 /end MEASUREMENT\n" + measurement +
                   "NO_COMPU_METHOD 0 0 0 1 /end MEASUREMENT\n" + measurement +
                   "f 0 0 0 1 /end MEASUREMENT\n"
@@ -92,19 +101,21 @@ TEST_F(DiagnosticsTest, AKindOfWarningComesOnceWithItsCountAndFirstPlace)
         inModule(x + "\n/include part.a2l\n  " + y + "\n/begin COMPU_METHOD c" + method +
                  "\n/begin COMPU_METHOD d" + method);
     write("part.a2l", "\n/begin MEASUREMENT p 1 /end MEASUREMENT");
+    const std::string under = std::string(1, '\n') + std::string(44, ' ') + "^\n";
     const std::string word = ": warning: Unknown word 'x' is passed over";
     const std::string included =
-        "part.a2l:2: warning: MEASUREMENT 'p' is left out: its description "
-        "can't be '1'\n    /begin MEASUREMENT p 1 /end MEASUREMENT\n";
+        "part.a2l:2:22: warning: MEASUREMENT 'p' is left out: its description "
+        "can't be '1'\n    /begin MEASUREMENT p 1 /end MEASUREMENT\n" +
+        std::string(25, ' ') + "^\n";
     const std::string array =
         "d.a2l: warning: The configuration has the first element of an array: ";
     const std::string factor = "d.a2l: warning: Six decimals can't hold a factor: ";
     const std::string lost = ", which is 3e-07 and is written as 0.000000\n";
-    const std::string once = "d.a2l:3" + word + " (2 times)\n    " + x + "\n" + included + array +
-                             "2 times, first 'a'\n" + factor + "2 times, first 'c'" + lost;
-    const std::string each = "d.a2l:3" + word + "\n    " + x + "\n" + included + "d.a2l:5" + word +
-                             "\n    " + y + "\n" + array + "'a'\n" + factor + "'c'" + lost + array +
-                             "'b'\n" + factor + "'d'" + lost;
+    const std::string once = "d.a2l:3:41" + word + " (2 times)\n    " + x + under + included +
+                             array + "2 times, first 'a'\n" + factor + "2 times, first 'c'" + lost;
+    const std::string each = "d.a2l:3:41" + word + "\n    " + x + under + included + "d.a2l:5:43" +
+                             word + "\n    " + y + under + array + "'a'\n" + factor + "'c'" + lost +
+                             array + "'b'\n" + factor + "'d'" + lost;
     for (const std::string& form :
          {description, "\xEF\xBB\xBF" + description, inUtf16(description),
           withLineEnds(description, "\r"), withLineEnds(description, "\r\n")}) {
@@ -113,6 +124,39 @@ TEST_F(DiagnosticsTest, AKindOfWarningComesOnceWithItsCountAndFirstPlace)
             std::regex_replace(said(form, "check --verbose"), std::regex(" *[0-9.]+ s .*\n"), ""),
             each);
         EXPECT_EQ(said(form, "check --quiet --werror"), "");
+    }
+}
+
+TEST_F(DiagnosticsTest, HintsSayWhatProbablyHelps)
+{
+    write("Part.a2l", "");
+    struct
+    {
+        const char* body;
+        const char* hint; ///< "" for none.
+    } cases[] = {
+        {"/begin MESUREMENT n /end MESUREMENT", "did you mean 'MEASUREMENT'?"},
+        {"/begin GROUP g \"\" /end GROPU", "did you mean '/end GROUP'?"},
+        {"/begin GROUP g \"\" /end FUNCTION", ""},
+        {"/begin MEASUREMENT n \"\" UWROD NO_COMPU_METHOD 0 0 0 1 /end MEASUREMENT",
+         "did you mean 'UWORD'?"},
+        {"/begin MEASUREMENT n \"\" UWORD NO_COMPU_METHOD 0 0 0 1 ECU_ADRESS 3 /end MEASUREMENT",
+         "did you mean 'ECU_ADDRESS'?"},
+        // One that belongs elsewhere is no slip.
+        {"/begin MEASUREMENT n \"\" UWORD NO_COMPU_METHOD 0 0 0 1 COEFFS 3 /end MEASUREMENT", ""},
+        {"/begin MOD_COMMON \"\" BYTE_ORDER MSB_FRIST /end MOD_COMMON",
+         "did you mean 'MSB_FIRST'?"},
+        {"/begin COMPU_METHOD c \"\" LINEER \"\" \"\" COEFFS_LINEAR 1 0 /end COMPU_METHOD",
+         "did you mean 'LINEAR'?"},
+        {"/include \".\\part.a2l\"", "did you mean './Part.a2l'?"},
+        {"/include nothing-like-that", ""},
+    };
+    for (const auto& c : cases) {
+        const std::string text = said(inModule(c.body), "check");
+        const std::size_t place = text.find("\nhint: ");
+        EXPECT_EQ(place == std::string::npos ? "" : text.substr(place + 7),
+                  *c.hint ? std::string(c.hint) + "\n" : "")
+            << text;
     }
 }
 
@@ -180,7 +224,7 @@ TEST_F(DiagnosticsTest, ColorsAreForTerminalsUnlessTheUserSaysOtherwise)
             said(inModule("/include a\nx"), c.option + std::string(" check --strict"));
         const auto holds = [&](const char* part) { return text.find(part) != std::string::npos; };
         EXPECT_EQ(holds("\x1b[1md.a2l:3:\x1b[0m \x1b[1;35mwarning:\x1b[0m /include"), c.colored);
-        EXPECT_EQ(holds("\x1b[1md.a2l:4:\x1b[0m \x1b[1;31merror:\x1b[0m Unexp"), c.colored);
+        EXPECT_EQ(holds("\x1b[1md.a2l:4:1:\x1b[0m \x1b[1;31merror:\x1b[0m Unexp"), c.colored);
         EXPECT_EQ(holds("\x1b"), c.colored) << text;
     }
 }
@@ -203,7 +247,7 @@ TEST_F(DiagnosticsTest, ASlowFileShowsItsProgressOnATerminal)
         environment_ = {"NO_COLOR=1"};
         const std::string text = tavo("check slow.a2l", feedSlowly).err;
         EXPECT_EQ(text.find("slow.a2l: 0.3 MB\r\x1b[K") != std::string::npos, onTerminal) << text;
-        EXPECT_NE(text.find("slow.a2l:3: warning: Unknown word 'x'"), std::string::npos) << text;
+        EXPECT_NE(text.find("slow.a2l:3:1: warning: Unknown word 'x'"), std::string::npos) << text;
     }
 }
 

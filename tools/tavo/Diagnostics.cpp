@@ -1,6 +1,7 @@
 #include "Diagnostics.h"
 
 #include "Console.h"
+#include "hints.h"
 #include "text.h"
 
 #include <cstdio>
@@ -18,6 +19,7 @@ constexpr struct
 } shownSeverities[] = {{"error", "\x1b[1;31m"}, {"warning", "\x1b[1;35m"}, {"note", "\x1b[1;36m"}};
 
 constexpr const char* hintColor = "\x1b[1;36m";
+constexpr const char* caretColor = "\x1b[1;32m";
 constexpr const char* bold = "\x1b[1m";
 constexpr const char* plain = "\x1b[0m";
 
@@ -28,15 +30,23 @@ std::string_view withoutWord(std::string_view text)
     return text.substr(text.starts_with(word) ? word.size() : 0);
 }
 
-/// "FILE:LINE", "FILE", or the program's name.
-std::string placeOf(const Diagnostic& diagnostic)
+/// "FILE:LINE:COLUMN", as much of it as is known, or the program's name.
+std::string placeOf(const Diagnostic& diagnostic, unsigned column)
 {
     if (!diagnostic.file)
         return "tavo";
     std::string place = diagnostic.file;
     if (diagnostic.line > 0)
         place.append(":").append(std::to_string(diagnostic.line));
+    if (column > 0)
+        place.append(":").append(std::to_string(column));
     return place;
+}
+
+/// A caret under the word, and a line under the rest of it.
+std::string caretLine(const Excerpt& excerpt)
+{
+    return std::string(excerpt.indent, ' ') + "^" + std::string(excerpt.width - 1, '~');
 }
 
 } // namespace
@@ -99,7 +109,19 @@ void Diagnostics::failProgram(const std::string& text, const std::string& hint)
     reportWithHint({Severity::Error, nullptr, 0, text.c_str()}, hint);
 }
 
-void Diagnostics::report(const Diagnostic& diagnostic) { reportWithHint(diagnostic, ""); }
+void Diagnostics::report(const Diagnostic& diagnostic)
+{
+    reportWithHint(diagnostic, diagnostic.file ? hintFor(diagnostic) : "");
+}
+
+void Diagnostics::advise(const std::string& hint) { console_.write(hintLine(hint)); }
+
+std::string Diagnostics::hintLine(const std::string& hint) const
+{
+    const bool colored = console_.hasColors();
+    return std::string(colored ? hintColor : "") + "hint:" + (colored ? plain : "") + " " +
+           printable(hint) + "\n";
+}
 
 void Diagnostics::reportWithHint(const Diagnostic& diagnostic, const std::string& hint)
 {
@@ -114,19 +136,21 @@ void Diagnostics::reportWithHint(const Diagnostic& diagnostic, const std::string
         lines.append(colored ? color : "").append(part).append(":");
         lines.append(colored ? plain : "").append(" ");
     };
-    add(bold, printable(placeOf(diagnostic)));
+    const Excerpt excerpt = diagnostic.file ? sources_.excerpt(diagnostic) : Excerpt();
+    add(bold, printable(placeOf(diagnostic, excerpt.column)));
     const auto& severity = shownSeverities[static_cast<int>(diagnostic.severity)];
     add(severity.color, severity.word);
     lines.append(printable(withoutWord(diagnostic.text))).append("\n");
-    if (diagnostic.file && diagnostic.line > 0) {
-        const std::string line = printable(sources_.line(diagnostic.file, diagnostic.line));
-        if (!line.empty())
-            lines.append("    ").append(line).append("\n");
-    }
-    if (!hint.empty()) {
-        add(hintColor, "hint");
-        lines.append(printable(hint)).append("\n");
-    }
+    if (!excerpt.line.empty())
+        lines.append("    ").append(excerpt.line).append("\n");
+    if (!excerpt.line.empty() && excerpt.width > 0)
+        lines.append("    ")
+            .append(colored ? caretColor : "")
+            .append(caretLine(excerpt))
+            .append(colored ? plain : "")
+            .append("\n");
+    if (!hint.empty())
+        lines += hintLine(hint);
     console_.write(lines);
 }
 

@@ -55,6 +55,9 @@ public:
     /// itself: "tavo: error: TEXT".
     void report(const Diagnostic& diagnostic) override;
 
+    /// What helps with the last one.
+    void advise(const std::string& hint);
+
     /// A warning or an error about a file as a whole.
     void warnAbout(const std::string& file, const std::string& text);
     void failAbout(const std::string& file, const std::string& text, const std::string& hint);
@@ -63,6 +66,7 @@ public:
 
 private:
     void reportFormatted(Severity severity, const char* format, std::va_list arguments);
+    std::string hintLine(const std::string& hint) const;
     void reportWithHint(const Diagnostic& diagnostic, const std::string& hint);
 
     Console& console_;

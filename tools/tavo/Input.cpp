@@ -3,8 +3,8 @@
 #include "Diagnostics.h"
 #include "Failure.h"
 #include "Progress.h"
-#include "Suggestion.h"
 #include "base/paths.h"
+#include "hints.h"
 #include "platform.h"
 #include "unpack.h"
 
@@ -32,24 +32,6 @@ struct Close
 };
 using File = std::unique_ptr<std::FILE, Close>;
 
-/// The name in the same folder that is nearest to that of a missing file.
-std::string missingHint(const std::string& file)
-{
-    constexpr int most = 10000;
-    const fs::path path = pathOf(file);
-    Suggestion suggestion(nameOf(path.filename()), nameOf(path.stem()).size());
-    const fs::path folder = path.parent_path();
-    std::error_code error;
-    fs::directory_iterator entry(folder.empty() ? "." : folder, error);
-    for (int i = 0; !error && entry != fs::directory_iterator() && i < most; ++i) {
-        suggestion.consider(nameOf(entry->path().filename()));
-        entry.increment(error);
-    }
-    if (!suggestion.isFound())
-        return "";
-    return "did you mean '" + (folder / suggestion.best()).string() + "'?";
-}
-
 File openFile(const std::string& path)
 {
     if (isStandardInput(path)) {
@@ -71,7 +53,7 @@ File openFile(const std::string& path)
         const int number = errno;
         const Failure failure = systemFailure(path, number);
         throw Failure(failure.exitCode(), failure.what(),
-                      number == ENOENT ? missingHint(path) : "");
+                      number == ENOENT ? hintForMissing(path) : "");
     }
     std::setvbuf(file.get(), nullptr, _IONBF, 0);
     return file;

@@ -6,6 +6,7 @@
 #include "Input.h"
 #include "Progress.h"
 #include "a2l/PhA2l.h"
+#include "comparison.h"
 #include "daq/inventoryWriter.h"
 #include "daq/sections.h"
 #include "daq/writer.h"
@@ -70,8 +71,11 @@ ExitCode StrictDescription::readInput(Diagnostics& diagnostics)
             reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
         return reader.readFile(&root_);
     });
-    if (status != 0)
+    if (status != 0) {
+        if (isReadWide(input()))
+            diagnostics.advise("read it without --strict");
         return ExitCode::DescriptionFailed;
+    }
     resolve(diagnostics);
     const PhGroup* written = writtenModule();
     if (!written || written->groupType() != PhGroupType::Module)

@@ -202,6 +202,15 @@ void Comparison::compareQuantities()
 
 } // namespace
 
+bool isReadWide(const Input& input)
+{
+    Inventory wide;
+    ErrorKeeper errors;
+    PhAsap2 reader(input.name().c_str());
+    reader.setLogger(&errors);
+    return readWide(reader, input, wide) == 0;
+}
+
 void compareReadings(const Input& input, const Inventory& strict, Diagnostics& diagnostics)
 {
     Inventory wide;

@@ -11,4 +11,7 @@ class Inventory;
 /// warning too.
 void compareReadings(const Input& input, const Inventory& strict, Diagnostics& diagnostics);
 
+/// True if the description can be read in the wide dialect.
+bool isReadWide(const Input& input);
+
 } // namespace tavo

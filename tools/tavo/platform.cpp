@@ -160,6 +160,11 @@ private:
 
 bool isTerminal(std::FILE* file) { return isatty(fileno(file)) != 0; }
 
+int seekTo(std::FILE* file, std::uint64_t offset)
+{
+    return fseeko(file, static_cast<off_t>(offset), SEEK_SET);
+}
+
 void makeBinary(std::FILE*) {}
 
 unsigned long processNumber() { return static_cast<unsigned long>(getpid()); }

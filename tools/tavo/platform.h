@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -13,6 +14,9 @@ bool isTerminal(std::FILE* file);
 
 /// Lets the bytes of the file arrive as they are.
 void makeBinary(std::FILE* file);
+
+/// Goes to a byte of the file, which may be beyond 2 GiB. 0 for success.
+int seekTo(std::FILE* file, std::uint64_t offset);
 
 /// A number that no other running process has.
 unsigned long processNumber();

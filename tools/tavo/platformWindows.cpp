@@ -139,6 +139,11 @@ private:
 
 bool isTerminal(std::FILE* file) { return _isatty(_fileno(file)) != 0; }
 
+int seekTo(std::FILE* file, std::uint64_t offset)
+{
+    return _fseeki64(file, static_cast<long long>(offset), SEEK_SET);
+}
+
 void makeBinary(std::FILE* file) { _setmode(_fileno(file), _O_BINARY); }
 
 unsigned long processNumber() { return static_cast<unsigned long>(_getpid()); }
