@@ -13,6 +13,7 @@ struct Field
 {
     std::string_view text; ///< Of a word or a text; in the inventory, or in `storage`.
     std::string storage;
+    std::uint64_t prepared = 0;  ///< Of the name of a method: `NameTable::prepare`.
     Number number;               ///< Of a number.
     std::vector<Number> further; ///< The numbers after it, if there may be more.
 };

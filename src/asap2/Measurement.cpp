@@ -51,7 +51,7 @@ bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quanti
     blobAddress_ = {};
     blobExtension_ = {};
     hasMatrix_ = false;
-    if (!readPositional(word, "WSwwnnnn",
+    if (!readPositional(word, "WSwmnnnn",
                         {"its name", "its description", "its data type", "its conversion",
                          "its resolution", "its accuracy", "its lower limit", "its upper limit"})) {
         leaveOut(word, begin);
@@ -68,7 +68,7 @@ bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quanti
     quantity.name = text(0);
     quantity.description = text(1);
     if (text(3) != noMethod)
-        quantity.methodName = inventory_.methodNames.number(text(3));
+        quantity.methodName = inventory_.methodNames.number(text(3), fields_[3].prepared);
     quantity.lower = limitOf(number(6));
     quantity.upper = limitOf(number(7));
     parseOptions(Block::Measurement, word, begin, [&](Option option, const Mark& place) {

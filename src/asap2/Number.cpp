@@ -86,11 +86,16 @@ bool readShort(std::string_view word, bool isNegative, std::optional<Number>& nu
     // Elsewhere, a division may be rounded twice.
     if (FLT_EVAL_METHOD != 0 || word.size() > most || !isDigit(word.front()))
         return false;
+    if (word.size() == 1) {
+        number = integer(digitValues[static_cast<unsigned char>(word.front())], isNegative);
+        return true;
+    }
     std::uint64_t digits = 0;
     const char* point = nullptr;
     for (const char& c : word) {
-        if (isDigit(c))
-            digits = digits * 10 + static_cast<unsigned>(c - '0');
+        const unsigned digit = digitValues[static_cast<unsigned char>(c)];
+        if (digit < 10)
+            digits = digits * 10 + digit;
         else if (c == '.' && !point)
             point = &c;
         else

@@ -264,6 +264,8 @@ bool Parser::readFields(Block block, const OptionRow& row)
     return true;
 }
 
+/// A field of one of the kinds of `options.def`, or of these: S and W are s and w of which the text
+/// is kept in the inventory, and m is the name of a method, which is looked up soon.
 bool Parser::readField(char kind, Field& field)
 {
     const Token token = scanner_.token();
@@ -286,10 +288,13 @@ bool Parser::readField(char kind, Field& field)
             return false;
         field.text = inventory_.texts.keep(word);
         break;
+    case 'm':
     case 'w':
     case 'W':
         if (!isText && parseNumber(word))
             return false;
+        if (kind == 'm')
+            field.prepared = inventory_.methodNames.prepare(word);
         if (kind == 'W')
             field.text = inventory_.texts.keep(word);
         else

@@ -7,7 +7,7 @@ namespace {
 struct DataTypeRow
 {
     std::string_view word;
-    const char* text;
+    std::string_view text;
     std::uint32_t size;
 };
 
@@ -32,7 +32,7 @@ const DataTypeRow& rowOf(DataType type) { return dataTypes[static_cast<std::size
 } // namespace
 
 std::string_view dataTypeWord(DataType type) { return rowOf(type).word; }
-const char* dataTypeText(DataType type) { return rowOf(type).text; }
+std::string_view dataTypeText(DataType type) { return rowOf(type).text; }
 std::uint32_t sizeOf(DataType type) { return rowOf(type).size; }
 
 const char* byteOrderText(ByteOrder order)

@@ -39,7 +39,7 @@ enum class DataType : std::uint8_t
 std::string_view dataTypeWord(DataType type);
 /// The word in the manner of a configuration: "uint8", "uint64", "real16" and so on; "???" for
 /// `None`.
-const char* dataTypeText(DataType type);
+std::string_view dataTypeText(DataType type);
 /// Bytes of one value; 0 for `None`.
 std::uint32_t sizeOf(DataType type);
 

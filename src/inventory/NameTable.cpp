@@ -76,11 +76,18 @@ std::uint32_t NameTable::find(std::string_view name) const
     return slots_.empty() ? noName : slots_[slotOf(name, hashOf(name))].number - 1;
 }
 
-std::uint32_t NameTable::number(std::string_view name)
+std::uint64_t NameTable::prepare(std::string_view name) const
+{
+    const std::uint64_t hash = hashOf(name);
+    if (!slots_.empty())
+        __builtin_prefetch(&slots_[static_cast<std::size_t>(hash) & (slots_.size() - 1)]);
+    return hash;
+}
+
+std::uint32_t NameTable::number(std::string_view name, std::uint64_t hash)
 {
     if (slots_.size() <= 2 * names_.size())
         grow();
-    const std::uint64_t hash = hashOf(name);
     Slot& slot = slots_[slotOf(name, hash)];
     if (slot.number == 0) {
         names_.push_back(pool_.keep(name));

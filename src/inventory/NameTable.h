@@ -19,7 +19,11 @@ public:
     explicit NameTable(TextPool& pool) : pool_(pool) {}
 
     /// The number of the name, a new one if it isn't known yet.
-    std::uint32_t number(std::string_view name);
+    std::uint32_t number(std::string_view name) { return number(name, prepare(name)); }
+    /// Begins to look up a name: its place comes from the memory while the caller does something
+    /// else. Returns what the next operation asks for.
+    std::uint64_t prepare(std::string_view name) const;
+    std::uint32_t number(std::string_view name, std::uint64_t prepared);
     /// The number of the name, or `noName` if it isn't known.
     std::uint32_t find(std::string_view name) const;
     static constexpr std::uint32_t noName = 0xFFFFFFFF;

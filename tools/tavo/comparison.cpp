@@ -85,7 +85,7 @@ Values valuesOf(const Inventory& inventory, const Quantity& quantity)
     return {{"Desc", textOf(quantity.description)},
             {"Unit", textOf(inventory.unitOf(quantity))},
             {"ByteOrder", order ? order : nothing},
-            {"Type", dataTypeText(quantity.type)},
+            {"Type", std::string(dataTypeText(quantity.type))},
             {"ECUAddress", hexadecimalText(quantity.address)},
             {"AddressExtension", hexadecimalText(quantity.addressExtension)},
             {"Min", limit(quantity.lower)},

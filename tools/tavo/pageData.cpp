@@ -241,7 +241,7 @@ void PageData::putTexts()
     putColumn("description",
               [](PageColumn& column, const Quantity& q) { column.putText(q.description); });
     putColumn("type", [](PageColumn& column, const Quantity& q) {
-        column.putText(std::string_view(dataTypeText(q.type)));
+        column.putText(dataTypeText(q.type));
     });
     putColumn("byte_order", [&](PageColumn& column, const Quantity& q) {
         const char* text = byteOrderText(inventory_.byteOrderOf(q));
