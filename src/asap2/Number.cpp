@@ -28,57 +28,59 @@ constexpr auto digitValues = [] {
     return values;
 }();
 
-Number integer(std::uint64_t magnitude, bool isNegative)
+// The fields are set one by one in their place: a number that is made elsewhere and copied would be
+// waited for.
+
+void setInteger(Number& number, std::uint64_t magnitude, bool isNegative)
 {
-    Number number;
+    const auto size = static_cast<double>(magnitude);
+    number.isNegative = isNegative && magnitude != 0;
+    number.real = number.isNegative ? -size : size;
     number.magnitude = magnitude;
     number.isInteger = true;
-    number.isNegative = isNegative && magnitude != 0;
-    number.real = static_cast<double>(magnitude);
-    if (number.isNegative)
-        number.real = -number.real;
-    return number;
 }
 
-Number real(double magnitude, bool isNegative)
+void setReal(Number& number, double magnitude, bool isNegative)
 {
-    Number number;
-    number.isNegative = isNegative;
     number.real = isNegative ? -magnitude : magnitude;
-    return number;
+    number.magnitude = 0;
+    number.isInteger = false;
+    number.isNegative = isNegative;
 }
 
 /// Digits of a base that are one whole number. One beyond 64 bits becomes a floating-point number.
-template <unsigned base>
-std::optional<Number> digitsToNumber(std::string_view digits, bool isNegative)
+template <unsigned base> bool readDigits(std::string_view digits, bool isNegative, Number& number)
 {
     constexpr std::size_t neverTooMany = base == 16 ? 16 : 19;
     if (digits.empty())
-        return std::nullopt;
+        return false;
     std::uint64_t magnitude = 0;
     bool fits = true;
     for (const char c : digits) {
         const unsigned digit = digitValues[static_cast<unsigned char>(c)];
         if (digit >= base)
-            return std::nullopt;
+            return false;
         if (digits.size() > neverTooMany)
             fits = fits && magnitude <= (highestMagnitude - digit) / base;
         magnitude = magnitude * base + digit;
     }
-    if (fits && (!isNegative || magnitude <= lowestMagnitude))
-        return integer(magnitude, isNegative);
+    if (fits && (!isNegative || magnitude <= lowestMagnitude)) {
+        setInteger(number, magnitude, isNegative);
+        return true;
+    }
     double value = 0.0;
     const auto format = base == 16 ? std::chars_format::hex : std::chars_format::general;
     const auto result =
         std::from_chars(digits.data(), digits.data() + digits.size(), value, format);
     if (result.ec == std::errc::result_out_of_range)
         value = std::numeric_limits<double>::infinity();
-    return real(value, isNegative);
+    setReal(number, value, isNegative);
+    return true;
 }
 
 /// Most numerals: up to 15 digits, with a point among them or without. False for any other word.
 /// Both numbers of the one division are exact then, and so its result is the nearest double.
-bool readShort(std::string_view word, bool isNegative, std::optional<Number>& number)
+bool readShort(std::string_view word, bool isNegative, Number& number)
 {
     constexpr std::size_t most = 15;
     constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
@@ -87,7 +89,7 @@ bool readShort(std::string_view word, bool isNegative, std::optional<Number>& nu
     if (FLT_EVAL_METHOD != 0 || word.size() > most || !isDigit(word.front()))
         return false;
     if (word.size() == 1) {
-        number = integer(digitValues[static_cast<unsigned char>(word.front())], isNegative);
+        setInteger(number, digitValues[static_cast<unsigned char>(word.front())], isNegative);
         return true;
     }
     std::uint64_t digits = 0;
@@ -102,9 +104,9 @@ bool readShort(std::string_view word, bool isNegative, std::optional<Number>& nu
             return false;
     }
     if (point)
-        number = real(static_cast<double>(digits) / powers[&word.back() - point], isNegative);
+        setReal(number, static_cast<double>(digits) / powers[&word.back() - point], isNegative);
     else
-        number = integer(digits, isNegative);
+        setInteger(number, digits, isNegative);
     return true;
 }
 
@@ -158,34 +160,32 @@ bool isHuge(std::string_view word)
     return place + exponent > 0;
 }
 
-std::optional<Number> floatingPoint(std::string_view word, bool isNegative)
+bool readFloatingPoint(std::string_view word, bool isNegative, Number& number)
 {
     if (!isFloatingPoint(word))
-        return std::nullopt;
+        return false;
     double value = 0.0;
     const auto result = std::from_chars(word.data(), word.data() + word.size(), value);
     if (result.ec == std::errc::result_out_of_range)
         value = isHuge(word) ? std::numeric_limits<double>::infinity() : 0.0;
-    return real(value, isNegative);
+    setReal(number, value, isNegative);
+    return true;
 }
 
 } // namespace
 
-std::optional<Number> parseNumber(std::string_view word)
+bool readNumber(std::string_view word, Number& number)
 {
     const bool isNegative = !word.empty() && word.front() == '-';
     if (isNegative || (!word.empty() && word.front() == '+'))
         word.remove_prefix(1);
     if (word.empty() || !(isDigit(word.front()) || word.front() == '.'))
-        return std::nullopt;
-    std::optional<Number> number;
+        return false;
     if (readShort(word, isNegative, number))
-        return number;
+        return true;
     if (word.size() > 2 && word[0] == '0' && (word[1] | 0x20) == 'x')
-        number = digitsToNumber<16>(word.substr(2), isNegative);
-    else if (!(number = digitsToNumber<10>(word, isNegative)))
-        number = floatingPoint(word, isNegative);
-    return number;
+        return readDigits<16>(word.substr(2), isNegative, number);
+    return readDigits<10>(word, isNegative, number) || readFloatingPoint(word, isNegative, number);
 }
 
 std::optional<Number> Number::asInteger() const
@@ -199,7 +199,9 @@ std::optional<Number> Number::asInteger() const
     const auto whole = static_cast<std::uint64_t>(size);
     if (isNegative && whole > lowestMagnitude)
         return std::nullopt;
-    return integer(whole, isNegative);
+    Number integer;
+    setInteger(integer, whole, isNegative);
+    return integer;
 }
 
 std::optional<std::int64_t> Number::asSigned() const

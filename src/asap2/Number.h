@@ -23,8 +23,16 @@ struct Number
     std::optional<std::int64_t> asSigned() const;
 };
 
-/// The number that the whole word is: a sign, decimal or hexadecimal (0x) digits, or a
-/// floating-point number in any usual form. Nothing for every other word.
-std::optional<Number> parseNumber(std::string_view word);
+/// Reads the number that the whole word is: a sign, decimal or hexadecimal (0x) digits, or a
+/// floating-point number in any usual form. False for every other word, which leaves `number`
+/// alone.
+bool readNumber(std::string_view word, Number& number);
+
+/// The same; nothing for what is no number.
+inline std::optional<Number> parseNumber(std::string_view word)
+{
+    Number number;
+    return readNumber(word, number) ? std::optional(number) : std::nullopt;
+}
 
 } // namespace tavo

@@ -304,17 +304,16 @@ bool Parser::readField(char kind, Field& field)
         store();
         break;
     default: {
-        const std::optional<Number> number = parseNumber(word);
-        if (!number)
+        Number& number = field.number;
+        if (!readNumber(word, number))
             return false;
-        field.number = *number;
         if (kind == 'i') {
-            const std::optional<Number> integer = number->asInteger();
+            const std::optional<Number> integer = number.asInteger();
             if (!integer)
                 return false;
-            field.number = *integer;
+            number = *integer;
         }
-        if (kind == 'p' && number->real != std::floor(number->real))
+        if (kind == 'p' && number.real != std::floor(number.real))
             return false;
     }
     }
