@@ -20,15 +20,25 @@ DataType dataTypeOf(std::string_view word)
 /// MEASUREMENT ... /end MEASUREMENT
 void Parser::parseMeasurement(const Mark& begin)
 {
-    Quantity quantity;
-    if (!parseQuantity("MEASUREMENT", begin, quantity))
-        return;
+    // It is read in its place, which is cheaper than to copy it there.
+    Rows<Quantity>& measurements = inventory_.measurements;
+    static constexpr Quantity blank;
+    const std::size_t count = measurements.size();
+    Quantity& quantity = measurements.emplace_back(blank);
+    bool isRead = false;
+    try {
+        isRead = parseQuantity("MEASUREMENT", begin, quantity);
+    } catch (...) {
+        measurements.resize(count);
+        throw;
+    }
+    if (!isRead)
+        return measurements.resize(count);
     if (!quantity.address.isGiven && !quantity.isVirtual && blobAddress_.isGiven) {
         quantity.address = blobAddress_;
         if (!quantity.addressExtension.isGiven)
             quantity.addressExtension = blobExtension_;
     }
-    inventory_.measurements.push_back(quantity);
 }
 
 /// TYPEDEF_MEASUREMENT ... /end TYPEDEF_MEASUREMENT

@@ -10,6 +10,7 @@
 #include "daq/losses.h"
 #include "inventory/Inventory.h"
 
+#include <cstddef>
 #include <string>
 
 namespace tavo {
@@ -26,7 +27,7 @@ public:
         const int status = PhAsap2(path_.c_str()).readFile(inventory_);
         if (status == 0) {
             Notices notices;
-            reportLosses(inventory_, notices);
+            expressibleCount_ = reportLosses(inventory_, notices);
             notices.report([this](Place, const std::string& text) {
                 putDiagnostic(nullptr, {Severity::Warning, path_.c_str(), 0, text.c_str()});
             });
@@ -39,7 +40,7 @@ public:
         ConfigurationStream stream;
         if (!stream.open(outputPath))
             return false;
-        writeInventory(stream, inventory_);
+        writeInventory(stream, inventory_, expressibleCount_);
         stream.close(); // whether all of it could be written isn't said
         return true;
     }
@@ -47,6 +48,7 @@ public:
 private:
     std::string path_;
     Inventory inventory_;
+    std::size_t expressibleCount_ = 0;
 };
 
 } // namespace

@@ -79,10 +79,14 @@ void writeQuantity(ConfigurationStream& stream, const Inventory& inventory,
 
 void writeInventory(ConfigurationStream& stream, const Inventory& inventory)
 {
+    writeInventory(stream, inventory, expressibleCount(inventory));
+}
+
+void writeInventory(ConfigurationStream& stream, const Inventory& inventory, std::size_t count)
+{
     std::int32_t index = 0;
     for (const Interface& interface : inventory.interfaces)
         writeInterface(stream, interface, index++);
-    const std::size_t count = expressibleCount(inventory);
     if (count == 0)
         return;
     putUnassignedSource(stream, static_cast<std::int32_t>(count));

@@ -88,6 +88,8 @@ public:
     }
 
     void add(const Quantity& quantity);
+    /// Of the quantities that were added.
+    std::size_t expressibleCount() const { return expressibleCount_; }
 
 private:
     void addMethod(const Method& method);
@@ -96,6 +98,7 @@ private:
     const Inventory& inventory_;
     Notices& notices_;
     std::vector<bool> isMethodSeen_; ///< By the number of the name.
+    std::size_t expressibleCount_ = 0;
     std::array<Notices::Kind, std::size(obstacleTexts)> obstacles_{};
     Notices::Kind arrays_ = notices_.kind("The configuration has the first element of an array");
     Notices::Kind events_ =
@@ -113,14 +116,15 @@ void LossReport::add(const Quantity& quantity)
     const Obstacle obstacle = obstacleOf(inventory_, quantity);
     if (obstacle != Obstacle::None)
         return addCase(obstacles_[static_cast<std::size_t>(obstacle)]);
+    ++expressibleCount_;
     const QuantityDetails& details = inventory_.detailsOf(quantity);
     if (!details.dimensions.empty())
         addCase(arrays_);
     if (!details.events.empty())
         addCase(events_);
-    for (const Limit& limit : {quantity.lower, quantity.upper})
-        if (limit.isGiven && !limit.isInteger)
-            addNumber(limits_, limit.value, quantity.name);
+    for (const Limit* limit : {&quantity.lower, &quantity.upper})
+        if (limit->isGiven && !limit->isInteger)
+            addNumber(limits_, limit->value, quantity.name);
     const Method* method = inventory_.methodOf(quantity);
     if (method && !isMethodSeen_[quantity.methodName]) {
         isMethodSeen_[quantity.methodName] = true;
@@ -173,13 +177,14 @@ void reportTransport(const Interface& interface, const Transport& transport, Not
 
 } // namespace
 
-void reportLosses(const Inventory& inventory, Notices& notices)
+std::size_t reportLosses(const Inventory& inventory, Notices& notices)
 {
     for (const Interface& interface : inventory.interfaces)
         for (const Transport& transport : interface.transports)
             reportTransport(interface, transport, notices);
     LossReport report(inventory, notices);
     inventory.forEachQuantity([&](const Quantity& quantity) { report.add(quantity); });
+    return report.expressibleCount();
 }
 
 } // namespace tavo

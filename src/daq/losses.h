@@ -40,7 +40,7 @@ std::size_t expressibleCount(const Inventory& inventory);
 
 /// Reports what a configuration doesn't say, or not exactly: quantities that are left out, arrays,
 /// conversions that are no line, transports other than CAN, events of quantities, and numbers that
-/// six decimals can't hold.
-void reportLosses(const Inventory& inventory, Notices& notices);
+/// six decimals can't hold. Returns how many quantities a configuration holds.
+std::size_t reportLosses(const Inventory& inventory, Notices& notices);
 
 } // namespace tavo

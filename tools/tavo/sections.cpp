@@ -154,7 +154,7 @@ constexpr Column measurementColumns[] = {
          return viewOf(patternCell(quantityAt(l, row).addressExtension), scratch);
      }},
     {"type", true,
-     [](auto& l, auto row, auto&) { return textCell(dataTypeText(quantityAt(l, row).type)); }},
+     [](auto& l, auto row, auto&) { return CellView(dataTypeText(quantityAt(l, row).type)); }},
     {"byte_order", true,
      [](auto& l, auto row, auto&) {
          return textCell(byteOrderText(l.inventory.byteOrderOf(quantityAt(l, row))));
