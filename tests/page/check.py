@@ -232,6 +232,34 @@ def check_hostile(browser):
     assert any("Content Security Policy" in text for text in browser.complaints())
 
 
+def check_extremes(browser):
+    """Numbers for which a careless loop has no end, and more elements than a call has room for."""
+    unit = '/begin COMPU_METHOD {} "" {} "%1.0" "" {} /end COMPU_METHOD'
+    path = described("extremes", [
+        ("top", "UWORD", "0xFFFFFFFFFFFFFFF0", "BIT_MASK 0x1"), ("high", "UWORD", "0xFFFFFFFFFFFFFFF0", "BIT_MASK 0x2"),
+        ("vast", "FLOAT64_IEEE", "0x10", "MATRIX_DIM 4294967295 4294967295 4294967295"), ("unmasked", "UBYTE", "0x12", "")])
+    limits = [(0, 5e-324), (1e300, "1.0000000000000002E300"), ("-1.7E308", "1.7E308"), (1, 0), ("0.001", "1E300")]
+    methods = ["NO_COMPU_METHOD", "line", "curve", "formula", "endless"]
+    more = [unit.format("line", "LINEAR", "COEFFS_LINEAR 0 1E308"),
+            unit.format("curve", "RAT_FUNC", "COEFFS 1E308 -1E308 0 0 1E-308 0"),
+            unit.format("formula", "FORM", '/begin FORMULA "' + "(" * 9999 + 'X1/0^-" /end FORMULA'),
+            unit.format("endless", "FORM", '/begin FORMULA "X1' + "+-X1^2" * 9999 + '" /end FORMULA')]
+    more += [f'/begin MEASUREMENT n{number} "" ULONG {method} 0 0 {low} {high} /end MEASUREMENT'
+             for number, (method, (low, high)) in enumerate((m, pair) for m in methods for pair in limits)]
+    more += ['/begin MEASUREMENT many "" UBYTE NO_COMPU_METHOD 0 0 0 1 /begin IF_DATA XCP /begin DAQ_EVENT '
+             + "FIXED_EVENT_LIST " + " ".join(f"EVENT {n}" for n in range(200000))
+             + " /end DAQ_EVENT /end IF_DATA /end MEASUREMENT"]
+    path.write_text(path.read_text().replace("\n/end MODULE", "\n".join(["", *more, "/end MODULE"])))
+    browser.open(page(path))
+    browser.run("document.getElementById('grid').focus()")
+    for _ in range(4 + len(methods) * len(limits) + 1): # each is shown in full
+        browser.press("down")
+    equal(browser.run(f"{DETAIL}.querySelector('h2').textContent"), "many")
+    for view in ("memory", "interfaces", "picked"):
+        browser.click(f"#tab-{view}")
+    equal(browser.run("[...document.querySelectorAll('#overlaps tbody tr')].map((row) => row.children[1].textContent)"), ["unmasked"])
+
+
 def check_accessibility(browser, example):
     axe = AXE.read_text()
     runs = 0
@@ -300,7 +328,7 @@ def main():
     with Browser(FOLDER) as browser:
         for check in (check_search, check_sorting, check_keyboard_and_link, check_details, check_picking,
                       check_accessibility, check_paper, take_screenshots, check_memory, check_differences,
-                      check_hostile, check_large):
+                      check_hostile, check_extremes, check_large):
             start = time.monotonic()
             remark = check(browser, example) if check.__code__.co_argcount == 2 else check(browser)
             equal(browser.complaints(), [], check.__name__)

@@ -98,7 +98,10 @@ const obstacles = new TextColumn(data.left_out);
 const typeSizes = { uint8: 1, int8: 1, uint16: 2, int16: 2, real16: 2, uint32: 4, int32: 4, real32: 4,
   uint64: 8, int64: 8, real64: 8 };
 const valueSize = (row) => typeSizes[types.at(row)] ?? 0;
-const elementCounts = dimensions.texts.map((text) => text.split("x").reduce((product, n) => product * Number(n), 1));
+/// More of them than bytes in an address space are a fault of the description.
+const mostElements = 2 ** 48;
+const elementCounts = dimensions.texts.map((text) => 
+  Math.min(text.split("x").reduce((product, n) => product * Number(n), 1), mostElements));
 const elementCount = (row) => elementCounts[dimensions.numbers[row]] ?? 1;
 /// Bytes of all elements.
 const sizeOf = (row) => valueSize(row) * elementCount(row);
@@ -116,7 +119,9 @@ const sourceByChannel = new Map();
 for (const source of data.sources)
   if (!sourceByChannel.has(source.channel)) sourceByChannel.set(source.channel, source);
 const eventName = (channel) => sourceByChannel.get(channel)?.name ?? `channel ${channel}`;
-const eventNames = eventLists.map((list) => list.map(eventName).join(", "));
+const mostNamedEvents = 20;
+const eventNames = eventLists.map((list) =>
+  list.slice(0, mostNamedEvents).map(eventName).join(", ") + (list.length > mostNamedEvents ? " …" : ""));
 const eventText = (row) => eventNames[events.numbers[row]] ?? "";
 
 /// The first row of each name.

@@ -69,7 +69,7 @@ function conversionPart(row) {
 function eventsPart(row) {
   const channels = eventsOf(row);
   if (channels.length === 0) return null;
-  return element("section", {}, element("h3", {}, "Events"), element("ul", {}, channels.map((channel) => {
+  return element("section", {}, element("h3", {}, "Events"), element("ul", {}, channels.slice(0, mostListedRows).map((channel) => {
     const source = sourceByChannel.get(channel);
     const period = source?.period_ns === undefined ? "" : `, each ${formatPeriod(source.period_ns)}`;
     return element("li", {}, `${eventName(channel)} (channel ${channel}${period})`);
@@ -116,11 +116,11 @@ function drawDetail() {
   const row = state.selected;
   const pane = byId("detail");
   if (row < 0) {
-    pane.replaceChildren(element("p", { class: "hint" }, "Choose a quantity to see it in full."));
+    replace(pane, element("p", { class: "hint" }, "Choose a quantity to see it in full."));
     return;
   }
   const isPicked = state.picked.has(row);
-  pane.replaceChildren(
+  replace(pane,
     element("h2", {}, names[row]),
     descriptions.at(row) ? element("p", {}, descriptions.at(row)) : null,
     element("p", { class: "bar" },
@@ -134,5 +134,5 @@ function drawDetail() {
       ["Left out", obstacles.at(row) ? `A configuration can't have it: ${obstacles.at(row)}` : null],
       ["Virtual", virtualMarks.has(row) ? "The tool computes it: it isn't measured" : null],
     ]),
-    conversionPart(row), placePart(row), ...[eventsPart(row)].filter(Boolean));
+    conversionPart(row), placePart(row), eventsPart(row));
 }

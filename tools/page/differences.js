@@ -41,8 +41,8 @@ function differenceRow([change, kind, name, former, owner, ...values]) {
 function drawDifferences() {
   const first = differencePage * mostShownDifferences;
   const last = Math.min(first + mostShownDifferences, shownDifferences.length);
-  differenceLayer.replaceChildren(...shownDifferences.slice(first, last).map(differenceRow));
-  differenceStatus.replaceChildren(shownDifferences.length === 0 ? "No differences"
+  replace(differenceLayer, shownDifferences.slice(first, last).map(differenceRow));
+  replace(differenceStatus, shownDifferences.length === 0 ? "No differences"
     : `${formatCount(first + 1)} to ${formatCount(last)} of ${counted(shownDifferences.length, "difference")}`);
   differencesView.querySelector("[data-step='-1']").disabled = first === 0;
   differencesView.querySelector("[data-step='1']").disabled = last === shownDifferences.length;
@@ -75,7 +75,7 @@ function fillDifferences() {
   byId("tab-differences").hidden = false;
   byId("difference-count").textContent = formatCount(differences.length);
   differenceQuery.addEventListener("input", updateDifferences);
-  differencesView.replaceChildren(
+  replace(differencesView,
     element("p", {}, `What ${data.file} has otherwise than ${data.former_file}:`),
     element("div", { class: "bar" }, element("label", {}, "Search ", differenceQuery), changes.map(changeFilter)),
     element("div", { class: "bar" }, differenceStatus, pageButton(-1, "Back"), pageButton(1, "Next")),

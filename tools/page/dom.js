@@ -8,8 +8,20 @@ function fill(node, attributes, children) {
     else if (value === true) node.setAttribute(name, "");
     else if (value !== false && value !== null && value !== undefined) node.setAttribute(name, value);
   }
-  node.append(...children.flat(Infinity).filter((child) => child !== null && child !== undefined));
+  return put(node, children);
+}
+
+/// Appends children one by one: a call has room for so many arguments only.
+function put(node, children) {
+  for (const child of children.flat(Infinity))
+    if (child !== null && child !== undefined) node.append(child);
   return node;
+}
+
+/// Puts children in the place of those that are there.
+function replace(node, ...children) {
+  node.replaceChildren();
+  return put(node, children);
 }
 
 const element = (tag, attributes = {}, ...children) =>

@@ -9,7 +9,7 @@ function polynomial(coefficients, variable) {
     const size = Math.abs(coefficient);
     const text = factor && size === 1 ? factor : formatNumber(size) + (factor && ` · ${factor}`);
     return { coefficient, text };
-  }).filter(({ coefficient }) => coefficient !== 0);
+  }).filter(({ coefficient }) => coefficient);
   return terms.map(({ coefficient, text }, n) =>
     (n === 0 ? (coefficient < 0 ? "−" : "") : coefficient < 0 ? " − " : " + ") + text).join("") || "0";
 }
@@ -126,9 +126,10 @@ function curveOf(row) {
   const conversion = conversionOf(row);
   const table = conversion && tableOfConversion(conversion);
   if (table) {
-    if (!table.physical || table.raw.length === 0) return null;
-    const points = table.raw.map((raw, n) => [raw, table.physical[n]]).sort((p, q) => p[0] - q[0]);
-    return { points, isTable: true, isSteps: conversion.kind === "TAB_NOINTP" };
+    if (!table.physical) return null;
+    const points = table.raw.map((raw, n) => [raw, table.physical[n]])
+      .filter((point) => point.every(Number.isFinite)).sort((p, q) => p[0] - q[0]);
+    return points.length === 0 ? null : { points, isTable: true, isSteps: conversion.kind === "TAB_NOINTP" };
   }
   const [from, to] = [lowerLimits.at(row), upperLimits.at(row)];
   if (!(from < to) || !Number.isFinite(to - from)) return null;

@@ -14,9 +14,9 @@ const gridRows = new VirtualRows({
 
 function drawHead() {
   const sortOf = (key) => (state.sort !== key ? "none" : state.isDescending ? "descending" : "ascending");
-  gridHead.replaceChildren(
+  replace(gridHead,
     element("div", { role: "columnheader" }, element("span", { class: "unseen" }, "Picked")),
-    ...columns.map((column) => element("div", { role: "columnheader", "aria-sort": sortOf(column.key) },
+    columns.map((column) => element("div", { role: "columnheader", "aria-sort": sortOf(column.key) },
       element("button", { type: "button", "data-key": column.key, title: `Sort by ${column.title.toLowerCase()}` },
         column.title, element("span", { "aria-hidden": "true", class: "arrow" })))));
 }
@@ -41,7 +41,7 @@ function drawRows(first, last) {
     node.querySelector("input").checked = state.picked.has(shownRows[place]);
     rows.push(node);
   }
-  gridLayer.replaceChildren(...rows);
+  replace(gridLayer, rows);
   const place = selectedPlace();
   if (place >= first && place < last) grid.setAttribute("aria-activedescendant", `row-${place}`);
   else grid.removeAttribute("aria-activedescendant");

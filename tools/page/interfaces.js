@@ -75,11 +75,11 @@ function drawInterfaces() {
   let next = 0;
   const parts = data.interfaces.map((item) => {
     const sources = data.sources.slice(next, next += item.sources);
-    return element("article", {}, element("h2", {}, item.name), busPicture(item), ...[periodPicture(sources)].filter(Boolean),
+    return element("article", {}, element("h2", {}, item.name), busPicture(item), periodPicture(sources),
       tableOf(counted(sources.length, "source"), ["Name", "Description", "Channel", "Period", "Bound quantities"],
-        sources.map((source) => [source.name, source.description ?? "", String(source.channel),
+        sources.slice(0, mostListed).map((source) => [source.name, source.description ?? "", String(source.channel),
           source.period_ns !== undefined ? formatPeriod(source.period_ns) : source.rate ? `${source.rate} (unit of its own)` : "not periodic",
           formatCount(counts.get(source.channel) ?? 0)])));
   });
-  byId("view-interfaces").replaceChildren(...(parts.length ? parts : [element("p", {}, "The description names no measuring interface.")]));
+  replace(byId("view-interfaces"), parts.length ? parts : element("p", {}, "The description names no measuring interface."));
 }

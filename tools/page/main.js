@@ -52,17 +52,17 @@ function drawAll() {
 function fillChoices() {
   const option = (value, text = value) => element("option", { value }, text);
   const mostChoices = 2000;
-  byId("type").replaceChildren(option("", "all"), ...[...types.texts].sort().map((type) => option(type)));
-  byId("units").replaceChildren(...[...units.texts].sort().slice(0, mostChoices).map((unit) => option(unit)));
-  byId("conversions").replaceChildren(...data.conversions.slice(0, mostChoices).map(({ name }) => option(name)));
-  const channels = [...new Set([...sourceByChannel.keys(), ...eventLists.flat()])];
+  replace(byId("type"), option("", "all"), [...types.texts].sort().map((type) => option(type)));
+  replace(byId("units"), [...units.texts].sort().slice(0, mostChoices).map((unit) => option(unit)));
+  replace(byId("conversions"), data.conversions.slice(0, mostChoices).map(({ name }) => option(name)));
+  const channels = [...new Set([...sourceByChannel.keys(), ...eventLists.flat()])].slice(0, mostChoices);
   const text = (channel) => {
     const period = sourceByChannel.get(channel)?.period_ns;
     return eventName(channel) + (period === undefined ? "" : `, ${formatPeriod(period)}`);
   };
-  byId("event").replaceChildren(option("", "all"), ...channels.map((channel) => option(String(channel), text(channel))), option("none", "none"));
-  byId("default-source").replaceChildren(option("", "nothing"),
-    ...[...sourceByChannel.keys()].map((channel) => option(String(channel), text(channel))));
+  replace(byId("event"), option("", "all"), channels.map((channel) => option(String(channel), text(channel))), option("none", "none"));
+  replace(byId("default-source"), option("", "nothing"),
+    [...sourceByChannel.keys()].slice(0, mostChoices).map((channel) => option(String(channel), text(channel))));
 }
 
 function fillHeads() {

@@ -49,17 +49,20 @@ function regionBar(region) {
     }));
 }
 
+/// There may be as many regions as address extensions.
+const mostListedRegions = 1000;
+
 function drawRegions() {
   const { regions, overlaps, count } = memoryOf();
   const used = regions.reduce((sum, region) => sum + region.used, 0);
   byId("memory-summary").textContent = regions.length === 0 ? "No quantity has an address."
     : `${countedQuantities(placedRows.length)} take ${formatSize(used)} in ${counted(regions.length, "region")}; ` +
       `${count === 0 ? "no overlaps except bit fields" : counted(count, "overlap")}.`;
-  byId("legend").replaceChildren(...kinds.map((kind, n) =>
+  replace(byId("legend"), kinds.map((kind, n) =>
     element("span", { class: "key" }, picture("svg", { viewBox: "0 0 10 10", "aria-hidden": "true" },
       picture("rect", { width: 10, height: 10, class: `kind${n}` })), kind.name)));
   const items = [];
-  regions.forEach((region, n) => {
+  regions.slice(0, mostListedRegions).forEach((region, n) => {
     const before = regions[n - 1];
     if (before && before.extension === region.extension)
       items.push(element("li", { class: "gap" }, `${formatSize(region.from - before.end)} without a quantity`));
@@ -69,7 +72,9 @@ function drawRegions() {
       element("small", {}, `${formatSize(region.end - region.from)}, ${countedQuantities(region.last - region.first + 1)}, ` +
         `${Math.round(100 * region.used / (region.end - region.from))} % used`))));
   });
-  byId("regions").replaceChildren(...items);
+  if (regions.length > mostListedRegions)
+    items.push(element("li", { class: "gap" }, `and ${counted(regions.length - mostListedRegions, "region")} more`));
+  replace(byId("regions"), items);
   drawOverlaps(overlaps, count);
   isMemoryDrawn = true;
   showRegion(regions.find((region) => state.selected >= 0 && holds(region, state.selected)) ?? regions[0] ?? null);
@@ -77,10 +82,10 @@ function drawRegions() {
 
 function drawOverlaps(overlaps, count) {
   const link = (row) => element("button", { type: "button", class: "link", onclick: () => { select(row); showInMemory(row); } }, names[row]);
-  byId("overlaps").replaceChildren(...(count === 0 ? [] : [
+  replace(byId("overlaps"), count === 0 ? [] : [
     tableOf("Overlaps that aren't bit fields", ["Address", "Quantity", "lies on", "Shared"], overlaps.map(([other, row]) =>
       [addresses.hex(row, 8), link(row), link(other), formatSize(Math.min(endOf(row), endOf(other)) - addresses.at(row))])),
-    element("p", {}, count > overlaps.length ? `and ${formatCount(count - overlaps.length)} more` : "")]));
+    element("p", {}, count > overlaps.length ? `and ${formatCount(count - overlaps.length)} more` : "")]);
 }
 
 const holds = (region, row) => region.extension === extensionOf(row) && addresses.at(row) >= region.from && addresses.at(row) < region.end;

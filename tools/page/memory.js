@@ -36,10 +36,10 @@ function findRegions() {
   return regions;
 }
 
-/// The bits of the byte at an address that belong to a quantity.
-function bitsAt(row, address) {
-  if (!masks.has(row) || isPointer(row)) return 0xFF;
-  const place = (address - addresses.at(row)) % valueSize(row);
+/// The bits that belong to a quantity of the byte at an offset from its address.
+function bitsAt(row, offset) {
+  if (!masks.has(row) || isPointer(row) || valueSize(row) === 0) return 0xFF;
+  const place = offset % valueSize(row);
   return Number(BigInt.asUintN(64, masks.pattern(row)) >> BigInt(8 * byteOrderOf(row)[place]) & 0xFFn);
 }
 
@@ -49,8 +49,8 @@ function isOverlap(a, b) {
   const end = Math.min(endOf(a), endOf(b));
   if (!masks.has(a) && !masks.has(b)) return from < end;
   // Masks repeat with each element, and 64 bytes are several elements of all types.
-  for (let address = from; address < Math.min(end, from + 64); ++address)
-    if ((bitsAt(a, address) & bitsAt(b, address)) !== 0) return true;
+  for (let n = 0; n < Math.min(end - from, 64); ++n)
+    if ((bitsAt(a, from - addresses.at(a) + n) & bitsAt(b, from - addresses.at(b) + n)) !== 0) return true;
   return false;
 }
 

@@ -40,7 +40,7 @@ const percent = (share) => (Number.isNaN(share) ? "" : `${formatNumber(Number((1
 function loadTable(loads) {
   const sum = (key) => loads.reduce((total, load) => total + (load[key] || 0), 0);
   const rate = (frames) => (Number.isNaN(frames) ? "not periodic" : formatCount(Math.round(frames)));
-  const rows = loads.map((load) => [load.channel === null ? "without an event" : eventName(load.channel),
+  const rows = loads.slice(0, mostListed).map((load) => [load.channel === null ? "without an event" : eventName(load.channel),
     formatCount(load.quantities), formatCount(load.bytes), formatCount(load.frames),
     load.channel === null ? "" : rate(load.rate), percent(load.share)]);
   rows.push(["All", formatCount(sum("quantities")), formatCount(sum("bytes")), formatCount(sum("frames")), rate(sum("rate")), percent(sum("share"))]);
@@ -71,7 +71,7 @@ function drawPicks() {
   byId("picked-summary").textContent = rows.length === 0 ? "Nothing is picked yet: tick quantities in the table."
     : countedQuantities(rows.length) + (left ? `, of which a configuration can't have ${formatCount(left)}` : "") +
       (rows.length > mostLinkedPicks ? `; a link to this page holds the first ${formatCount(mostLinkedPicks)}` : "");
-  byId("load").replaceChildren(...(rows.length ? [loadTable(loadsOf(rows))] : []));
+  replace(byId("load"), rows.length ? loadTable(loadsOf(rows)) : null);
   const listed = rows.slice(0, mostListed);
   byId("list").value = rows.length ? listText(rows, listed) : "";
   for (const id of ["copy", "save", "unpick"]) byId(id).disabled = rows.length === 0;

@@ -6,7 +6,8 @@ function ticksOf(from, to) {
   const power = 10 ** Math.floor(Math.log10(greatest));
   const step = [5, 2, 1].map((n) => n * power).find((size) => size <= greatest) ?? power;
   const ticks = [];
-  for (let n = Math.ceil(from / step); n * step <= to + step * 1e-9; ++n)
+  // Of numbers that are close together but far from zero, none may be a multiple of the step.
+  for (let n = Math.ceil(from / step); n * step <= to + step * 1e-9 && ticks.length < 20; ++n)
     ticks.push(Number((n * step).toPrecision(12)));
   return ticks;
 }
