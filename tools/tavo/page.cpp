@@ -94,13 +94,14 @@ ExitCode page(const Options& options, Diagnostics& diagnostics)
         return ExitCode::DescriptionFailed;
     std::optional<Differences> differences;
     const std::string formerTitle = titleOf(plan.former);
-    std::optional<PageComparison> comparison;
     if (former) {
         Step comparing(diagnostics, "compared");
         differences.emplace(former->inventory(), description->inventory());
         comparing.finish();
-        comparison.emplace(*differences, formerTitle);
     }
+    std::optional<PageComparison> comparison;
+    if (differences)
+        comparison.emplace(PageComparison{*differences, formerTitle});
     const PageComparison* const shown = comparison ? &*comparison : nullptr;
     if (toStandardOutput) {
         StandardOutput output;
