@@ -23,9 +23,9 @@ HOSTILE = b"""/begin PROJECT p "" /begin MODULE m ""
 /begin MEASUREMENT a<script>b "<!-- <script> \\"' \\\\ \xe2\x80\xa8\xe2\x80\xa9 \xff\xfe\xc0\x80 \x01 ]]>" UWORD
   NO_COMPU_METHOD 0 0 -1E999 18446744073709551615 ECU_ADDRESS 0xFFFFFFFFFFFFFFFF BIT_MASK 0x8000000000000001
   PHYS_UNIT "</SCRIPT >" /end MEASUREMENT
-/begin MEASUREMENT \xfcber "&lt;/script&gt;" ULONG NO_COMPU_METHOD 0 0 0 1 ECU_ADDRESS 0x1FFFFFFFFFFFFFFFFF
+/begin MEASUREMENT \xc3\xbcber "&lt;/script&gt;" ULONG NO_COMPU_METHOD 0 0 0 1 ECU_ADDRESS 0x1FFFFFFFFFFFFFFFFF
   /end MEASUREMENT
-/begin MEASUREMENT \xfcben "" ULONG NO_COMPU_METHOD 0 0 0 1 ECU_ADDRESS -9223372036854775808 /end MEASUREMENT
+/begin MEASUREMENT \xc3\xa4ben "" ULONG NO_COMPU_METHOD 0 0 0 1 ECU_ADDRESS -9223372036854775808 /end MEASUREMENT
 /end MODULE /end PROJECT
 """
 
@@ -153,6 +153,25 @@ def check(program, description, *options):
     return len(block)
 
 
+def check_command_line(program, folder):
+    """What the command makes of its arguments: the exit code, and the pages that are there then."""
+    (folder / "a.a2l").write_bytes(HOSTILE)
+    (folder / "b.a2l").write_bytes(HOSTILE.replace(b"UWORD", b"SWORD"))
+    (folder / "bad.a2l").write_text("/begin PROJECT")
+    cases = [("a.a2l", 0, "a.html"), ("a.a2l", 3, "a.html"), ("-f a.a2l", 0, "a.html"), ("a.a2l b.a2l", 0, "a.html b.html"),
+             ("a.a2l b.a2l c.htm", 0, "a.html b.html c.htm"), ("a.a2l b.a2l c", 2, "a.html b.html c.htm"),
+             ("bad.a2l bad.html", 1, "a.html b.html c.htm"), ("a.a2l bad.a2l", 1, "a.html b.html c.htm"),
+             ("bad.a2l a.a2l d.html", 1, "a.html b.html c.htm"), ("-", 2, "a.html b.html c.htm")]
+    for arguments, code, pages in cases:
+        run = subprocess.run([program, "page", *arguments.split()], cwd=folder, stdin=subprocess.DEVNULL,
+                             stderr=subprocess.PIPE, check=False)
+        found = " ".join(sorted(path.name for path in folder.glob("*.htm*")))
+        assert (run.returncode, found) == (code, pages), (arguments, run, found)
+    differences = Page((folder / "b.html").read_text()).content[("script", "application/json")]
+    assert json.loads(differences)["differences"] == [
+        ["changed", "measurement", "a<script>b", "", "", ["type", "uint16", "int16"]]], differences
+
+
 def main(program, *folders):
     found = [path for folder in folders for path in sorted(Path(folder).glob("*.a2l"))]
     checked = 0
@@ -168,6 +187,7 @@ def main(program, *folders):
         hostile = Path(folder) / "<!--.a2l"
         hostile.write_bytes(HOSTILE)
         check(program, hostile)
+        check_command_line(program, Path(folder))
 
 
 if __name__ == "__main__":
