@@ -48,7 +48,7 @@ const mostPlotted = 2000;
 function plotOf(curve, unit) {
   const step = Math.ceil(curve.points.length / mostPlotted);
   const points = curve.points.filter((point, n) => n % step === 0 || n === curve.points.length - 1);
-  const [width, height, left, right, top, bottom] = [380, 210, 58, 14, 12, 36];
+  const [width, height, left, right, top, bottom] = [380, 220, 58, 14, 22, 36];
   const isLogarithmic = isOverPowers(curve);
   const raws = axisOf(points.map(([raw]) => raw), isLogarithmic, left, width - right);
   const physicals = axisOf(points.map(([, physical]) => physical), isLogarithmic, height - bottom, top);
@@ -68,7 +68,7 @@ function plotOf(curve, unit) {
       picture("line", { x1: left, x2: width - right, y1: y(physical), y2: y(physical), class: "grid" }),
       picture("text", { x: left - 5, y: y(physical) + 4, class: "end" }, tickText(physical))]),
     picture("text", { x: width - right, y: height - 5, class: "end" }, "raw"),
-    picture("text", { x: 2, y: top }, unit ?? ""),
+    picture("text", { x: 2, y: 11 }, unit ?? ""),
     picture("polyline", { points: path, class: "curve" }),
     curve.isTable && points.length <= 100
       ? points.map((point) => picture("circle", { cx: x(point[0]), cy: y(point[1]), r: 2.5 })) : []);
