@@ -151,6 +151,35 @@ def check_details(browser, example):
     assert "0x1F0000040" in shown("stHost")[0] and "address beyond 32 bits" in shown("stHost")[0]
 
 
+def check_conversions(browser):
+    """Coefficients as formulas, and formulas as plots."""
+    texts = [("0 2 0 0 0 1", "x = 0.5 · raw"), ("0 -4 -8 0 0 2", "x = −0.5 · raw − 2"), ("0 1 0 0 0 0", ""),
+             ("0 0 6 0 2 0", "x = 3 / raw"), ("0 3 5 0 2 7", "x = (−7 · raw + 5) / (2 · raw − 3)"),
+             ("1 -2 1 0 0 1", "raw = x² − 2 · x + 1"), ("0 1 0 1 0 -1", "raw = x / (x² − 1)")]
+    plots = [("2*X1+3", lambda x: 2 * x + 3), ("-X1^2", lambda x: -x * x), ("(X1-1)*(X1+1)/4", lambda x: (x - 1) * (x + 1) / 4),
+             ("0.001*X1^2^0.5", lambda x: 0.001 * x ** 2 ** 0.5), ("sqrt(abs(X)-1)*-1.5e-1", lambda x: (abs(x) - 1) ** 0.5 * -0.15),
+             ("10-5-X1", lambda x: 5 - x), ("8/X1/2", lambda x: 4 / x), ("X1 & 3", None), ("alert(X1)", None), ("2 X1", None)]
+    blocks = []
+    for number, formula in enumerate([f"COEFFS {text}" for text, _ in texts]
+                                     + [f'/begin FORMULA "{text}" /end FORMULA' for text, _ in plots]):
+        kind = "RAT_FUNC" if formula.startswith("COEFFS") else "FORM"
+        blocks += [f'/begin COMPU_METHOD c{number} "" {kind} "%1.0" "" {formula} /end COMPU_METHOD',
+                   f'/begin MEASUREMENT x "" UWORD c{number} 0 0 -30000 30000 ECU_ADDRESS {number} /end MEASUREMENT']
+    path = FOLDER / "conversions.a2l"
+    path.write_text(MEMORY.format("\n".join(blocks)))
+    browser.open(page(path))
+    browser.run("document.getElementById('grid').focus()")
+    for _, expected in texts:
+        browser.press("down")
+        if expected:
+            equal(browser.run(f"{DETAIL}.querySelector('.formula').textContent"), expected)
+    for text, function in plots:
+        browser.press("down")
+        points = json.loads(browser.run(f"{DETAIL}.querySelector('svg.plot')?.dataset.points ?? '[]'"))
+        assert (len(points) > 10) == (function is not None), (text, points)
+        assert all(abs(function(raw) - x) <= 1e-9 * max(abs(x), 1) for raw, x in points), (text, points)
+
+
 def check_picking(browser, example):
     browser.open(example, "#view=picked&pick=nMotor&pick=tqMotor&pick=inverter[0].phase[0].sink&pick=noFault")
     rows = """[...document.querySelectorAll("#load tbody tr")].map((row) => [...row.children].map((c) => c.textContent))"""
@@ -328,7 +357,8 @@ def take_screenshots(browser, example):
 def main():
     example = page(SOURCES / "examples/modern.a2l")
     with Browser(FOLDER) as browser:
-        for check in (check_search, check_sorting, check_keyboard_and_link, check_details, check_picking,
+        for check in (check_search, check_sorting, check_keyboard_and_link, check_details, check_conversions,
+                      check_picking,
                       check_accessibility, check_paper, take_screenshots, check_memory, check_differences,
                       check_hostile, check_extremes, check_large):
             start = time.monotonic()

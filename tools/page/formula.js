@@ -120,6 +120,22 @@ function samples(from, to, count = 160) {
   return found.sort((x, y) => x - y);
 }
 
+/// Points of a formula with physical values from the one to the other. Only a small part of the raw values
+/// may have such ones, so it is searched for.
+function pointsWithin(formula, [low, high], from, to) {
+  let points = [];
+  for (let round = 0; round < 3; ++round) {
+    points = samples(low, high).map((raw) => [raw, formula(raw)]);
+    const isWithin = ([, physical]) => physical >= from && physical <= to;
+    const [first, last] = [points.findIndex(isWithin), points.findLastIndex(isWithin)];
+    if (first < 0) return [];
+    low = points[Math.max(first - 1, 0)][0];
+    high = points[Math.min(last + 1, points.length - 1)][0];
+    points = points.slice(first, last + 1);
+  }
+  return points;
+}
+
 /// What the plot of a quantity shows: points [raw, physical], and whether they are steps. Null if there
 /// is nothing to draw.
 function curveOf(row) {
@@ -143,9 +159,7 @@ function curveOf(row) {
     const inverse = conversion.inverse_formula && compiledFormula(conversion.inverse_formula);
     if (inverse) return finite(samples(from, to).map((physical) => [inverse(physical), physical]));
     const direct = compiledFormula(conversion.formula);
-    const [lowest, highest] = rawRange(row);
-    return direct && finite(samples(lowest, highest).map((raw) => [raw, direct(raw)])
-      .filter(([, physical]) => physical >= from && physical <= to));
+    return direct && finite(pointsWithin(direct, rawRange(row), from, to));
   }
   const sets = conversion.coefficients;
   if (sets && conversion.kind !== "LINEAR") {
