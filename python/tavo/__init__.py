@@ -14,7 +14,8 @@ a file that isn't there, is an `OSError`.
 
 from .diagnostics import Diagnostic, Error
 from .library import convert
-from .listing import (Conversion, Description, Interface, Measurement, Row, Source, Transport, read)
+from .listing import (Conversion, Description, Interface, Measurement, Method, Row, Source, Transport,
+                      read)
 
-__all__ = ["Conversion", "Description", "Diagnostic", "Error", "Interface", "Measurement", "Row",
-           "Source", "Transport", "convert", "read"]
+__all__ = ["Conversion", "Description", "Diagnostic", "Error", "Interface", "Measurement", "Method",
+           "Row", "Source", "Transport", "convert", "read"]

@@ -17,6 +17,7 @@ from typing import Any, TypeVar
 
 from .diagnostics import Diagnostic, error_of, warnings_of
 
+_KINDS = "interfaces,sources,measurements,methods"
 _SIZES = {"uint8": 1, "int8": 1, "uint16": 2, "int16": 2, "uint32": 4, "int32": 4, "uint64": 8,
           "int64": 8, "real16": 2, "real32": 4, "real64": 8}
 
@@ -61,6 +62,7 @@ class Source:
     rate: int
     channel: int
     description: str | None = None
+    period: str | None = None
     period_ns: float | None = None
 
 
@@ -89,6 +91,16 @@ class Conversion:
     default: str | float | None = None
     rows: tuple[Row, ...] = ()
     rows_left_out: int | None = None
+
+
+@dataclass(frozen=True, slots=True, kw_only=True)
+class Method(Conversion):
+    """A conversion as it is defined, whether a quantity uses it or not."""
+
+    description: str | None = None
+    unit: str | None = None
+    factor: float | None = None
+    offset: float | None = None
 
 
 @dataclass(frozen=True, slots=True, kw_only=True)
@@ -135,6 +147,7 @@ class Description:
     interfaces: tuple[Interface, ...]
     sources: tuple[Source, ...]
     measurements: tuple[Measurement, ...]
+    methods: tuple[Method, ...]
     warnings: tuple[Diagnostic, ...] = ()
 
 
@@ -144,8 +157,8 @@ def read(path: str | os.PathLike[str], *, strict: bool = False,
     source = os.fspath(path)
     with open(source, "rb"):
         pass  # What the system has against it, it says itself.
-    command = [os.fspath(program), "list", "--format", "json", *(["--strict"] if strict else []),
-               f".{os.sep}{source}" if source.startswith("-") else source]
+    command = [os.fspath(program), "list", "--format", "json", "--kind", _KINDS,
+               *(["--strict"] if strict else []), "--", source]
     run = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, check=False)
     messages = run.stderr.decode("utf-8", errors="replace")
     diagnostics = _diagnostics_in(messages)
@@ -157,6 +170,7 @@ def read(path: str | os.PathLike[str], *, strict: bool = False,
     return Description(interfaces=tuple(map(_interface, listing["interfaces"])),
                        sources=tuple(_made(Source, source) for source in listing["sources"]),
                        measurements=tuple(map(_measurement, listing["measurements"])),
+                       methods=tuple(_conversion(Method, method) for method in listing["methods"]),
                        warnings=warnings_of(diagnostics))
 
 
@@ -179,10 +193,13 @@ def _interface(members: dict[str, Any]) -> Interface:
 def _measurement(members: dict[str, Any]) -> Measurement:
     if "conversion" not in members:
         return _made(Measurement, members)
-    conversion = members["conversion"]
+    return _made(Measurement, members, conversion=_conversion(Conversion, members["conversion"]))
+
+
+def _conversion(kind: type[_Class], members: dict[str, Any]) -> _Class:
     rows = tuple(_made(Row, row, **({"from_": row["from"]} if "from" in row else {}))
-                 for row in conversion.get("rows", ()))
-    return _made(Measurement, members, conversion=_made(Conversion, conversion, rows=rows))
+                 for row in members.get("rows", ()))
+    return _made(kind, members, rows=rows)
 
 
 def _diagnostics_in(messages: str) -> list[Diagnostic]:

@@ -19,7 +19,7 @@ import tavo
 SOURCES = Path(sys.argv.pop())
 GOLDEN = SOURCES / "tests/golden"
 CLASSES = {"interface": tavo.Interface, "transport": tavo.Transport, "source": tavo.Source,
-           "measurement": tavo.Measurement, "conversion": tavo.Conversion}
+           "measurement": tavo.Measurement, "conversion": tavo.Conversion, "method": tavo.Method}
 
 
 def members_of(value):
@@ -56,14 +56,15 @@ class PackageTest(unittest.TestCase):
         count = 0
         for path in [*SOURCES.glob("examples/*.a2l"), *GOLDEN.glob("ok-*.a2l")]:
             for strict in (False, True):
-                command = ["tavo", "list", "-q", "--format", "json", path] + ["--strict"] * strict
+                command = ["tavo", "list", "-q", "--format", "json", path, "--kind",
+                           "interfaces,sources,measurements,methods"] + ["--strict"] * strict
                 run = subprocess.run(command, capture_output=True)
                 if run.returncode != 0:
                     continue
                 count += 1
                 read = dataclasses.replace(tavo.read(path, strict=strict), warnings=())
-                listing = {"interfaces": [], "sources": [], "measurements": [], **members_of(read)}
-                self.assertEqual(listing, {**listing, **without_nulls(json.loads(run.stdout))}, path)
+                listing = without_nulls(json.loads(run.stdout))
+                self.assertEqual(members_of(read), listing, path)
         self.assertGreater(count, 20)
 
     def test_convert_writes_the_bytes_of_the_program_from_any_thread(self):
