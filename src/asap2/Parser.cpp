@@ -69,7 +69,27 @@ void Parser::parseProject(const Mark& begin)
 /// /begin MODULE name longIdentifier { /begin block } /end MODULE
 void Parser::parseModule(const Mark& begin)
 {
-    passOverFields(Block::Module, 2);
+    if (!faultSink_) {
+        passOverFields(Block::Module, 2);
+        return parseModuleBlocks(begin);
+    }
+    bool isBroken = false;
+    for (;;) {
+        try {
+            if (!isBroken)
+                passOverFields(Block::Module, 2);
+            else if (!resumeModule())
+                return;
+            return parseModuleBlocks(begin);
+        } catch (const Fault& fault) {
+            keepFault(fault);
+            isBroken = true;
+        }
+    }
+}
+
+void Parser::parseModuleBlocks(const Mark& begin)
+{
     parseOptions(Block::Module, "MODULE", begin,
                  [this](Option option, const Mark& place) { parseModuleBlock(option, place); });
 }

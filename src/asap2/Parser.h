@@ -4,6 +4,7 @@
 #include "asap2/Scanner.h"
 #include "asap2/Types.h"
 #include "asap2/options.h"
+#include "base/Diagnostic.h"
 #include "base/Notices.h"
 #include "inventory/Inventory.h"
 
@@ -48,10 +49,16 @@ private:
 class Parser
 {
 public:
+    /// Gets a fault that the reading got over, or a note about where it goes on.
+    using FaultSink = std::function<void(Severity severity, Place place, const std::string& text)>;
+
     /// All three outlive the parser; a description is open in the scanner.
     Parser(Scanner& scanner, Inventory& inventory, Notices& notices);
 
     void parse();
+    /// The same, but after a fault the reading goes on with the next block of the module. False if
+    /// there was a fault.
+    bool parseAll(const FaultSink& sink);
 
 private:
     // Tokens and blocks.
@@ -64,6 +71,8 @@ private:
     void parseOptions(Block block, std::string_view word, const Mark& begin, Handle handle);
     template <class Handle> void parseOption(Block block, const Mark& begin, Handle handle);
     template <class Handle> void parseInnerBlock(Block block, Handle handle);
+    template <class Handle>
+    void parseNamedBlock(Block block, const Mark& begin, std::string_view word, Handle handle);
     void passOverUnknown(Block block);
     void ignoreOption(const OptionRow& row);
 
@@ -86,6 +95,10 @@ private:
     // The frame of a file.
     void parseProject(const Mark& begin);
     void parseModule(const Mark& begin);
+    void parseModuleBlocks(const Mark& begin);
+    bool resumeModule();
+    void keepFault(const Fault& fault);
+    void reportPassedOver(Place place);
     void parseModuleBlock(Option option, const Mark& begin);
     void parseModCommon(const Mark& begin);
     ByteOrder byteOrderOf(std::string_view word);
@@ -148,6 +161,10 @@ private:
     std::map<Protocol, KnownSources> knownSources_;
     bool hasMatrix_ = false;           ///< The quantity in hand has a MATRIX_DIM.
     Protocol section_ = Protocol::Ccp; ///< Of the IF_DATA in hand.
+    FaultSink faultSink_;              ///< Empty if the first fault ends the reading.
+    Place lastFault_;                  ///< Where the last one was that the reading got over.
+    unsigned faultCount_ = 0;          ///< Of those.
+    bool isCutShort_ = false;          ///< After a fault, the file ended before the module did.
     unsigned leftOutCount_ = 0;        ///< Things that were left out with a warning of their own.
     bool isSetWrong_ = false; ///< A COEFFS or COEFFS_LINEAR of the method in hand is no set.
 };
@@ -193,7 +210,13 @@ template <class Handle> void Parser::parseOption(Block block, const Mark& begin,
 template <class Handle> void Parser::parseInnerBlock(Block block, Handle handle)
 {
     const Mark begin(scanner_);
-    const std::string_view word = beginBlock(begin);
+    parseNamedBlock(block, begin, beginBlock(begin), handle);
+}
+
+/// The word of the block is current.
+template <class Handle>
+void Parser::parseNamedBlock(Block block, const Mark& begin, std::string_view word, Handle handle)
+{
     const OptionRow row = findBlock(block, word);
     if (block == Block::Ccp || block == Block::Xcp) // its first block makes an interface
         interfaceOf(section_);

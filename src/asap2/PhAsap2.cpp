@@ -20,11 +20,16 @@ template <class Open> int PhAsap2::readWith(Open open, Inventory& inventory)
     Notices notices(verbose_ ? Notices::Sink(warn) : Notices::Sink());
     try {
         open(scanner);
-        Parser(scanner, inventory, notices).parse();
+        Parser parser(scanner, inventory, notices);
+        bool isFaultless = true;
+        if (goesOn_)
+            isFaultless = parser.parseAll(report);
+        else
+            parser.parse();
         readError_ = scanner.readError();
         if (!verbose_)
             notices.report(warn);
-        return 0;
+        return isFaultless ? 0 : -1;
     } catch (const OpenFailure& failure) {
         errno = failure.number();
         return -2;

@@ -37,6 +37,9 @@ public:
     void setLogger(PhLogger* logger) { logger_ = logger; }
     /// Each warning by itself, when it comes.
     void setVerbose(bool verbose) { verbose_ = verbose; }
+    /// Goes on after an error with the next block of the module, as far as there is one, and
+    /// notes what it has passed over. The result is -1 all the same.
+    void setGoesOn(bool goesOn) { goesOn_ = goesOn; }
     void setWatch(SourceFile::Watch watch) { watch_ = std::move(watch); }
 
     /// The system's number of the error at which the file could be read no further, or 0. The
@@ -50,6 +53,7 @@ private:
     SourceFile::Watch watch_;
     PhLogger* logger_ = nullptr;
     bool verbose_ = false;
+    bool goesOn_ = false;
     int readError_ = 0;
 };
 

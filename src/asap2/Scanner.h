@@ -6,9 +6,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tavo {
@@ -40,6 +42,13 @@ public:
     /// The same with a description in memory, which outlives the scanner. The path is its name, and
     /// where included files are looked for.
     void use(std::string_view description, const std::string& path = "");
+
+    /// Gets the fault of an included file that can't be read; the reading goes on after the include
+    /// then. Without a sink, the fault ends the reading.
+    void setIncludeSink(std::function<void(const Fault& fault)> sink)
+    {
+        includeSink_ = std::move(sink);
+    }
 
     Token token() const { return token_; }
     /// What the current word or text says; a text without its quotes and with its escapes resolved.
@@ -154,6 +163,7 @@ private:
     Place editedPlace_;               ///< Where that text begins.
     std::vector<std::unique_ptr<Input>> inputs_; ///< The description, and what is included in it.
     std::vector<std::string> fileNames_;
+    std::function<void(const Fault& fault)> includeSink_;
     int readError_ = 0;
 };
 

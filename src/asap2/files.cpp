@@ -209,8 +209,15 @@ void Scanner::include()
     const Place begin = place();
     next_ += keywordLength(Keyword::Include);
     const std::string name = includedName(begin);
-    if (!holdsInterfaceFormat(name))
+    if (holdsInterfaceFormat(name))
+        return;
+    try {
         enter(name, begin);
+    } catch (const Fault& fault) {
+        if (!includeSink_)
+            throw;
+        includeSink_(fault);
+    }
 }
 
 /// The name after the keyword, in quotes or without. A backslash is one, and no escape.

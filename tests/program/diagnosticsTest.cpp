@@ -1,6 +1,7 @@
 #include "Program.h"
 #include "support/conversion.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
@@ -101,7 +102,9 @@ TEST_F(DiagnosticsTest, AKindOfWarningComesOnceWithItsCountAndFirstPlace)
         inModule(x + "\n/include part.a2l\n  " + y + "\n/begin COMPU_METHOD c" + method +
                  "\n/begin COMPU_METHOD d" + method);
     write("part.a2l", "\n/begin MEASUREMENT p 1 /end MEASUREMENT");
-    const std::string under = std::string(1, '\n') + std::string(44, ' ') + "^\n";
+    std::string under(47, ' ');
+    under.front() = under.back() = '\n';
+    under[45] = '^';
     const std::string word = ": warning: Unknown word 'x' is passed over";
     const std::string included =
         "part.a2l:2:22: warning: MEASUREMENT 'p' is left out: its description "
@@ -158,6 +161,44 @@ TEST_F(DiagnosticsTest, HintsSayWhatProbablyHelps)
                   *c.hint ? std::string(c.hint) + "\n" : "")
             << text;
     }
+}
+
+TEST_F(DiagnosticsTest, CheckGoesOnAfterAnError)
+{
+    const std::string quantity = " \"\" UWORD NO_COMPU_METHOD 0 0 0 1 ";
+    const std::string text =
+        said(inModule("/include missing\n/begin MEASUREMENT a" + quantity +
+                      "/end MEASUREMNT\n/begin IF_DATA XCP /end IF_DATA\n/end MEASUREMENT\n"
+                      "/begin GROUP g \"\" /end GRUOP\n/begin MEASUREMENT b" +
+                      quantity + "/end MEASUREMENT\n/begin MEASUREMENT c" + quantity),
+             "check");
+    std::string lines;
+    for (std::size_t at = 0; (at = text.find("d.a2l:", at)) != std::string::npos;) {
+        const std::size_t end = text.find('\n', at);
+        lines += text.substr(at + 6, end - at - 5);
+        at = end;
+    }
+    EXPECT_EQ(lines, "3:1: error: The included file 'missing' doesn't exist\n"
+                     "4:60: error: '/end MEASUREMNT' found in the block 'MEASUREMENT' of line 4\n"
+                     "7:1: note: What follows the error in line 4 is passed over up to here\n"
+                     "7:24: error: '/end GRUOP' found in the block 'GROUP' of line 7\n"
+                     "10:6: error: '/end MODULE' found in the block 'MEASUREMENT' of line 9\n");
+    EXPECT_TRUE(text.ends_with("hint: an '/end MEASUREMENT' is missing\n"));
+    // It finds an error where the others do.
+    for (const auto& entry : std::filesystem::directory_iterator(TAVO_GOLDEN_FOLDER)) {
+        if (entry.path().extension() != ".a2l")
+            continue;
+        const ProgramRun checked = tavo("check -q " + entry.path().string());
+        const ProgramRun listed = tavo("list -q " + entry.path().string());
+        EXPECT_EQ(checked.exitCode, listed.exitCode) << entry.path();
+        EXPECT_TRUE(checked.err.starts_with(listed.err)) << checked.err;
+    }
+    // A hundred errors are enough.
+    std::string many;
+    for (int i = 0; i < 1000; ++i)
+        many += "/begin GROUP g \"\" /end x\n";
+    const std::string much = said(inModule(many), "check -q");
+    EXPECT_EQ(std::count(much.begin(), much.end(), '^'), 101);
 }
 
 TEST_F(DiagnosticsTest, StrictCheckTellsWhatStrictReadingChanges)

@@ -31,6 +31,8 @@ public:
     /// One that wasn't read yet.
     static std::unique_ptr<Description> make(const std::string& file, Dialect dialect);
     virtual ~Description() = default;
+    /// Lets `read` go on after an error, where the dialect can do that, to find others.
+    void setGoesOn() { goesOn_ = true; }
     Description(const Description&) = delete;
     Description& operator=(const Description&) = delete;
 
@@ -57,6 +59,7 @@ protected:
 
     /// What `read` does with an input that may be a description.
     virtual ExitCode readInput(Diagnostics& diagnostics) = 0;
+    bool goesOn() const { return goesOn_; }
 
     virtual Inventory& changeableInventory() = 0;
     /// The inventory has less than what was read.
@@ -66,6 +69,7 @@ private:
     std::string path_;
     std::string name_;
     Dialect dialect_;
+    bool goesOn_ = false;
     std::shared_ptr<const Input> input_;
     bool isSelected_ = false;
 };

@@ -41,6 +41,7 @@ ExitCode WideDescription::readInput(Diagnostics& diagnostics)
     PhAsap2 reader(file().c_str());
     reader.setLogger(&diagnostics);
     reader.setVerbose(diagnostics.volume() == Volume::Verbose);
+    reader.setGoesOn(goesOn());
     if (diagnostics.showsProgress())
         reader.setWatch([&](std::uint64_t bytesRead) { progress.advance(bytesRead); });
     const int status = readWide(reader, input(), inventory_);

@@ -17,6 +17,7 @@ ExitCode checkOne(const std::string& file, const Options& options, Diagnostics& 
     const unsigned formerErrors = diagnostics.errorCount();
     const unsigned formerWarnings = diagnostics.warningCount();
     const auto description = Description::make(file, options.dialect);
+    description->setGoesOn();
     const ExitCode status = description->read(diagnostics);
     if (status == ExitCode::AllWell) {
         description->reportLosses(diagnostics);

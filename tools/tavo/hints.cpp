@@ -2,6 +2,7 @@
 
 #include "Suggestion.h"
 #include "base/Diagnostic.h"
+#include "base/Notices.h"
 #include "base/paths.h"
 
 #include <algorithm>
@@ -65,8 +66,12 @@ std::string hintFor(const Diagnostic& diagnostic)
         if (const std::string_view word = quotedAfter(text, part); !word.empty())
             return didYouMean(nearestWord(word));
     if (text.starts_with("'/end ")) {
-        Suggestion suggestion(quotedAfter(text, "'/end "));
-        suggestion.consider(quotedAfter(text, "in the block '"));
+        const std::string_view word = quotedAfter(text, "'/end ");
+        const std::string_view block = quotedAfter(text, "in the block '");
+        if ((word == "MODULE" || word == "PROJECT") && block != "MODULE")
+            return joined({"an '/end ", block, "' is missing"});
+        Suggestion suggestion(word);
+        suggestion.consider(block);
         return suggestion.isFound() ? didYouMean("/end " + suggestion.best()) : "";
     }
     if (text.ends_with("' doesn't exist")) {
