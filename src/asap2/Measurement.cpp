@@ -10,7 +10,7 @@ DataType dataTypeOf(std::string_view word)
 {
     for (DataType type = DataType::UByte; type <= DataType::Float64;
          type = static_cast<DataType>(static_cast<int>(type) + 1))
-        if (word == dataTypeWord(type))
+        if (sameBytes(word, dataTypeWord(type)))
             return type;
     return DataType::None;
 }
@@ -77,7 +77,7 @@ bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quanti
     }
     quantity.name = text(0);
     quantity.description = text(1);
-    if (text(3) != noMethod)
+    if (!sameBytes(text(3), noMethod))
         quantity.methodName = inventory_.methodNames.number(text(3), fields_[3].prepared);
     quantity.lower = limitOf(number(6));
     quantity.upper = limitOf(number(7));

@@ -2,6 +2,7 @@
 
 #include "asap2/Fault.h"
 #include "asap2/SourceFile.h"
+#include "base/sameBytes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -54,7 +55,10 @@ public:
     /// What the current word or text says; a text without its quotes and with its escapes resolved.
     /// Valid until the next token.
     std::string_view text() const { return text_; }
-    bool isWord(std::string_view word) const { return token_ == Token::Word && text_ == word; }
+    bool isWord(std::string_view word) const
+    {
+        return token_ == Token::Word && sameBytes(text_, word);
+    }
     /// Where the current token begins.
     Place place();
     /// Goes on to the next token.

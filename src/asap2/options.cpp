@@ -1,5 +1,7 @@
 #include "asap2/options.h"
 
+#include "base/sameBytes.h"
+
 #include <array>
 #include <cstddef>
 
@@ -99,7 +101,7 @@ OptionRow find(Block block, Form form, std::string_view word)
         const Row& row = rows[slots[slot]];
         const bool fits = (row.block == block || row.block == Block::Any) &&
                           (row.form == form || row.form == Form::Either);
-        if (fits && row.word == word)
+        if (fits && sameBytes(row.word, word))
             return row.result;
     }
     // One for each data type that an edition of the standard adds.

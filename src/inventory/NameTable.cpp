@@ -1,5 +1,7 @@
 #include "inventory/NameTable.h"
 
+#include "base/sameBytes.h"
+
 #include <chrono>
 #include <cstring>
 #include <random>
@@ -55,7 +57,7 @@ std::size_t NameTable::slotOf(std::string_view name, std::uint64_t hash) const
     const std::size_t mask = slots_.size() - 1;
     std::size_t slot = static_cast<std::size_t>(hash) & mask;
     while (slots_[slot].number != 0 &&
-           (slots_[slot].tag != tagOf(hash) || names_[slots_[slot].number - 1] != name))
+           (slots_[slot].tag != tagOf(hash) || !sameBytes(names_[slots_[slot].number - 1], name)))
         slot = (slot + 1) & mask;
     return slot;
 }
