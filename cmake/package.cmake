@@ -24,7 +24,7 @@ foreach(component IN ITEMS tavo libtavo-dev)
   install(
     FILES docs/dialect-strict.md docs/dialect-wide.md docs/output-format.md docs/embedding.md
       docs/csharp.md docs/many-files.md docs/page.md docs/performance.md docs/reliability.md
-      docs/listing.schema.json docs/differences.schema.json
+      docs/listing.schema.json docs/differences.schema.json docs/check.schema.json
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs COMPONENT ${component})
   install(FILES python/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/python COMPONENT ${component})
   install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT ${component})

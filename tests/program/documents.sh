@@ -70,6 +70,7 @@ expect "--format" tavo list --f
 expect "json" tavo list --format j
 expect "csv" tavo list --format = c
 expect "json text" tavo diff --format ""
+expect "sarif" tavo check --format s
 expect "gone" tavo diff --only g
 expect "measurements methods" tavo list --kind me
 expect "$folder/a.a2l $folder/b.A2L" tavo check "$folder/"

@@ -114,7 +114,13 @@ void Diagnostics::report(const Diagnostic& diagnostic)
     reportWithHint(diagnostic, diagnostic.file ? hintFor(diagnostic) : "");
 }
 
-void Diagnostics::advise(const std::string& hint) { console_.write(hintLine(hint)); }
+void Diagnostics::advise(const std::string& hint)
+{
+    if (!findings_)
+        console_.write(hintLine(hint));
+    else if (!findings_->empty())
+        findings_->back().hint = hint;
+}
 
 std::string Diagnostics::hintLine(const std::string& hint) const
 {
@@ -130,13 +136,19 @@ void Diagnostics::reportWithHint(const Diagnostic& diagnostic, const std::string
     warningCount_ += diagnostic.severity == Severity::Warning;
     if (!isError && volume_ == Volume::Quiet)
         return;
+    const Excerpt excerpt = diagnostic.file ? sources_.excerpt(diagnostic) : Excerpt();
+    if (findings_) {
+        findings_->push_back({diagnostic.severity, diagnostic.file ? diagnostic.file : "",
+                              diagnostic.line, excerpt.column,
+                              std::string(withoutWord(diagnostic.text)), hint});
+        return;
+    }
     const bool colored = console_.hasColors();
     std::string lines;
     const auto add = [&](const char* color, std::string_view part) {
         lines.append(colored ? color : "").append(part).append(":");
         lines.append(colored ? plain : "").append(" ");
     };
-    const Excerpt excerpt = diagnostic.file ? sources_.excerpt(diagnostic) : Excerpt();
     add(bold, printable(placeOf(diagnostic, excerpt.column)));
     const auto& severity = shownSeverities[static_cast<int>(diagnostic.severity)];
     add(severity.color, severity.word);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Finding.h"
 #include "SourceLines.h"
 #include "base/PhLogger.h"
 
@@ -55,6 +56,10 @@ public:
     /// itself: "tavo: error: TEXT".
     void report(const Diagnostic& diagnostic) override;
 
+    /// From now on, what there is to report goes here, and not to the console; null for the
+    /// console.
+    void collect(std::vector<Finding>* findings) { findings_ = findings; }
+
     /// What helps with the last one.
     void advise(const std::string& hint);
 
@@ -72,6 +77,7 @@ private:
     Console& console_;
     Volume volume_;
     SourceLines sources_;
+    std::vector<Finding>* findings_ = nullptr;
     unsigned errorCount_ = 0;
     unsigned warningCount_ = 0;
 };

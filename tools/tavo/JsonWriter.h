@@ -51,6 +51,14 @@ public:
         text_.append(json);
     }
 
+    /// Begins another line before the next value.
+    void lineBreak()
+    {
+        separate();
+        text_.push_back('\n');
+        needsComma_ = false;
+    }
+
     template <class Value> void member(const char* name, const Value& content)
     {
         key(name);

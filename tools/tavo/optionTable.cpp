@@ -38,6 +38,7 @@ void setVolume(Options& options, Volume volume)
 constexpr unsigned mostJobs = 256;
 constexpr const char* colorChoices = "auto always never";
 constexpr const char* listFormats = "table csv json";
+constexpr const char* checkFormats = "gcc json sarif";
 constexpr const char* diffFormats = "text json";
 constexpr const char* changeWords = "added gone renamed moved changed";
 
@@ -130,6 +131,7 @@ Examples:
 Examples:
   tavo check ecu.a2l
   tavo check --strict ecu.a2l
+  tavo check ecu.a2l --format sarif > ecu.sarif
   xz -dc ecu.a2l.xz | tavo check -
   tavo check --quiet --werror *.a2l || echo 'something is wrong'
 )",
@@ -226,6 +228,10 @@ constexpr ProgramOption options[] = {
              const bool isDescending = word.starts_with('-');
              o.sortKeys.push_back({column(word.substr(isDescending ? 1 : 0)), isDescending});
          });
+     }},
+    {0, "format", "FORMAT", checkFormats, onCheck, "gcc, json or sarif",
+     [](Options& o, const std::string& value) {
+         o.checkFormat = chosen<CheckFormat>(checkFormats, value);
      }},
     {0, "format", "FORMAT", diffFormats, onDiff, "text or json",
      [](Options& o, const std::string& value) {

@@ -20,6 +20,14 @@ enum class ListFormat : std::uint8_t
     Json
 };
 
+/// How what `check` finds is reported.
+enum class CheckFormat : std::uint8_t
+{
+    Gcc, ///< As compilers report it, for people and editors.
+    Json,
+    Sarif
+};
+
 enum class DiffFormat : std::uint8_t
 {
     Text,
@@ -62,6 +70,7 @@ struct Options
     std::vector<SortKey> sortKeys;
 
     // diff
+    CheckFormat checkFormat = CheckFormat::Gcc;
     DiffFormat diffFormat = DiffFormat::Text;
     ChangeSet shownChanges = allChanges;
 };

@@ -240,9 +240,8 @@ void PageData::putTexts()
 {
     putColumn("description",
               [](PageColumn& column, const Quantity& q) { column.putText(q.description); });
-    putColumn("type", [](PageColumn& column, const Quantity& q) {
-        column.putText(dataTypeText(q.type));
-    });
+    putColumn("type",
+              [](PageColumn& column, const Quantity& q) { column.putText(dataTypeText(q.type)); });
     putColumn("byte_order", [&](PageColumn& column, const Quantity& q) {
         const char* text = byteOrderText(inventory_.byteOrderOf(q));
         column.putText(text ? std::optional<std::string_view>(text) : std::nullopt);

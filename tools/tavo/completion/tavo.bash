@@ -42,11 +42,10 @@ _tavo() {
         return
         ;;
     --format)
-        if [ "$command" = diff ]; then
-            mapfile -t COMPREPLY < <(compgen -W "text json" -- "$current")
-        else
-            mapfile -t COMPREPLY < <(compgen -W "table csv json" -- "$current")
-        fi
+        local formats="table csv json"
+        [ "$command" != check ] || formats="gcc json sarif"
+        [ "$command" != diff ] || formats="text json"
+        mapfile -t COMPREPLY < <(compgen -W "$formats" -- "$current")
         return
         ;;
     --kind)
@@ -77,7 +76,7 @@ _tavo() {
     case "$command" in
     convert) options+=" $selection --enable --force --output-dir --jobs --strict --werror" ;;
     normalize) options+=" --force --output-dir --jobs --werror" ;;
-    check) options+=" --strict --werror" ;;
+    check) options+=" --format --strict --werror" ;;
     list) options+=" $selection --format --kind --columns --sort --strict" ;;
     diff) options+=" --format --only --strict" ;;
     page) options+=" --force --strict" ;;
