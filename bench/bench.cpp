@@ -1,4 +1,4 @@
-// Whole conversions against the floor loop over the same bytes, each in a process of its own.
+// Whole conversions against two floors over the same bytes, each in a process of its own.
 //
 // usage: tavo-bench FOLDER-OF-PROGRAMS HOST
 
@@ -106,9 +106,9 @@ void largeConversions(const Place& place)
     run({place.programs + "/tavo-generate", place.input, "0.001"});
     const double empty = run({place.host, place.input, place.output}).megabytes;
 
-    std::printf("%-22s %6s %8s | %8s %6s %6s %5s %6s | %8s %6s %6s %5s\n", "description", "MB",
-                "floor s", "strict s", "ratio", "MB/s", "peak", "growth", "wide s", "ratio",
-                "strict", "peak");
+    std::printf("%-22s %6s %8s %8s | %8s %6s %6s %5s %6s | %8s %6s %6s %5s\n", "description", "MB",
+                "lines s", "floor s", "strict s", "ratio", "MB/s", "peak", "growth", "wide s",
+                "ratio", "strict", "peak");
     double sizeBefore = 0.0;
     double secondsBefore = 0.0;
     for (const Plan& plan : plans) {
@@ -121,15 +121,18 @@ void largeConversions(const Place& place)
         run(generate);
         const double size = static_cast<double>(std::filesystem::file_size(place.input)) / 1e6;
         const int runs = size < 30 ? 25 : 7;
-        const std::vector<Usage> usages = compare({{place.programs + "/tavo-floor", place.input},
-                                                   {place.host, place.input, place.output},
-                                                   {place.wideHost, place.input, place.output}},
-                                                  runs);
+        const std::vector<Usage> usages =
+            compare({{place.programs + "/tavo-floor", "tokens", place.input},
+                     {place.programs + "/tavo-floor", "lines", place.input},
+                     {place.host, place.input, place.output},
+                     {place.wideHost, place.input, place.output}},
+                    runs);
         const Usage& floor = usages[0];
-        const Usage& strict = usages[1];
-        const Usage& wide = usages[2];
-        std::printf("%-22s %6.1f %8.4f | %8.4f %6.2f %6.0f %5.2f ", name.c_str(), size,
-                    floor.seconds, strict.seconds, strict.seconds / floor.seconds,
+        const Usage& lines = usages[1];
+        const Usage& strict = usages[2];
+        const Usage& wide = usages[3];
+        std::printf("%-22s %6.1f %8.4f %8.4f | %8.4f %6.2f %6.0f %5.2f ", name.c_str(), size,
+                    lines.seconds, floor.seconds, strict.seconds, strict.seconds / floor.seconds,
                     size / strict.seconds, (strict.megabytes - empty) / size);
         if (plan.comparedWithTheOneBefore)
             std::printf("%6.2f", strict.seconds / secondsBefore / (size / sizeBefore));
@@ -142,9 +145,9 @@ void largeConversions(const Place& place)
         secondsBefore = strict.seconds;
     }
     std::printf(
-        "\nratio: of the time to the floor's; peak: memory, divided by the size; growth: of "
-        "the time,\ndivided by that of the size, against the row above; strict: of the time "
-        "to strict reading's\n");
+        "\nlines: counts line feeds; floor: splits into tokens; ratio: of the time to the floor's; "
+        "peak: memory,\ndivided by the size; growth: of the time, divided by that of the size, "
+        "against the row above; strict: of\nthe time to strict reading's\n");
 }
 
 void smallConversions(const Place& place, const std::string& output)

@@ -13,7 +13,6 @@ enum Class : unsigned char
     Word,
     Quote,
     Slash,
-    Star,
     Other
 };
 
@@ -28,67 +27,13 @@ constexpr std::array<unsigned char, 256> makeClasses()
     }
     classes['"'] = Quote;
     classes['/'] = Slash;
-    classes['*'] = Star;
     return classes;
 }
 
 constexpr std::array<unsigned char, 256> classes = makeClasses();
 
-} // namespace
-
-void FloorLoop::feed(const unsigned char* bytes, std::size_t size)
-{
-    State state = state_;
-    std::size_t tokens = tokens_;
-    for (const unsigned char* p = bytes; p != bytes + size; ++p) {
-        const unsigned char kind = classes[*p];
-        switch (state) {
-        case Between:
-        between:
-            if (kind == Word) {
-                ++tokens;
-                state = InWord;
-            } else if (kind == Quote) {
-                ++tokens;
-                state = InString;
-            } else if (kind == Slash) {
-                state = AfterSlash;
-            } else if (kind != Blank) {
-                ++tokens;
-            }
-            break;
-        case InWord:
-            if (kind != Word) {
-                state = Between;
-                goto between;
-            }
-            break;
-        case InString:
-            if (kind == Quote)
-                state = Between;
-            break;
-        case AfterSlash:
-            if (kind == Star) {
-                state = InComment;
-            } else {
-                ++tokens;
-                state = InWord;
-            }
-            break;
-        case InComment:
-            if (kind == Star)
-                state = AfterStar;
-            break;
-        case AfterStar:
-            state = kind == Slash ? Between : kind == Star ? AfterStar : InComment;
-            break;
-        }
-    }
-    state_ = state;
-    tokens_ = tokens;
-}
-
-std::size_t FloorLoop::tokensOf(const char* path)
+/// Hands a file over in blocks.
+template <class Feed> void forEachBlock(const char* path, Feed feed)
 {
     constexpr std::size_t blockSize = 65536;
     const std::unique_ptr<unsigned char[]> block(new unsigned char[blockSize]);
@@ -98,9 +43,94 @@ std::size_t FloorLoop::tokensOf(const char* path)
         std::exit(1);
     }
     std::setvbuf(file, nullptr, _IONBF, 0);
-    FloorLoop loop;
     while (const std::size_t size = std::fread(block.get(), 1, blockSize, file))
-        loop.feed(block.get(), size);
+        feed(block.get(), size);
     std::fclose(file);
+}
+
+} // namespace
+
+/// Each state goes over its characters by itself, so that a loop holds no more than its own test.
+void FloorLoop::feed(const unsigned char* p, std::size_t size)
+{
+    const unsigned char* const end = p + size;
+    State state = state_; // in registers, as is the next
+    std::size_t tokens = tokens_;
+    const auto runTo = [&](auto stops) {
+        while (p != end && !stops(*p))
+            ++p;
+    };
+    while (p != end) {
+        switch (state) {
+        case Between:
+            runTo([](unsigned char c) { return classes[c] != Blank; });
+            if (p == end)
+                break;
+            ++tokens;
+            switch (classes[*p++]) {
+            case Word:
+                state = InWord;
+                break;
+            case Quote:
+                state = InText;
+                break;
+            case Slash:
+                state = AfterSlash;
+                break;
+            default:
+                break;
+            }
+            break;
+        case InWord:
+            runTo([](unsigned char c) { return classes[c] != Word; });
+            if (p != end)
+                state = Between;
+            break;
+        case InText:
+            runTo([](unsigned char c) { return c == '"' || c == '\\'; });
+            if (p != end)
+                state = *p++ == '"' ? Between : AfterBackslash;
+            break;
+        case AfterBackslash:
+            ++p;
+            state = InText;
+            break;
+        case AfterSlash:
+            state = *p++ == '*' ? InComment : InWord;
+            tokens -= state == InComment;
+            break;
+        case InComment:
+            runTo([](unsigned char c) { return c == '*'; });
+            if (p != end)
+                state = AfterStar, ++p;
+            break;
+        case AfterStar:
+            runTo([](unsigned char c) { return c != '*'; });
+            if (p != end)
+                state = *p++ == '/' ? Between : InComment;
+            break;
+        }
+    }
+    state_ = state;
+    tokens_ = tokens;
+}
+
+std::size_t FloorLoop::tokensOf(const char* path)
+{
+    FloorLoop loop;
+    forEachBlock(path,
+                 [&](const unsigned char* bytes, std::size_t size) { loop.feed(bytes, size); });
     return loop.tokens();
+}
+
+std::size_t FloorLoop::linesOf(const char* path)
+{
+    std::size_t lines = 0;
+    forEachBlock(path, [&](const unsigned char* bytes, std::size_t size) {
+        std::size_t count = 0; // of its own, so that the compiler adds many at a time
+        for (std::size_t i = 0; i < size; ++i)
+            count += bytes[i] == '\n';
+        lines += count;
+    });
+    return lines;
 }
