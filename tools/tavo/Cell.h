@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace tavo {
@@ -17,5 +18,9 @@ struct Pattern
 /// A value of a description. A text is valid UTF-8; nothing at all says that there is no such
 /// thing.
 using Cell = std::variant<std::monostate, std::string, std::int64_t, double, Pattern>;
+
+/// The same without a text of its own: a text is bytes of the description, or of the scratch that
+/// its maker was given.
+using CellView = std::variant<std::monostate, std::string_view, std::int64_t, double, Pattern>;
 
 } // namespace tavo

@@ -15,6 +15,7 @@ namespace tavo {
 class Digits
 {
 public:
+    Digits() = default;
     explicit Digits(const Pattern& pattern)
     {
         digits_[0] = '0';
@@ -23,17 +24,23 @@ public:
     }
     explicit Digits(std::int64_t number) { set(0, number); }
     explicit Digits(std::uint64_t number) { set(0, number); }
-    /// As many as distinguish it from its neighbours. Small integers have the same digits as such,
-    /// which are found sooner.
+    /// As many as distinguish it from its neighbours. Small integers and short decimals, of which
+    /// descriptions are full, are found sooner than by `to_chars`, and are the same.
     explicit Digits(double number)
     {
-        const bool isSmall = std::fabs(number) < 100000.0;
-        const auto integer = isSmall ? static_cast<std::int64_t>(number) : 0;
-        if (isSmall && static_cast<double>(integer) == number &&
-            (integer != 0 || !std::signbit(number)))
-            set(0, integer);
-        else
+        constexpr double scale = 1000.0;
+        if (!(std::fabs(number) < 1e9) || (number == 0.0 && std::signbit(number))) {
             set(0, number);
+            return;
+        }
+        const auto thousandths = static_cast<std::int64_t>(std::round(number * scale));
+        const std::int64_t rest = thousandths % 1000;
+        // Of decimals with 15 digits at most, no two are the same double.
+        if (static_cast<double>(thousandths) / scale != number ||
+            (rest == 0 && std::fabs(number) >= 100000.0))
+            set(0, number);
+        else
+            setDecimal(thousandths, static_cast<unsigned>(rest < 0 ? -rest : rest));
     }
 
     std::string_view text() const { return {digits_.data(), size_}; }
@@ -45,6 +52,20 @@ public:
     }
 
 private:
+    void setDecimal(std::int64_t thousandths, unsigned rest)
+    {
+        if (thousandths < 0)
+            digits_[size_++] = '-';
+        set(size_, (thousandths < 0 ? -thousandths : thousandths) / 1000);
+        if (rest == 0)
+            return;
+        digits_[size_++] = '.';
+        for (unsigned place = 100; rest != 0; place /= 10) {
+            digits_[size_++] = static_cast<char>('0' + rest / place);
+            rest %= place;
+        }
+    }
+
     template <class... Number> void set(std::size_t begin, Number... number)
     {
         char* const end = digits_.data() + digits_.size();
@@ -52,8 +73,8 @@ private:
                                          digits_.data());
     }
 
-    std::array<char, 40> digits_;
-    std::size_t size_ = 0;
+    std::array<char, 40> digits_{};
+    std::size_t size_ = 0; ///< 0 of no number.
 };
 
 } // namespace tavo

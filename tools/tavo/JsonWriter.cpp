@@ -29,10 +29,13 @@ constexpr std::array<char, 256> escapes = [] {
 
 void JsonWriter::value(std::string_view text)
 {
-    const std::string made = isAscii(text) ? std::string() : toUtf8(text);
-    const std::string_view valid = made.empty() ? text : made;
     separate();
     text_.push_back('"');
+    if (isPlain<'"', '\\'>(text)) {
+        text_.append(text).push_back('"');
+        return;
+    }
+    const std::string valid = toUtf8(text);
     std::size_t begin = 0; // of what goes out as it is
     for (std::size_t i = 0; i < valid.size(); ++i) {
         const auto byte = static_cast<unsigned char>(valid[i]);
@@ -60,7 +63,7 @@ void JsonWriter::value(double number)
     raw(digits.text());
 }
 
-void JsonWriter::member(const char* name, const Cell& cell)
+void JsonWriter::member(const char* name, const CellView& cell)
 {
     if (const auto* pattern = std::get_if<Pattern>(&cell))
         member(name, pattern->bits);

@@ -3,8 +3,10 @@
 #include "Digits.h"
 #include "Listing.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,10 +30,21 @@ public:
     void endObject() { close('}'); }
     void beginArray() { open('['); }
     void endArray() { close(']'); }
+    /// A name of at most 60 characters, none of which has to be escaped.
     void key(std::string_view name)
     {
-        separate();
-        text_.append("\"").append(name).append("\":");
+        constexpr std::size_t longest = 60;
+        char made[longest + 4];
+        std::size_t size = 0;
+        if (needsComma_)
+            made[size++] = ',';
+        made[size++] = '"';
+        const std::size_t length = std::min(name.size(), longest);
+        std::memcpy(made + size, name.data(), length);
+        size += length;
+        made[size++] = '"';
+        made[size++] = ':';
+        text_.append(made, size);
         needsComma_ = false;
     }
 
@@ -70,7 +83,7 @@ public:
             member(name, *content);
     }
     /// A cell without a text in it; none without a value.
-    void member(const char* name, const Cell& cell);
+    void member(const char* name, const CellView& cell);
 
 private:
     void separate()

@@ -133,7 +133,7 @@ void sortListing(Listing& listing, const std::vector<SortKey>& keys)
     listing.rowCount = 0; // which sorting by the rows of tables has counted
 }
 
-Cell patternCell(const Pattern64& pattern)
+CellView patternCell(const Pattern64& pattern)
 {
     if (!pattern.isGiven || pattern.isBeyond64)
         return {};
@@ -144,13 +144,13 @@ Cell patternCell(const Pattern64& pattern)
     return Pattern{pattern.bits};
 }
 
-Cell periodCell(const Source& source)
+CellView periodCell(const Source& source)
 {
     const std::optional<double> period = source.periodInNanoseconds();
     if (!period)
         return {};
     const bool isInteger = *period == std::floor(*period) && std::fabs(*period) < 1e18;
-    return isInteger ? Cell(static_cast<std::int64_t>(*period)) : Cell(*period);
+    return isInteger ? CellView(static_cast<std::int64_t>(*period)) : CellView(*period);
 }
 
 std::string periodText(double period)

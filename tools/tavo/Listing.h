@@ -10,16 +10,11 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 namespace tavo {
 
 class Selection;
-
-/// A cell of a listing. A text is bytes of the description, or of the scratch that its maker was
-/// given; nothing at all says that there is no such thing.
-using CellView = std::variant<std::monostate, std::string_view, std::int64_t, double, Pattern>;
 
 /// What is listed, by its place in `sections`.
 enum class ListedKind : std::uint8_t
@@ -94,9 +89,9 @@ void sortListing(Listing& listing, const std::vector<SortKey>& keys);
 
 /// An address or the like: its bits, the number itself if it is negative and has more than 32 bits,
 /// or nothing.
-Cell patternCell(const Pattern64& pattern);
+CellView patternCell(const Pattern64& pattern);
 /// The time from one sample to the next in nanoseconds, as an integer if it is one, or nothing.
-Cell periodCell(const Source& source);
+CellView periodCell(const Source& source);
 /// The same in the unit that people would use: "10 ms", "2.5 s". `period` is in nanoseconds.
 std::string periodText(double period);
 /// The name of the conversion of a quantity, which may be defined nowhere; nothing if there is

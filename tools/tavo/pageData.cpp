@@ -21,7 +21,7 @@ constexpr std::uint64_t mostExact = std::uint64_t{1} << 53U;
 /// Addresses are numbers that are added to the one before.
 void putPattern(PageColumn& column, const Pattern64& pattern, std::int64_t* last = nullptr)
 {
-    const Cell cell = patternCell(pattern);
+    const CellView cell = patternCell(pattern);
     const auto* bits = std::get_if<Pattern>(&cell);
     if (bits && bits->bits <= mostExact) {
         const auto number = static_cast<std::int64_t>(bits->bits);

@@ -13,10 +13,16 @@ namespace {
 
 // Values of properties as cells.
 
-std::vector<Cell> cellsOf(Cell cell)
+std::vector<Cell> cellsOf(const CellView& cell)
 {
-    return std::holds_alternative<std::monostate>(cell) ? std::vector<Cell>()
-                                                        : std::vector<Cell>{std::move(cell)};
+    std::vector<Cell> cells;
+    if (const auto* pattern = std::get_if<Pattern>(&cell))
+        cells.emplace_back(*pattern);
+    else if (const auto* integer = std::get_if<std::int64_t>(&cell))
+        cells.emplace_back(*integer);
+    else if (const auto* real = std::get_if<double>(&cell))
+        cells.emplace_back(*real);
+    return cells;
 }
 std::vector<Cell> cellsOf(std::string_view text) { return {toUtf8(text)}; }
 std::vector<Cell> cellsOf(const char* text)

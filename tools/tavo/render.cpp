@@ -5,6 +5,7 @@
 #include "text.h"
 
 #include <algorithm>
+#include <bit>
 #include <string_view>
 
 namespace tavo {
@@ -141,47 +142,84 @@ std::vector<std::string_view> csvColumns(const KindSet& kinds, const ListingForm
 
 constexpr const char* csvLineEnd = "\r\n";
 
-/// Valid UTF-8, in quotes where it has to be.
-void putCsv(ConfigurationStream& stream, std::string_view text)
+/// In valid UTF-8, and in quotes where it has to be.
+std::string csvField(std::string_view text)
 {
-    const auto isSpecial = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
-    if (std::none_of(text.begin(), text.end(), isSpecial)) {
-        stream.put(text);
-        return;
-    }
-    stream.put("\"");
-    for (std::size_t quote; (quote = text.find('"')) != std::string_view::npos;) {
-        stream.put(text.substr(0, quote + 1));
-        stream.put("\"");
-        text.remove_prefix(quote + 1);
-    }
-    stream.put(text);
-    stream.put("\"");
+    std::string field = toUtf8(text);
+    if (field.find_first_of(",\"\r\n") == std::string::npos)
+        return field;
+    for (std::size_t quote = 0; (quote = field.find('"', quote)) != std::string::npos; quote += 2)
+        field.insert(quote, 1, '"');
+    return field.insert(0, 1, '"').append("\"");
 }
 
-void putCsv(ConfigurationStream& stream, const Listing& listing, const Section& section,
-            const std::vector<std::string_view>& columns, const std::string& file)
+/// Each number as a text, made anew only if another one was there in the meantime that shares its
+/// place: factors and limits come again and again.
+class NumberTexts
 {
-    std::vector<const Column*> cells;
-    for (const std::string_view name : columns)
-        cells.push_back(section.column(name));
-    std::string scratch;
-    const std::size_t count = section.count(listing);
-    for (std::size_t row = 0; row < count; ++row) {
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            if (i > 0)
-                stream.put(",");
-            if (const Column* column = cells[i]) {
-                scratch.clear();
-                withText(column->cell(listing, row, scratch),
-                         [&](std::string_view text) { putCsv(stream, text); });
-            } else if (columns[i] == kindColumn) {
-                stream.put(section.kind);
-            } else if (columns[i] == fileColumn) {
-                putCsv(stream, file);
-            }
+public:
+    std::string_view of(double number)
+    {
+        const auto bits = std::bit_cast<std::uint64_t>(number);
+        Entry& entry = entries_[(bits * 0x9E3779B97F4A7C15U) >> 52U];
+        if (entry.bits != bits || entry.digits.text().empty())
+            entry = {bits, Digits(number)};
+        return entry.digits.text();
+    }
+
+private:
+    struct Entry
+    {
+        std::uint64_t bits = 0;
+        Digits digits;
+    };
+
+    std::vector<Entry> entries_ = std::vector<Entry>(4096);
+};
+
+/// A column that a section has, and what stands before it: the end of the column before, commas for
+/// what the section hasn't, and what is the same in each row.
+struct CsvPart
+{
+    std::string before;
+    const Column* column = nullptr; ///< Null for the end of the row.
+};
+
+std::vector<CsvPart> csvParts(const Section& section, const std::vector<std::string_view>& columns,
+                              const std::string& file)
+{
+    std::vector<CsvPart> parts(1);
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        std::string& before = parts.back().before;
+        before.append(i > 0 ? "," : "");
+        if (columns[i] == kindColumn)
+            before.append(section.kind);
+        else if (columns[i] == fileColumn)
+            before.append(csvField(file));
+        parts.back().column = section.column(columns[i]);
+        if (parts.back().column)
+            parts.emplace_back();
+    }
+    parts.back().before.append(csvLineEnd);
+    return parts;
+}
+
+void putCsv(ConfigurationStream& stream, const CellView& cell, NumberTexts& numbers)
+{
+    if (const auto* text = std::get_if<std::string_view>(&cell)) {
+        if (isPlain<',', '"'>(*text)) {
+            stream.put(*text);
+        } else if (isPlain<'"'>(*text)) {
+            stream.put("\"");
+            stream.put(*text);
+            stream.put("\"");
+        } else {
+            stream.put(csvField(*text));
         }
-        stream.put(csvLineEnd);
+    } else if (const auto* number = std::get_if<double>(&cell)) {
+        stream.put(numbers.of(*number));
+    } else if (!std::holds_alternative<std::monostate>(cell)) {
+        withText(cell, [&stream](std::string_view digits) { stream.put(digits); });
     }
 }
 
@@ -230,8 +268,20 @@ void renderCsv(ConfigurationStream& stream, const Listing& listing, const Listin
                const std::string& file)
 {
     const std::vector<std::string_view> columns = csvColumns(listing.kinds, form);
-    for (const Section& section : sections())
-        putCsv(stream, listing, section, columns, toUtf8(file));
+    NumberTexts numbers;
+    std::string scratch;
+    for (const Section& section : sections()) {
+        const std::vector<CsvPart> parts = csvParts(section, columns, file);
+        const std::size_t count = section.count(listing);
+        for (std::size_t row = 0; row < count; ++row)
+            for (const CsvPart& part : parts) {
+                stream.put(part.before);
+                if (!part.column)
+                    continue;
+                scratch.clear();
+                putCsv(stream, part.column->cell(listing, row, scratch), numbers);
+            }
+    }
 }
 
 } // namespace tavo

@@ -32,19 +32,6 @@ CellView limitCell(const Limit& limit)
                            : CellView(limit.value);
 }
 
-CellView viewOf(const Cell& cell, std::string& scratch)
-{
-    if (const auto* text = std::get_if<std::string>(&cell))
-        return std::string_view(scratch = *text);
-    if (const auto* number = std::get_if<std::int64_t>(&cell))
-        return *number;
-    if (const auto* number = std::get_if<double>(&cell))
-        return *number;
-    if (const auto* pattern = std::get_if<Pattern>(&cell))
-        return *pattern;
-    return {};
-}
-
 /// Nothing for an empty text.
 CellView givenCell(std::string_view text) { return text.empty() ? CellView() : CellView(text); }
 
@@ -119,9 +106,7 @@ constexpr Column sourceColumns[] = {
          return period ? CellView(std::string_view(scratch = periodText(*period))) : CellView();
      }},
     {"period_ns", false,
-     [](auto& l, auto row, auto& scratch) {
-         return viewOf(periodCell(*sourceAt(l, row).source), scratch);
-     }},
+     [](auto& l, auto row, auto&) { return periodCell(*sourceAt(l, row).source); }},
     {"description", false,
      [](auto& l, auto row, auto&) { return CellView(sourceAt(l, row).source->description); }},
 };
@@ -146,13 +131,9 @@ constexpr Column measurementColumns[] = {
     {"description", false,
      [](auto& l, auto row, auto&) { return CellView(quantityAt(l, row).description); }},
     {"address", true,
-     [](auto& l, auto row, auto& scratch) {
-         return viewOf(patternCell(quantityAt(l, row).address), scratch);
-     }},
+     [](auto& l, auto row, auto&) { return patternCell(quantityAt(l, row).address); }},
     {"address_extension", false,
-     [](auto& l, auto row, auto& scratch) {
-         return viewOf(patternCell(quantityAt(l, row).addressExtension), scratch);
-     }},
+     [](auto& l, auto row, auto&) { return patternCell(quantityAt(l, row).addressExtension); }},
     {"type", true,
      [](auto& l, auto row, auto&) { return CellView(dataTypeText(quantityAt(l, row).type)); }},
     {"byte_order", true,
@@ -160,9 +141,7 @@ constexpr Column measurementColumns[] = {
          return textCell(byteOrderText(l.inventory.byteOrderOf(quantityAt(l, row))));
      }},
     {"bit_mask", false,
-     [](auto& l, auto row, auto& scratch) {
-         return viewOf(patternCell(quantityAt(l, row).bitMask), scratch);
-     }},
+     [](auto& l, auto row, auto&) { return patternCell(quantityAt(l, row).bitMask); }},
     {"min", true, [](auto& l, auto row, auto&) { return limitCell(quantityAt(l, row).lower); }},
     {"max", true, [](auto& l, auto row, auto&) { return limitCell(quantityAt(l, row).upper); }},
     {"unit", true,

@@ -83,10 +83,15 @@ void appendEscaped(std::string& text, char32_t control)
 
 bool isAscii(std::string_view bytes)
 {
-    unsigned char all = 0;
+    std::uint64_t all = 0;
+    std::uint64_t eight = 0;
+    for (; bytes.size() >= sizeof eight; bytes.remove_prefix(sizeof eight)) {
+        std::memcpy(&eight, bytes.data(), sizeof eight);
+        all |= eight;
+    }
     for (const char byte : bytes)
         all |= static_cast<unsigned char>(byte);
-    return all < 0x80;
+    return (all & 0x8080808080808080U) == 0;
 }
 
 char32_t smallLetter(char32_t character)

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -9,6 +11,38 @@
 namespace tavo {
 
 bool isAscii(std::string_view bytes);
+
+/// False if the text has anything that `special` says, a control character or a byte beyond ASCII;
+/// it may also be false for nothing. It looks at eight bytes at a time.
+template <char... special> bool isPlain(std::string_view text)
+{
+    constexpr std::uint64_t ones = 0x0101010101010101U;
+    constexpr std::uint64_t highs = ones << 7U;
+    std::uint64_t found = 0;
+    const auto look = [&found](std::uint64_t bytes) {
+        found |= bytes | ((bytes - ones * 0x20U) & ~bytes);
+        const auto lookFor = [&](char c) {
+            const std::uint64_t rest = bytes ^ ones * static_cast<unsigned char>(c);
+            found |= (rest - ones) & ~rest;
+        };
+        (lookFor(special), ...);
+    };
+    std::uint64_t bytes = ones * 'x';
+    constexpr std::size_t size = sizeof bytes;
+    if (text.size() < size) {
+        for (const char c : text)
+            bytes = bytes << 8U | static_cast<unsigned char>(c);
+        look(bytes);
+        return (found & highs) == 0;
+    }
+    for (std::size_t i = 0; i < text.size() - size; i += size) {
+        std::memcpy(&bytes, text.data() + i, size);
+        look(bytes);
+    }
+    std::memcpy(&bytes, text.data() + text.size() - size, size);
+    look(bytes);
+    return (found & highs) == 0;
+}
 
 /// The small letter of a capital one, where a language of Europe has one of the kind; all else is
 /// returned as it is.
