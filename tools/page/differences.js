@@ -67,7 +67,12 @@ function changeFilter(change) {
 }
 
 function pageButton(step, text) {
-  return element("button", { type: "button", "data-step": step, onclick: () => { differencePage += step; drawDifferences(); differencesView.scrollTop = 0; } }, text);
+  const turn = () => {
+    differencePage += step;
+    drawDifferences();
+    differencesView.scrollTop = 0;
+  };
+  return element("button", { type: "button", "data-step": step, onclick: turn }, text);
 }
 
 function fillDifferences() {
