@@ -123,15 +123,16 @@ std::string moreOf(const Inventory& inventory)
     return text;
 }
 
-template <class Read> WideReading readWith(const std::string& path, Read read)
+template <class Read> WideReading readWith(const std::string& path, Read read, bool goesOn = false)
 {
     WideReading reading;
     MessageList messages(reading.messages, path);
     PhAsap2 reader(path.c_str());
     reader.setLogger(&messages);
+    reader.setGoesOn(goesOn);
     Inventory inventory;
     reading.status = read(reader, inventory);
-    if (reading.status != 0)
+    if (reading.status != 0 && !goesOn)
         return reading;
     Notices losses;
     reportLosses(inventory, losses);
@@ -150,6 +151,14 @@ WideReading readWide(std::string_view description, bool verbose)
         reader.setVerbose(verbose);
         return reader.read(description, inventory);
     });
+}
+
+WideReading readWideOn(std::string_view description)
+{
+    return readWith(
+        "",
+        [&](PhAsap2& reader, Inventory& inventory) { return reader.read(description, inventory); },
+        true);
 }
 
 WideReading readWideFile(const std::string& path)

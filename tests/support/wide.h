@@ -17,4 +17,7 @@ struct WideReading
 /// Reads a description that is in memory, or in a file. The losses of the configuration are among
 /// the messages, as far as it is written.
 WideReading readWide(std::string_view description, bool verbose = false);
+/// The same in the manner of a check, which goes on after errors: all that can be told of what was
+/// read is told, whatever the status.
+WideReading readWideOn(std::string_view description);
 WideReading readWideFile(const std::string& path);
