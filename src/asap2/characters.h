@@ -34,9 +34,9 @@ inline bool is(char c, unsigned mask)
     return (classes[static_cast<unsigned char>(c)] & mask) != 0;
 }
 
-/// So many zero bytes stand after the last character of the buffer: a search reads up to a group of
-/// bytes from there on.
-constexpr std::size_t padding = ByteGroup::size;
+/// So many zero bytes stand after the last character of the buffer: a search reads up to two groups
+/// of bytes from there on.
+constexpr std::size_t padding = 2 * ByteGroup::size;
 
 /// The first byte from `position` on that `match` finds in its group.
 template <class Match> const char* search(const char* position, Match match)
@@ -44,6 +44,18 @@ template <class Match> const char* search(const char* position, Match match)
     for (;; position += ByteGroup::size) {
         const std::size_t first = match(ByteGroup(position)).first();
         if (first < ByteGroup::size)
+            return position + first;
+    }
+}
+
+/// The same two groups at a time, for what is far away in most places.
+template <class Match> const char* searchFar(const char* position, Match match)
+{
+    constexpr std::size_t size = ByteGroup::size;
+    for (;; position += 2 * size) {
+        const std::size_t first =
+            match(ByteGroup(position)).firstWith(match(ByteGroup(position + size)));
+        if (first < 2 * size)
             return position + first;
     }
 }
@@ -71,7 +83,7 @@ inline const char* wordEnd(const char* position)
 /// The first quote, or character that doesn't stand for itself in a text.
 inline const char* textEnd(const char* position)
 {
-    return search(position, [](ByteGroup bytes) {
+    return searchFar(position, [](ByteGroup bytes) {
         return bytes.equalTo('"') | bytes.equalTo('\\') | bytes.equalTo('\r') | bytes.equalTo(0);
     });
 }
@@ -79,7 +91,7 @@ inline const char* textEnd(const char* position)
 /// The first quote or slash, which is what counts in a block that is passed over.
 inline const char* skipEnd(const char* position)
 {
-    return search(position, [](ByteGroup bytes) {
+    return searchFar(position, [](ByteGroup bytes) {
         return bytes.equalTo('"') | bytes.equalTo('/') | bytes.equalTo(0);
     });
 }
@@ -87,7 +99,8 @@ inline const char* skipEnd(const char* position)
 /// The first slash, which may end a comment.
 inline const char* slashOf(const char* position)
 {
-    return search(position, [](ByteGroup bytes) { return bytes.equalTo('/') | bytes.equalTo(0); });
+    return searchFar(position,
+                     [](ByteGroup bytes) { return bytes.equalTo('/') | bytes.equalTo(0); });
 }
 
 /// The first character of a line end.

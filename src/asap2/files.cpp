@@ -35,16 +35,20 @@ bool holdsInterfaceFormat(const fs::path& path)
 /// The number of characters that pass a test.
 template <class Test> std::uint32_t countOf(const char* first, const char* last, Test test)
 {
-    // Sums of few enough characters to fit a byte, which the compiler adds sixteen at a time.
-    constexpr std::ptrdiff_t most = 240;
+    // Sums of few enough characters to fit a byte, sixteen of which the compiler adds at a time.
+    constexpr std::ptrdiff_t lanes = 16;
+    constexpr std::ptrdiff_t most = 255;
     std::uint32_t count = 0;
-    while (first < last) {
-        const char* const end = first + std::min(most, last - first);
-        unsigned char part = 0;
-        for (; first < end; ++first)
-            part = static_cast<unsigned char>(part + test(first));
-        count += part;
+    while (last - first >= lanes) {
+        unsigned char sums[lanes] = {};
+        for (std::ptrdiff_t round = std::min(most, (last - first) / lanes); round > 0; --round)
+            for (unsigned char& sum : sums)
+                sum = static_cast<unsigned char>(sum + test(first++));
+        for (const unsigned char sum : sums)
+            count += sum;
     }
+    for (; first < last; ++first)
+        count += test(first);
     return count;
 }
 

@@ -45,9 +45,15 @@ static_assert(std::size(rows) < slotCount / 2, "the table must stay sparse");
 constexpr std::uint32_t fourOf(std::string_view word, std::size_t first)
 {
     const auto at = [&](std::size_t i) {
-        return i < word.size() ? std::uint32_t{static_cast<unsigned char>(word[i])} : 0U;
+        return std::uint32_t{static_cast<unsigned char>(word[first + i])};
     };
-    return at(first) | at(first + 1) << 8U | at(first + 2) << 16U | at(first + 3) << 24U;
+    const std::size_t size = word.size() - first;
+    if (size >= 4)
+        return at(0) | at(1) << 8U | at(2) << 16U | at(3) << 24U;
+    std::uint32_t four = 0;
+    for (std::size_t i = 0; i < size; ++i)
+        four |= at(i) << 8U * i;
+    return four;
 }
 
 /// By the length of the word, its first characters and its last ones, in which hardly two words of

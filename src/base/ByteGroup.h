@@ -51,11 +51,17 @@ public:
     /// The index of the first match; `size` if there is none.
     std::size_t first() const
     {
-        const auto bits = static_cast<unsigned>(_mm_movemask_epi8(bytes_));
-        return static_cast<std::size_t>(std::countr_zero(bits | 1U << size));
+        return static_cast<std::size_t>(std::countr_zero(bits() | 1U << size));
+    }
+    /// The same in this group and the one after it; twice the size if there is none.
+    std::size_t firstWith(Matches next) const
+    {
+        return static_cast<std::size_t>(std::countr_zero(bits() | next.bits() << size));
     }
 
 private:
+    unsigned bits() const { return static_cast<unsigned>(_mm_movemask_epi8(bytes_)); }
+
     __m128i bytes_;
 #else
     explicit Matches(Bytes bytes) : bytes_(bytes) {}
@@ -71,6 +77,11 @@ private:
                    8;
         };
         return halves[0] != 0 ? zeros(halves[0]) : 8 + zeros(halves[1]);
+    }
+    std::size_t firstWith(Matches next) const
+    {
+        const std::size_t own = first();
+        return own < size ? own : size + next.first();
     }
 
 private:

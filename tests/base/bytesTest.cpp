@@ -28,6 +28,10 @@ TEST(Bytes, AGroupFindsTheFirstMatchWhereverItStands)
                 for (const char wanted : {'\0', '"', '/', '\x80', '\xFF'}) {
                     EXPECT_EQ(group.equalTo(wanted).first(),
                               firstOf([&](char b) { return b == wanted; }));
+                    const ByteGroup next(&memory[start + ByteGroup::size]);
+                    EXPECT_EQ(next.equalTo('x').firstWith(group.equalTo(wanted)), 0U);
+                    EXPECT_EQ(group.equalTo(wanted).firstWith(next.equalTo(wanted)),
+                              std::min(memory.find(wanted, start) - start, 2 * ByteGroup::size));
                     EXPECT_EQ((group.upTo(wanted) | group.equalTo('\xFE')).first(),
                               firstOf([&](unsigned char b) {
                                   return b <= static_cast<unsigned char>(wanted) || b == 0xFE;
