@@ -42,6 +42,11 @@ private:
     void findCommand();
     void apply(const Given& given);
     [[noreturn]] void failAtOption(const Given& given) const;
+    /// The command, or all of them if none is named.
+    CommandSet commandSet() const
+    {
+        return request_.command ? request_.command->bit : ~CommandSet{0};
+    }
     std::string meantBy(const Given& given) const;
     [[noreturn]] void fail(const std::string& reason, const std::string& hint = "") const;
 
@@ -199,7 +204,7 @@ void ArgumentReader::findCommand()
 void ArgumentReader::apply(const Given& given)
 {
     // The colors are chosen even if there is no command.
-    const CommandSet command = request_.command ? request_.command->bit : ~CommandSet{0};
+    const CommandSet command = commandSet();
     for (const ProgramOption& row : optionRows()) {
         if (row.name != given.name || (row.commands & command) != command)
             continue;
@@ -231,11 +236,12 @@ void ArgumentReader::apply(const Given& given)
 /// The option isn't one of the command.
 void ArgumentReader::failAtOption(const Given& given) const
 {
-    const std::string reason =
-        given.spelling + " is no option of 'tavo " + request_.command->name + "'";
+    const CommandRow* const command = request_.command;
+    const std::string reason = given.spelling + " is no option of 'tavo" +
+                               (command ? std::string(" ") + command->name : "") + "'";
     const bool isOutput = given.name == "o" || given.name == "output";
-    if (isOutput &&
-        std::string_view(request_.command->usage).find("OUTPUT") != std::string_view::npos)
+    if (isOutput && command &&
+        std::string_view(command->usage).find("OUTPUT") != std::string_view::npos)
         fail(reason, "the output is the argument after the input, without an option");
     const std::string meant = meantBy(given);
     fail(reason, meant.empty() ? "" : "did you mean '" + meant + "'?");
@@ -247,7 +253,7 @@ std::string ArgumentReader::meantBy(const Given& given) const
     Suggestion suggestion(given.name);
     std::string value;
     for (const ProgramOption& row : optionRows()) {
-        if ((row.commands & request_.command->bit) == 0)
+        if ((row.commands & commandSet()) == 0)
             continue;
         suggestion.consider(row.name);
         if (row.choices) // "--json" for "--format json"

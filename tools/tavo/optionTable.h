@@ -29,6 +29,7 @@ struct CommandRow
     ExitCode (*run)(const Options& options, Diagnostics& diagnostics);
 };
 
+// In the order in which a row is read. NOLINTNEXTLINE(clang-analyzer-optin.performance.Padding)
 struct ProgramOption
 {
     char letter; ///< 0 if there is no short form.

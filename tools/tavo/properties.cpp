@@ -48,6 +48,7 @@ std::vector<Cell> cellsOf(const Limit& limit)
 template <class Integer> std::vector<Cell> cellsOf(const std::vector<Integer>& numbers)
 {
     std::vector<Cell> cells;
+    cells.reserve(numbers.size());
     for (const Integer number : numbers)
         cells.emplace_back(static_cast<std::int64_t>(number));
     return cells;
