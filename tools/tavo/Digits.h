@@ -60,7 +60,9 @@ private:
         if (rest == 0)
             return;
         digits_[size_++] = '.';
-        for (unsigned place = 100; rest != 0; place /= 10) {
+        for (const unsigned place : {100U, 10U, 1U}) {
+            if (rest == 0)
+                return;
             digits_[size_++] = static_cast<char>('0' + rest / place);
             rest %= place;
         }

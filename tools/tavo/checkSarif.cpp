@@ -2,6 +2,7 @@
 #include "JsonWriter.h"
 #include "version.h"
 
+#include <algorithm>
 #include <map>
 #include <string_view>
 
@@ -35,7 +36,7 @@ std::string ruleOf(std::string_view text)
         else if (!rule.empty() && rule.back() != '-')
             rule.push_back('-');
     }
-    rule = rule.substr(0, most);
+    rule.resize(std::min(rule.size(), most));
     rule.erase(rule.find_last_not_of('-') + 1);
     return rule.empty() ? "message" : rule;
 }
