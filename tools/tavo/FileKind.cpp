@@ -40,7 +40,7 @@ constexpr Mark marks[] = {
     {"[DAQ_"sv, FileKind::Other, "a configuration"},
 };
 
-/// True for what no text holds, but for a zero byte, which may fill up the end of a file.
+/// True for what no text holds, except a zero byte, which may fill up the end of a file.
 bool isForeign(char c)
 {
     const auto byte = static_cast<unsigned char>(c);
