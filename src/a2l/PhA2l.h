@@ -13,11 +13,12 @@ namespace tavo {
 
 class PhCommParam;
 class PhConversion;
+class PhConversionRef;
 class PhEntity;
 class PhGroup;
 class PhObject;
-class PhType;
 class PhValue;
+struct PhTypeFields;
 
 /// Reader of ASAP2 descriptions: a recursive-descent parser with one operation for each block,
 /// which asks a `Lexer` for the tokens. It keeps what a configuration needs and drops the rest.
@@ -108,7 +109,7 @@ private:
     void warnUnexpectedToken();
     int parseByteOrder(PhEndian& byteOrder);
     const PhString& sharedName(std::string_view name);
-    PhConversion* conversionByName(PhGroup* group, std::string_view name);
+    void refer(PhConversionRef& reference, const PhGroup& group, const PhConversion* referrer);
     void progress(const char* format, std::string_view text = {});
 
     // The frame of a file.
@@ -126,9 +127,9 @@ private:
 
     // The blocks that fill the model.
     int parseMeasurement(PhGroup* group);
-    int parseDataType(PhType* type);
-    PhValue* readLimit(const char* which);
-    PhValue* readAddress();
+    int parseDataType(PhTypeFields& type);
+    void readLimit(PhEntity& entity, bool isUpper);
+    void readAddress(PhEntity& entity, bool isExtension);
     int parseMeasurementOption(PhEntity* entity, int code);
     int parseMeasurementBlock(PhEntity* entity);
     int parseCompuMethod(PhGroup* group);

@@ -170,17 +170,17 @@ const PhString& PhA2l::sharedName(std::string_view name)
     return shared;
 }
 
-/// The conversion of this name in `group` or above; if none was read yet, a new placeholder, which
-/// stands in no list and is the caller's to store.
-PhConversion* PhA2l::conversionByName(PhGroup* group, std::string_view name)
+/// Reads the name of a conversion and makes `reference` lead to it: to the one of this name in
+/// `group` or above, or, if none was read yet, to the name alone. Nothing happens if the conversion
+/// is `referrer`.
+void PhA2l::refer(PhConversionRef& reference, const PhGroup& group, const PhConversion* referrer)
 {
-    const PhString& wanted = sharedName(name);
-    if (PhConversion* conversion = group->resolveConversion(wanted))
-        return conversion;
-    auto placeholder = std::make_unique<PhConversion>();
-    placeholder->setName(wanted);
-    placeholder->setUnresolved();
-    return placeholder.release();
+    const PhString& name = sharedName(readText());
+    PhConversion* conversion = group.resolveConversion(name);
+    if (!conversion)
+        reference.setText(name);
+    else if (conversion != referrer)
+        reference = conversion;
 }
 
 } // namespace tavo

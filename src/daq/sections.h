@@ -8,6 +8,7 @@ namespace tavo {
 
 class ConfigurationStream;
 class PhValue;
+struct PhFieldContent;
 
 /// What a line says after its sign: a number, or any value of the model; or there is no line.
 class LineValue
@@ -24,8 +25,9 @@ public:
     LineValue() = default;
     LineValue(std::int32_t number) : kind_(Integer), integer_(number) {}
     LineValue(double number) : kind_(Real), real_(number) {}
-    /// Nothing for a null `value`; any other one outlives the line.
+    /// Nothing for a null `value`; any other one outlives the line, as does that of a field.
     LineValue(const PhValue* value);
+    LineValue(const PhFieldContent& field);
 
     Kind kind() const { return kind_; }
     std::int32_t integer() const { return integer_; }

@@ -40,15 +40,15 @@ const char* protocolText(PhProtocol protocol)
     return "???";
 }
 
-const char* typeText(const PhType* type)
+const char* typeText(const PhTypeFields* type)
 {
     if (!type)
         return "???";
-    switch (type->baseType()) {
+    switch (type->baseType) {
     case PhBaseType::BtInteger:
-        return integerText(type->bitCount(), "int8", "int16", "int32");
+        return integerText(type->bitCount, "int8", "int16", "int32");
     case PhBaseType::BtUInteger:
-        return integerText(type->bitCount(), "uint8", "uint16", "uint32");
+        return integerText(type->bitCount, "uint8", "uint16", "uint32");
     case PhBaseType::BtIeee32:
         return "real32";
     case PhBaseType::BtIeee64:
@@ -76,11 +76,14 @@ const char* byteOrderText(PhEndian endian)
     }
 }
 
-const PhUnit* unitOf(const PhType& type)
+const PhString* unitOf(const PhEntity& entity)
 {
-    if (!type.unit() && type.conversion())
-        return type.conversion()->unit();
-    return type.unit();
+    const PhType* type = entity.peekType();
+    if (type && type->unit())
+        return &type->unit()->label();
+    const PhTypeFields* fields = entity.typeFields();
+    const PhConversion* conversion = fields ? fields->conversion.peek() : nullptr;
+    return conversion ? conversion->unitLabel() : nullptr;
 }
 
 namespace {
@@ -93,21 +96,24 @@ std::optional<std::string_view> textOf(const PhString& text)
 void writeQuantity(ConfigurationStream& stream, const PhEntity& entity, std::int32_t index)
 {
     QuantitySection section;
-    section.name = textOf(entity.name());
-    section.description = textOf(entity.longName());
-    section.address = entity.address();
-    section.addressExtension = entity.addressExtension();
-    section.lowerLimit = entity.lowerLimit();
-    section.upperLimit = entity.upperLimit();
-    if (const PhType* type = entity.type()) {
-        if (const PhUnit* unit = unitOf(*type))
-            section.unit = textOf(unit->label());
-        if (const char* byteOrder = byteOrderText(type->endian()))
+    section.name = textOf(entity.peekName());
+    section.description = textOf(entity.peekLongName());
+    section.address = entity.peek(PhEntity::Address);
+    section.addressExtension = entity.peek(PhEntity::AddressExtension);
+    section.lowerLimit = entity.peek(PhEntity::LowerLimit);
+    section.upperLimit = entity.peek(PhEntity::UpperLimit);
+    if (const PhTypeFields* type = entity.typeFields()) {
+        if (const PhString* unit = unitOf(entity))
+            section.unit = textOf(*unit);
+        if (const char* byteOrder = byteOrderText(type->endian))
             section.byteOrder = byteOrder;
         section.type = typeText(type);
-        section.bitMask = type->bitMask();
-        section.hasFactor = type->conversion() &&
-                            type->conversion()->getLinearFactors(&section.factor, &section.offset);
+        section.bitMask = entity.peek(PhEntity::BitMask);
+        // A conversion that is known by name only has the factor 1 and the offset 0.
+        const PhConversion* conversion = type->conversion.peek();
+        section.hasFactor = conversion
+                                ? conversion->getLinearFactors(&section.factor, &section.offset)
+                                : static_cast<bool>(type->conversion);
     }
     putQuantity(stream, index, section);
 }

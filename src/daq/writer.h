@@ -8,11 +8,12 @@
 namespace tavo {
 
 class ConfigurationStream;
+class PhEntity;
 class PhGroup;
 class PhList;
 class PhRoot;
-class PhType;
-class PhUnit;
+class PhString;
+struct PhTypeFields;
 
 /// Writes the configuration of the model to the file `path`: the first group of `root`, if there is
 /// one, else an empty file. 0, or -2 if the file can't be opened.
@@ -42,10 +43,11 @@ void writeUnassignedSource(ConfigurationStream& stream, const PhList* entities);
 /// The words of a configuration, for whoever else shows what it would say.
 const char* protocolText(PhProtocol protocol);
 /// "uint16" and the like; "???" for null and for an undefined type.
-const char* typeText(const PhType* type);
+const char* typeText(const PhTypeFields* type);
 /// "Motorola" or "Intel"; null for an undefined one.
 const char* byteOrderText(PhEndian endian);
-/// The unit of a quantity: the one of the type or else of its conversion; null if there is none.
-const PhUnit* unitOf(const PhType& type);
+/// The unit of a quantity: the label of the one of the type or else of its conversion; null if
+/// there is none.
+const PhString* unitOf(const PhEntity& entity);
 
 } // namespace tavo

@@ -1,10 +1,8 @@
 #include "model/PhConversion.h"
 
-#include "model/PhPackedValues.h"
 #include "model/PhRange.h"
 #include "model/PhUnit.h"
 #include "model/PhValue.h"
-#include "model/ownership.h"
 
 #include <bit>
 #include <cstdint>
@@ -12,59 +10,6 @@
 #include <utility>
 
 namespace tavo {
-
-namespace {
-
-/// What a packed value is to its conversion.
-enum Mark
-{
-    LowerLimit,
-    UpperLimit,
-    BothLimits,
-    Result,
-    Numerator,
-    Denominator
-};
-
-} // namespace
-
-struct PhConversionPrivate : Pooled
-{
-    /// A file can chain any number of conversions. As far as this reference holds the last count,
-    /// the chain is taken apart link by link: a conversion that refers to no other destroys only
-    /// itself.
-    class Chain : public PhRef<PhConversion>
-    {
-    public:
-        using PhRef::operator=;
-        ~Chain()
-        {
-            PhConversion* held = release();
-            while (held && held->refCount() <= 1) {
-                PhConversion* next = held->d ? held->d->conversion.release() : nullptr;
-                PhObject::unlink(held);
-                held = next;
-            }
-            PhObject::unlink(held);
-        }
-    };
-
-    PhConversionType conversionType = PhConversionType::CtUndefined;
-    bool hasPackedNumerator = false; ///< There is one, in `coefficients` as far as it has any.
-    bool hasPackedDenominator = false;
-    PhPackedValues rows;         ///< All rows, as long as there is no list of them.
-    PhPackedValues coefficients; ///< All coefficients, as long as there is a list of none.
-    PhRef<PhUnit> unit;
-    Chain conversion;
-    PhLazyList denominator;
-    PhLazyList numerator;
-    PhLazyList ranges;
-
-    void packLimits(const PhValue& lower, const PhValue& upper);
-    void unpackRows();
-    void appendCoefficient(Mark mark, const PhValue& coefficient);
-    void unpackCoefficients();
-};
 
 namespace {
 
@@ -84,22 +29,22 @@ bool isPlainNumber(const PhValue& value)
 
 } // namespace
 
-void PhConversionPrivate::packLimits(const PhValue& lower, const PhValue& upper)
+void PhConversion::packLimits(const PhValue& lower, const PhValue& upper)
 {
     const bool isPoint = areSame(lower, upper);
-    rows.append(isPoint ? BothLimits : LowerLimit, lower);
+    rows_.append(isPoint ? BothLimits : LowerLimit, lower);
     if (!isPoint)
-        rows.append(UpperLimit, upper);
+        rows_.append(UpperLimit, upper);
 }
 
 /// Makes the list of rows of what is packed, if anything is.
-void PhConversionPrivate::unpackRows()
+void PhConversion::unpackRows() const
 {
-    if (rows.isEmpty())
+    if (rows_.isEmpty())
         return;
     auto list = std::make_unique<PhList>();
     PhRange* row = nullptr;
-    rows.forEach([&](const PhPackedValues::Item& item) {
+    rows_.forEach([&](const PhPackedValues::Item& item) {
         const int mark = item.mark();
         if (mark == LowerLimit || mark == BothLimits) {
             row = new PhRange;
@@ -114,90 +59,108 @@ void PhConversionPrivate::unpackRows()
             row->setResult(item.value());
         return true;
     });
-    ranges.adopt(std::move(list));
-    rows.clear();
+    lists_.made().ranges.adopt(std::move(list));
+    rows_.clear();
 }
 
-void PhConversionPrivate::appendCoefficient(Mark mark, const PhValue& coefficient)
+/// True as long as all coefficients are packed.
+bool PhConversion::packsCoefficients() const
+{
+    return !listOf(&Lists::numerator) && !listOf(&Lists::denominator);
+}
+
+void PhConversion::appendCoefficient(Mark mark, const PhValue& coefficient)
 {
     const bool isUpper = mark == Numerator;
-    if (!numerator && !denominator && isPlainNumber(coefficient)) {
-        (isUpper ? hasPackedNumerator : hasPackedDenominator) = true;
-        coefficients.append(mark, coefficient);
+    if (packsCoefficients() && isPlainNumber(coefficient)) {
+        (isUpper ? hasPackedNumerator_ : hasPackedDenominator_) = true;
+        coefficients_.append(mark, coefficient);
     } else {
         unpackCoefficients();
-        (isUpper ? numerator : denominator).append(new PhValue(coefficient));
+        Lists& lists = lists_.made();
+        (isUpper ? lists.numerator : lists.denominator).append(new PhValue(coefficient));
     }
 }
 
 /// Makes the lists of the coefficients that are packed, if there are such lists.
-void PhConversionPrivate::unpackCoefficients()
+void PhConversion::unpackCoefficients() const
 {
-    std::unique_ptr<PhList> upper(hasPackedNumerator ? new PhList : nullptr);
-    std::unique_ptr<PhList> lower(hasPackedDenominator ? new PhList : nullptr);
+    std::unique_ptr<PhList> upper(hasPackedNumerator_ ? new PhList : nullptr);
+    std::unique_ptr<PhList> lower(hasPackedDenominator_ ? new PhList : nullptr);
     if (!upper && !lower)
         return;
-    coefficients.forEach([&](const PhPackedValues::Item& item) {
+    coefficients_.forEach([&](const PhPackedValues::Item& item) {
         (item.mark() == Numerator ? upper : lower)->append(new PhValue(item.value()));
         return true;
     });
-    numerator.adopt(std::move(upper));
-    denominator.adopt(std::move(lower));
-    hasPackedNumerator = hasPackedDenominator = false;
-    coefficients.clear();
+    lists_.made().numerator.adopt(std::move(upper));
+    lists_->denominator.adopt(std::move(lower));
+    hasPackedNumerator_ = hasPackedDenominator_ = false;
+    coefficients_.clear();
+}
+
+PhConversion* PhConversionRef::conversion() const
+{
+    return made([](const PhString& name, bool wasReported) {
+        auto placeholder = std::make_unique<PhConversion>();
+        placeholder->setName(name);
+        placeholder->setUnresolved();
+        if (wasReported)
+            placeholder->setReported();
+        return placeholder.release();
+    });
+}
+
+void PhConversion::Chain::takeApart()
+{
+    PhConversion* held = release();
+    while (held && held->refCount() <= 1) {
+        PhConversion* next = held->conversion_.release();
+        PhObject::unlink(held);
+        held = next;
+    }
+    PhObject::unlink(held);
 }
 
 PhConversion::PhConversion() : PhObject(PhClassConversion) {}
 
 PhConversion::~PhConversion() = default;
 
-PhConversionType PhConversion::conversionType() const
+PhUnit* PhConversion::unit() const
 {
-    return d ? d->conversionType : PhConversionType::CtUndefined;
+    return unit_.made([](const PhString& label, bool) {
+        auto unit = std::make_unique<PhUnit>();
+        unit->setLabel(label);
+        return unit.release();
+    });
 }
 
-void PhConversion::setConversionType(PhConversionType conversionType)
+void PhConversion::setUnit(PhUnit* unit) { unit_ = unit; }
+
+const PhString* PhConversion::unitLabel() const
 {
-    d.made().conversionType = conversionType;
-}
-
-PhUnit* PhConversion::unit() const { return d ? d->unit.get() : nullptr; }
-
-void PhConversion::setUnit(PhUnit* unit)
-{
-    const PhRef<PhUnit> hold(unit);
-    d.made().unit = unit;
-}
-
-PhConversion* PhConversion::conversion() const { return d ? d->conversion.get() : nullptr; }
-
-void PhConversion::setConversion(PhConversion* conversion)
-{
-    const PhRef<PhConversion> hold(conversion);
-    d.made().conversion = conversion;
+    return unit_.peek() ? &unit_.peek()->label() : unit_.text();
 }
 
 PhList* PhConversion::ranges() const
 {
-    if (!d)
-        return nullptr;
-    d->unpackRows();
-    return d->ranges;
+    unpackRows();
+    return listOf(&Lists::ranges);
 }
 
 void PhConversion::appendRange(PhRange* range)
 {
     const PhRef<PhRange> hold(range);
-    d.made().unpackRows();
-    d->ranges.append(range);
+    unpackRows();
+    lists_.made().ranges.append(range);
 }
 
 void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, const PhValue& result)
 {
-    if (!d.made().ranges && isPlainNumber(lower) && isPlainNumber(upper) &&
+    if (packsRows() && isPlainNumber(lower) && isPlainNumber(upper) &&
         PhPackedValues::canHold(result)) {
-        d->packLimits(lower, upper);
-        d->rows.append(Result, result);
+        packLimits(lower, upper);
+        rows_.append(Result, result);
         return;
     }
     const PhRef<PhRange> row(new PhRange);
@@ -211,9 +174,9 @@ void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, const P
 
 void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, std::string_view result)
 {
-    if (!d.made().ranges && isPlainNumber(lower) && isPlainNumber(upper)) {
-        d->packLimits(lower, upper);
-        d->rows.append(Result, result);
+    if (packsRows() && isPlainNumber(lower) && isPlainNumber(upper)) {
+        packLimits(lower, upper);
+        rows_.append(Result, result);
     } else {
         appendRow(lower, upper, PhValue(PhString(result)));
     }
@@ -221,50 +184,46 @@ void PhConversion::appendRow(const PhValue& lower, const PhValue& upper, std::st
 
 PhList* PhConversion::numerator() const
 {
-    if (!d)
-        return nullptr;
-    d->unpackCoefficients();
-    return d->numerator;
+    unpackCoefficients();
+    return listOf(&Lists::numerator);
 }
 
 PhList* PhConversion::denominator() const
 {
-    if (!d)
-        return nullptr;
-    d->unpackCoefficients();
-    return d->denominator;
+    unpackCoefficients();
+    return listOf(&Lists::denominator);
 }
 
 PhList* PhConversion::createNumerator()
 {
-    d.made().unpackCoefficients();
-    return d->numerator.made();
+    unpackCoefficients();
+    return lists_.made().numerator.made();
 }
 
 PhList* PhConversion::createDenominator()
 {
-    d.made().unpackCoefficients();
-    return d->denominator.made();
+    unpackCoefficients();
+    return lists_.made().denominator.made();
 }
 
 void PhConversion::createCoefficients()
 {
-    if (d.made().numerator || d->denominator) {
-        d->numerator.made();
-        d->denominator.made();
+    if (packsCoefficients()) {
+        hasPackedNumerator_ = hasPackedDenominator_ = true;
     } else {
-        d->hasPackedNumerator = d->hasPackedDenominator = true;
+        lists_->numerator.made();
+        lists_->denominator.made();
     }
 }
 
 void PhConversion::appendNumerator(const PhValue& coefficient)
 {
-    d.made().appendCoefficient(Numerator, coefficient);
+    appendCoefficient(Numerator, coefficient);
 }
 
 void PhConversion::appendDenominator(const PhValue& coefficient)
 {
-    d.made().appendCoefficient(Denominator, coefficient);
+    appendCoefficient(Denominator, coefficient);
 }
 
 namespace {
@@ -278,9 +237,9 @@ struct LinearFunction
     double divisor = 1.0;
 
     /// False for one coefficient more than there can be, from which on none need be added.
-    bool add(int mark, double coefficient)
+    bool add(bool isBelow, double coefficient)
     {
-        if (mark == Denominator) {
+        if (isBelow) {
             if (coefficient != 0.0)
                 divisor = coefficient;
             return ++denominatorCount <= 1;
@@ -316,18 +275,16 @@ bool PhConversion::getLinearFactors(double* factor, double* offset) const
 {
     LinearFunction function;
     bool isLinear = true;
-    const auto addAll = [&](const PhList* list, Mark mark) {
+    const auto addAll = [&](const PhList* list, bool areBelow) {
         for (const PhValue* coefficient : each<PhValue>(list))
-            if (!isLinear || !(isLinear = function.add(mark, coefficient->doubleValue())))
+            if (!isLinear || !(isLinear = function.add(areBelow, coefficient->doubleValue())))
                 return;
     };
-    if (d) {
-        d->coefficients.forEach([&](const PhPackedValues::Item& item) {
-            return isLinear = function.add(item.mark(), item.doubleValue());
-        });
-        addAll(d->numerator, Numerator);
-        addAll(d->denominator, Denominator);
-    }
+    coefficients_.forEach([&](const PhPackedValues::Item& item) {
+        return isLinear = function.add(item.mark() == Denominator, item.doubleValue());
+    });
+    addAll(listOf(&Lists::numerator), false);
+    addAll(listOf(&Lists::denominator), true);
     if (!isLinear)
         return false;
     const int count = function.numeratorCount;

@@ -1,20 +1,21 @@
 #pragma once
 
+#include "model/PhConversionRef.h"
 #include "model/PhObject.h"
+#include "model/PhPackedValues.h"
 #include "model/PhRare.h"
 #include "model/enumerations.h"
+#include "model/ownership.h"
 
 #include <string_view>
 
 namespace tavo {
 
 class PhGroup;
-class PhList;
 class PhRange;
 class PhRoot;
 class PhUnit;
 class PhValue;
-struct PhConversionPrivate;
 
 /// How a raw value of the ECU becomes a physical one: a COMPU_METHOD, COMPU_TAB, COMPU_VTAB or
 /// COMPU_VTAB_RANGE. A rational function, a table and a reference to a further conversion stand
@@ -33,17 +34,23 @@ public:
     ~PhConversion() override;
 
     /// What the file calls the conversion. No operation here depends on it.
-    PhConversionType conversionType() const;
-    void setConversionType(PhConversionType conversionType);
+    PhConversionType conversionType() const { return conversionType_; }
+    void setConversionType(PhConversionType type) { conversionType_ = type; }
 
-    /// The unit of the physical value.
+    /// The unit of the physical value. One that was given by its label becomes an object when it is
+    /// first asked for, which can run out of memory.
     PhUnit* unit() const;
     void setUnit(PhUnit* unit);
+    void setUnitLabel(const PhString& label) { unit_.setText(label); }
+    /// The label of the unit, for a look that makes no object; null if there is no unit.
+    const PhString* unitLabel() const;
 
     /// COMPU_TAB_REF: the conversion that this one names. Until names are resolved it may be a
     /// placeholder that knows nothing but its name.
-    PhConversion* conversion() const;
-    void setConversion(PhConversion* conversion);
+    PhConversion* conversion() const { return conversion_.conversion(); }
+    void setConversion(PhConversion* conversion) { conversion_ = conversion; }
+    PhConversionRef& conversionRef() { return conversion_; }
+    const PhConversionRef& conversionRef() const { return conversion_; }
 
     /// The rows of the table in file order, as `PhRange`. Rows that were appended without an object
     /// become objects when the list is first asked for, which can run out of memory.
@@ -84,9 +91,64 @@ public:
     void resolve(PhRoot* root, PhGroup* group);
 
 private:
-    friend struct PhConversionPrivate;
+    /// A file can chain any number of conversions. As far as this reference holds the last count,
+    /// the chain is taken apart link by link: a conversion that refers to no other destroys only
+    /// itself.
+    class Chain : public PhConversionRef
+    {
+    public:
+        using PhConversionRef::operator=;
+        ~Chain()
+        {
+            if (peek())
+                takeApart();
+        }
 
-    PhRare<PhConversionPrivate> d; ///< A placeholder has none.
+    private:
+        void takeApart();
+    };
+
+    /// What few conversions have, since rows and coefficients are packed as a rule.
+    struct Lists : Pooled
+    {
+        PhLazyList denominator;
+        PhLazyList numerator;
+        PhLazyList ranges;
+    };
+
+    /// What a packed value is to its conversion.
+    enum Mark
+    {
+        LowerLimit,
+        UpperLimit,
+        BothLimits,
+        Result,
+        Numerator,
+        Denominator
+    };
+
+    PhList* listOf(PhLazyList Lists::*list) const
+    {
+        return lists_ ? static_cast<PhList*>((*lists_).*list) : nullptr;
+    }
+    bool packsRows() const { return !listOf(&Lists::ranges); }
+    bool packsCoefficients() const;
+    void packLimits(const PhValue& lower, const PhValue& upper);
+    void unpackRows() const;
+    void appendCoefficient(Mark mark, const PhValue& coefficient);
+    void unpackCoefficients() const;
+
+    // The order of the fields is the one of their release, backwards. What a look turns into
+    // objects is mutable.
+    [[no_unique_address]] PhTextRef<PhUnit> unit_;
+    PhConversionType conversionType_ = PhConversionType::CtUndefined;
+    [[no_unique_address]] Chain conversion_;
+    /// There is one, in `coefficients_` as far as it has any.
+    mutable bool hasPackedNumerator_ = false;
+    mutable bool hasPackedDenominator_ = false;
+    mutable PhPackedValues rows_;         ///< All rows, as long as there is no list of them.
+    mutable PhPackedValues coefficients_; ///< All coefficients, as long as there is a list of none.
+    mutable PhRare<Lists> lists_;
 };
 
 } // namespace tavo

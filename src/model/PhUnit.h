@@ -4,21 +4,18 @@
 
 namespace tavo {
 
-struct PhUnitPrivate;
-
 /// The text of a physical unit. It has no numeric content, and its `name` stays null.
 class PhUnit : public PhObject
 {
 public:
-    PhUnit();
-    ~PhUnit() override;
+    PhUnit() : PhObject(PhClassUnit) {}
 
     /// The unit as the COMPU_METHOD gives it; null until set. An empty text is set, too.
-    const PhString& label() const;
-    void setLabel(const PhString& label);
+    const PhString& label() const { return label_; }
+    void setLabel(const PhString& label) { label_ = label; }
 
 private:
-    std::unique_ptr<PhUnitPrivate> d;
+    PhString label_;
 };
 
 } // namespace tavo

@@ -1,101 +1,80 @@
 #include "topology/PhEntity.h"
 
-#include "model/PhRare.h"
-#include "model/PhType.h"
-#include "model/PhValue.h"
-#include "model/ownership.h"
+#include "model/PhConversion.h"
+
+#include <utility>
 
 namespace tavo {
 
-/// What no file gives an entity.
-struct PhEntityExtras : Pooled
-{
-    std::unique_ptr<PhString> extraText; ///< The one text that isn't a slot of the base.
-    PhRef<PhObject> auxRef4;
-    PhRef<PhObject> auxRef3;
-    PhRef<PhObject> auxRef2;
-    PhRef<PhObject> auxRef1;
-};
-
-struct PhEntityPrivate : Pooled
-{
-    PhRef<PhValue> upperLimit;
-    PhRef<PhValue> lowerLimit;
-    PhRare<PhEntityExtras> extras;
-    PhRef<PhType> type;
-    PhRef<PhValue> addressExtension;
-    PhRef<PhValue> address;
-
-    PhObject* reference(PhRef<PhObject> PhEntityExtras::*field) const
-    {
-        return extras ? ((*extras).*field).get() : nullptr;
-    }
-    void setReference(PhRef<PhObject> PhEntityExtras::*field, PhObject* object)
-    {
-        const PhRef<PhObject> hold(object);
-        if (object || extras)
-            extras.made().*field = object;
-    }
-};
-
-PhEntity::PhEntity() : PhObject(PhClassEntity), d(new PhEntityPrivate) {}
+PhEntity::PhEntity() : PhObject(PhClassEntity) {}
 
 PhEntity::~PhEntity()
 {
-    // Two of the extras go before the type, which the order of the fields can't say.
-    setAddress(nullptr);
-    setAddressExtension(nullptr);
-    setAuxRef1(nullptr);
-    setAuxRef2(nullptr);
+    // Two of the values go before the type, which the order of the fields can't say.
+    values_.clear(Address);
+    values_.clear(AddressExtension);
 }
 
-PhValue* PhEntity::address() const { return d->address; }
-
-void PhEntity::setAddress(PhValue* address) { d->address = address; }
-
-PhValue* PhEntity::addressExtension() const { return d->addressExtension; }
-
-void PhEntity::setAddressExtension(PhValue* addressExtension)
+PhFieldContent PhEntity::peek(Value value) const
 {
-    d->addressExtension = addressExtension;
+    const PhType* type = value == BitMask ? peekType() : nullptr;
+    return type ? type->peekBitMask() : values_.peek(value);
 }
 
-PhValue* PhEntity::lowerLimit() const { return d->lowerLimit; }
+PhType* PhEntity::type() const
+{
+    if (hasTypeFields_) {
+        auto type = std::make_unique<PhType>();
+        extras_.made().type = type.get();
+        type.release()->take(typeFields_, values_, BitMask);
+        hasTypeFields_ = false;
+    }
+    return peekType();
+}
 
-void PhEntity::setLowerLimit(PhValue* lowerLimit) { d->lowerLimit = lowerLimit; }
+void PhEntity::setType(PhType* type)
+{
+    const PhRef<PhType> hold(type);
+    if (type || extras_)
+        extras_.made().type = type;
+    if (std::exchange(hasTypeFields_, false)) {
+        typeFields_.conversion.clear();
+        values_.clear(BitMask);
+    }
+}
 
-PhValue* PhEntity::upperLimit() const { return d->upperLimit; }
+const PhTypeFields* PhEntity::typeFields() const
+{
+    if (hasTypeFields_)
+        return &typeFields_;
+    const PhType* type = peekType();
+    return type ? &type->fields() : nullptr;
+}
 
-void PhEntity::setUpperLimit(PhValue* upperLimit) { d->upperLimit = upperLimit; }
+PhTypeFields* PhEntity::typeFields()
+{
+    return const_cast<PhTypeFields*>(std::as_const(*this).typeFields());
+}
 
-PhType* PhEntity::type() const { return d->type; }
+PhTypeFields& PhEntity::makeTypeFields()
+{
+    hasTypeFields_ = true;
+    return typeFields_;
+}
 
-void PhEntity::setType(PhType* type) { d->type = type; }
-
-PhObject* PhEntity::auxRef1() const { return d->reference(&PhEntityExtras::auxRef1); }
-
-void PhEntity::setAuxRef1(PhObject* object) { d->setReference(&PhEntityExtras::auxRef1, object); }
-
-PhObject* PhEntity::auxRef2() const { return d->reference(&PhEntityExtras::auxRef2); }
-
-void PhEntity::setAuxRef2(PhObject* object) { d->setReference(&PhEntityExtras::auxRef2, object); }
-
-PhObject* PhEntity::auxRef3() const { return d->reference(&PhEntityExtras::auxRef3); }
-
-void PhEntity::setAuxRef3(PhObject* object) { d->setReference(&PhEntityExtras::auxRef3, object); }
-
-PhObject* PhEntity::auxRef4() const { return d->reference(&PhEntityExtras::auxRef4); }
-
-void PhEntity::setAuxRef4(PhObject* object) { d->setReference(&PhEntityExtras::auxRef4, object); }
-
-PhString* PhEntity::extraText() const { return d->extras ? d->extras->extraText.get() : nullptr; }
+void PhEntity::setReference(PhRef<PhObject> Extras::*field, PhObject* object)
+{
+    const PhRef<PhObject> hold(object);
+    if (object || extras_)
+        extras_.made().*field = object;
+}
 
 void PhEntity::setExtraText(PhString* extraText)
 {
     if (extraText == this->extraText())
         return;
     std::unique_ptr<PhString> text(extraText);
-    d->extras.made().extraText = std::move(text);
+    extras_.made().extraText = std::move(text);
 }
 
 } // namespace tavo

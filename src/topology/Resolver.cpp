@@ -7,6 +7,8 @@
 #include "topology/PhGroup.h"
 #include "topology/PhRoot.h"
 
+#include <type_traits>
+
 namespace tavo {
 
 void Resolver::resolve(const PhRoot& root)
@@ -23,40 +25,83 @@ void Resolver::resolve(const PhGroup& group)
         resolve(*entity, group);
 }
 
-/// What a reference leads to once it is resolved. `find` looks a name up and gives null for what
-/// may not stand in the reference; `store` puts an object in the placeholder's place and so
-/// destroys the placeholder. Null if there is nothing to go on with. A placeholder that is found by
-/// its own name is reported and gone on from.
-template <class Object, class Find, class Store>
-Object* Resolver::resolved(Object* held, Find find, Store store)
+namespace {
+
+bool isOpen(const PhObject& object) { return object.isUnresolved() && !object.isReported(); }
+
+/// A name without characters is nobody's.
+template <class Object>
+Object* lookUp(const PhGroup& group, Object* (PhGroup::*find)(const PhString&) const,
+               const PhString& name)
 {
-    if (!held || !held->isUnresolved() || held->isReported())
+    return name.length() > 0 ? (group.*find)(name) : nullptr;
+}
+
+} // namespace
+
+/// What a reference to `held`, an object or null, leads to once it is resolved. `find` looks a name
+/// up and returns null for what may not stand in the reference; `store` puts an object in the
+/// placeholder's place and so destroys the placeholder. Null if there is nothing to go on with. A
+/// placeholder that is found by its own name is reported and gone on from.
+template <class Object, class Find, class Store>
+Object* Resolver::resolved(Object* held, bool isOfConversion, Find find, Store store)
+{
+    if (!held || !isOpen(*held))
         return held;
-    Object* found = held->peekName().length() > 0 ? find(held->peekName()) : nullptr;
+    Object* found = find(held->peekName());
     if (found && found != held) {
         store(found);
         return found;
     }
     held->setReported();
-    report_(*held, entity_);
+    report_({held->peekName(), std::is_same_v<Object, PhType>, isOfConversion, entity_});
+    return found;
+}
+
+/// The same for a reference that may be a name alone.
+template <class Find>
+PhConversion* Resolver::resolved(PhConversionRef& reference, bool isOfConversion, Find find)
+{
+    const PhString* name = reference.text();
+    if (!name)
+        return resolved(reference.peek(), isOfConversion, find,
+                        [&](PhConversion* found) { reference = found; });
+    if (reference.isMarked())
+        return nullptr;
+    PhConversion* found = find(*name);
+    if (found) {
+        reference = found;
+    } else {
+        reference.mark();
+        report_({*name, false, isOfConversion, entity_});
+    }
     return found;
 }
 
 void Resolver::resolve(PhEntity& entity, const PhGroup& group)
 {
     entity_ = &entity;
-    PhType* next = resolved(
-        entity.type(), [&](const PhString& name) { return group.resolveTypeByName(name); },
-        [&](PhType* found) { entity.setType(found); });
-    if (next)
-        resolve(*next, group);
+    PhTypeFields* fields = nullptr;
+    if (PhType* held = entity.peekType()) {
+        PhType* next = resolved(
+            held, false,
+            [&](const PhString& name) { return lookUp(group, &PhGroup::resolveTypeByName, name); },
+            [&](PhType* found) { entity.setType(found); });
+        fields = next ? &next->fields() : nullptr;
+    } else {
+        fields = entity.typeFields();
+    }
+    if (fields)
+        resolve(*fields, group);
 }
 
-void Resolver::resolve(PhType& type, const PhGroup& group)
+void Resolver::resolve(PhType& type, const PhGroup& group) { resolve(type.fields(), group); }
+
+void Resolver::resolve(PhTypeFields& type, const PhGroup& group)
 {
-    PhConversion* next = resolved(
-        type.conversion(), [&](const PhString& name) { return group.resolveConversion(name); },
-        [&](PhConversion* found) { type.setConversion(found); });
+    PhConversion* next = resolved(type.conversion, false, [&](const PhString& name) {
+        return lookUp(group, &PhGroup::resolveConversion, name);
+    });
     if (next)
         resolve(*next, group);
 }
@@ -66,16 +111,13 @@ void Resolver::resolve(PhConversion& conversion, const PhGroup& group)
     PhConversion* owner = &conversion;
     // What hangs on a conversion is settled by the first walk that comes by, so that many entities
     // with one long chain of conversions after them don't make a walk each.
-    while (owner && owner->conversion() && walks_.emplace(owner, &conversion).second) {
-        owner = resolved(
-            owner->conversion(),
-            // A reference that would close a circle stays a placeholder: the conversions would keep
-            // one another alive for good.
-            [&](const PhString& name) {
-                PhConversion* found = group.resolveConversion(name);
-                return leadsBack(found, &conversion) ? nullptr : found;
-            },
-            [&](PhConversion* found) { owner->setConversion(found); });
+    while (owner && owner->conversionRef() && walks_.emplace(owner, &conversion).second) {
+        // A reference that would close a circle stays a placeholder: the conversions would keep one
+        // another alive for good.
+        owner = resolved(owner->conversionRef(), true, [&](const PhString& name) {
+            PhConversion* found = lookUp(group, &PhGroup::resolveConversion, name);
+            return leadsBack(found, &conversion) ? nullptr : found;
+        });
     }
 }
 
@@ -86,7 +128,7 @@ bool Resolver::leadsBack(const PhConversion* from, const PhConversion* start) co
     // on at steps that double.
     const PhConversion* mark = nullptr;
     std::size_t steps = 0;
-    for (std::size_t lap = 1; from && from != mark; from = from->conversion()) {
+    for (std::size_t lap = 1; from && from != mark; from = from->conversionRef().peek()) {
         const auto walk = walks_.find(from);
         if (walk != walks_.end())
             return walk->second == start;
@@ -104,14 +146,11 @@ namespace {
 /// Warns the root's logger, if there is one.
 Resolver::Report warningsOf(const PhRoot* root)
 {
-    return [root](const PhObject& placeholder, const PhEntity*) {
-        if (!root->logger())
-            return;
-        const bool isType = placeholder.classId() == PhClassType;
-        const PhString& name = placeholder.peekName();
-        root->logger()->warning(isType ? "Type '%s' unresolved.\n"
-                                       : "Conversion '%s' unresolved.\n",
-                                name.isNull() ? "" : name.cStr());
+    return [root](const Resolver::Unresolved& reference) {
+        if (root->logger())
+            root->logger()->warning(reference.isType ? "Type '%s' unresolved.\n"
+                                                     : "Conversion '%s' unresolved.\n",
+                                    reference.name.isNull() ? "" : reference.name.cStr());
     };
 }
 

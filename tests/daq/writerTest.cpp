@@ -57,7 +57,7 @@ TEST(TypeTextTest, NamesTheTypeByKindAndWidth)
     for (const auto& [baseType, bitCount, text] : rows) {
         type.setBaseType(baseType);
         type.setBitCount(bitCount);
-        EXPECT_STREQ(typeText(&type), text) << bitCount;
+        EXPECT_STREQ(typeText(&type.fields()), text) << bitCount;
     }
     EXPECT_STREQ(typeText(nullptr), "???");
     EXPECT_STREQ(protocolText(PhProtocol::KWP), "KWP");

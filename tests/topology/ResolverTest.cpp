@@ -68,6 +68,48 @@ TEST(ResolverTest, GoesOnFromAPlaceholderThatIsFoundByItsOwnName)
     EXPECT_EQ(itself->conversion(), other);
 }
 
+TEST(ResolverTest, TreatsANameLikeThePlaceholderThatItWouldBecome)
+{
+    for (const bool isAskedFor : {false, true}) {
+        RecordingLogger logger;
+        PhRoot root;
+        root.setLogger(&logger);
+        auto* group = new PhGroup;
+        root.appendGroup(group);
+        auto* method = new PhConversion;
+        method->setName("method");
+        method->conversionRef().setText("table");
+        group->appendConversion(method);
+        PhConversionRef* references[4];
+        int count = 0;
+        for (const char* name : {"method", "missing", "", "missing"}) {
+            auto* entity = new PhEntity;
+            PhTypeFields* fields = &entity->makeTypeFields();
+            fields->conversion.setText(name);
+            if (isAskedFor)
+                fields = &entity->type()->fields();
+            references[count++] = &fields->conversion;
+            group->appendEntity(entity);
+        }
+        for (PhConversionRef* reference : references)
+            EXPECT_TRUE(!isAskedFor || reference->conversion()->isUnresolved());
+        root.resolve();
+        const std::string first = logger.text;
+        EXPECT_EQ(first, "warning: Conversion 'table' unresolved.\n"
+                         "warning: Conversion 'missing' unresolved.\n"
+                         "warning: Conversion '' unresolved.\n"
+                         "warning: Conversion 'missing' unresolved.\n");
+        root.resolve();
+        EXPECT_EQ(logger.text, first) << "each is reported once";
+        EXPECT_EQ(references[0]->conversion(), method);
+        EXPECT_NE(references[1]->conversion(), references[3]->conversion());
+        EXPECT_TRUE(method->conversion()->isReported());
+        EXPECT_TRUE(references[2]->conversion()->isReported());
+        root.resolve();
+        EXPECT_EQ(logger.text, first) << "nor again as an object";
+    }
+}
+
 TEST(ResolverTest, EndsAtACircleThatTheBuilderMade)
 {
     PhRoot root;

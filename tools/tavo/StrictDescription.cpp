@@ -95,13 +95,12 @@ const PhGroup* StrictDescription::writtenModule() const
 /// Gives one warning for each measurement whose conversion isn't defined anywhere.
 void StrictDescription::resolve(Diagnostics& diagnostics)
 {
-    Resolver resolver([&](const PhObject& placeholder, const PhEntity* entity) {
+    Resolver resolver([&](const Resolver::Unresolved& reference) {
         // The standard's name for no conversion at all, and what a conversion itself refers to.
-        if (placeholder.name() == "NO_COMPU_METHOD" || entity->type()->conversion() != &placeholder)
+        if (reference.name == "NO_COMPU_METHOD" || reference.isType || reference.isOfConversion)
             return;
-        diagnostics.warnAbout(file(), "Conversion " + quoted(placeholder.name()) +
-                                          " of measurement " + quoted(entity->name()) +
-                                          " is not defined");
+        diagnostics.warnAbout(file(), "Conversion " + quoted(reference.name) + " of measurement " +
+                                          quoted(reference.entity->name()) + " is not defined");
     });
     resolver.resolve(root_);
 }

@@ -52,7 +52,7 @@ ByteOrder byteOrderOf(PhEndian endian)
     }
 }
 
-DataType dataTypeOf(const PhType* type)
+DataType dataTypeOf(const PhTypeFields* type)
 {
     const std::string_view text = typeText(type);
     for (DataType known = DataType::UByte; known <= DataType::Float64;
@@ -125,9 +125,10 @@ void addMethod(Inventory& inventory, std::uint32_t name, const PhConversion& con
     method.description = textOf(conversion.longName());
     method.kind = methodKindOf(conversion.conversionType());
     method.kindWord = methodKindWord(method.kind);
-    method.hasUnit = conversion.unit() && !conversion.unit()->label().isNull();
+    const PhString* unit = conversion.unitLabel();
+    method.hasUnit = unit && !unit->isNull();
     if (method.hasUnit)
-        method.unit = textOf(conversion.unit()->label());
+        method.unit = textOf(*unit);
     method.line.isWritten = conversion.getLinearFactors(&method.line.factor, &method.line.offset);
     method.line.isExact = true; // The reader has warned of a conversion that is none.
 }
@@ -143,7 +144,7 @@ void addMeasurement(Inventory& inventory, const PhEntity& entity)
     quantity.upper = limitOf(entity.upperLimit());
     quantity.hasOwnByteOrder = true;
     if (const PhType* type = entity.type()) {
-        quantity.type = dataTypeOf(type);
+        quantity.type = dataTypeOf(&type->fields());
         quantity.byteOrder = byteOrderOf(type->endian());
         quantity.bitMask = patternOf(type->bitMask());
         const PhConversion* conversion = type->conversion();
@@ -152,10 +153,10 @@ void addMeasurement(Inventory& inventory, const PhEntity& entity)
             quantity.methodName = inventory.methodNames.number(textOf(conversion->name()));
             addMethod(inventory, quantity.methodName, *conversion);
         }
-        const PhUnit* unit = unitOf(*type);
-        quantity.hasUnit = unit && !unit->label().isNull();
+        const PhString* unit = unitOf(entity);
+        quantity.hasUnit = unit && !unit->isNull();
         if (quantity.hasUnit)
-            quantity.unit = textOf(unit->label());
+            quantity.unit = textOf(*unit);
     }
     inventory.measurements.push_back(quantity);
 }

@@ -1,8 +1,6 @@
 #include "a2l/PhA2l.h"
 
 #include "model/PhConversion.h"
-#include "model/PhList.h"
-#include "model/PhUnit.h"
 #include "model/PhValue.h"
 #include "model/ownership.h"
 #include "topology/PhGroup.h"
@@ -43,9 +41,7 @@ int PhA2l::parseCompuMethod(PhGroup* group)
         conversion->setConversionType(readWord(conversionTypeOf));
     }
     dropFields(1); // the format
-    const PhRef<PhUnit> unit(new PhUnit);
-    unit->setLabel(readText());
-    conversion->setUnit(unit.get());
+    conversion->setUnitLabel(sharedName(readText()));
     group->appendConversion(conversion.get());
 
     return parseOptions(T_COMPU_METHOD, [&](int code) {
@@ -53,13 +49,10 @@ int PhA2l::parseCompuMethod(PhGroup* group)
         case T_COEFFS:
             parseCoeffs(conversion.get());
             return nextToken();
-        case T_COMPU_TAB_REF: {
-            PhConversion* table = conversionByName(group, readText());
-            // Itself would be a circle. It stands in the group's list, so nothing is lost here.
-            if (table != conversion.get())
-                conversion->setConversion(table);
+        case T_COMPU_TAB_REF:
+            // Itself would be a circle.
+            refer(conversion->conversionRef(), *group, conversion.get());
             return nextToken();
-        }
         case T_BEGIN:
             code = nextToken();
             if (code == T_FORMULA)

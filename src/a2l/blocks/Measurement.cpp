@@ -1,8 +1,6 @@
 #include "a2l/PhA2l.h"
 
 #include "model/PhConversion.h"
-#include "model/PhType.h"
-#include "model/PhValue.h"
 #include "model/ownership.h"
 #include "topology/PhEntity.h"
 #include "topology/PhGroup.h"
@@ -19,26 +17,25 @@ int PhA2l::parseMeasurement(PhGroup* group)
     group->appendEntity(entity.get());
     progress("  Parse MEASUREMENT '%s'\n", token().text);
 
-    auto* type = new PhType;
-    entity->setType(type);
-    type->setEndian(byteOrder_);
+    PhTypeFields& type = entity->makeTypeFields();
+    type.endian = byteOrder_;
     if (parseDataType(type) == T_ERROR)
         return T_ERROR;
-    type->setConversion(conversionByName(group, readText()));
+    refer(type.conversion, *group, nullptr);
     dropFields(2); // resolution and accuracy
-    entity->setLowerLimit(readLimit("lower"));
-    entity->setUpperLimit(readLimit("upper"));
+    readLimit(*entity, false);
+    readLimit(*entity, true);
 
     return parseOptions(T_MEASUREMENT,
                         [&](int code) { return parseMeasurementOption(entity.get(), code); });
 }
 
 /// UBYTE | SBYTE | UWORD | SWORD | ULONG | SLONG | FLOAT32_IEEE | FLOAT64_IEEE
-int PhA2l::parseDataType(PhType* type)
+int PhA2l::parseDataType(PhTypeFields& type)
 {
     const auto set = [&](PhBaseType baseType, int bitCount) {
-        type->setBaseType(baseType);
-        type->setBitCount(bitCount);
+        type.baseType = baseType;
+        type.bitCount = bitCount;
     };
     const VocabularyScope words(lexer_, enumKeywords);
     const int code = nextToken();
@@ -74,43 +71,44 @@ int PhA2l::parseDataType(PhType* type)
 }
 
 /// A limit keeps its kind, integer or double; anything else leaves it unset, with a warning.
-PhValue* PhA2l::readLimit(const char* which)
+void PhA2l::readLimit(PhEntity& entity, bool isUpper)
 {
-    if (readNumber())
-        return new PhValue(number());
-    warning("Unexpected type for %s limit.", which);
-    return nullptr;
+    const PhEntity::Value limit = isUpper ? PhEntity::UpperLimit : PhEntity::LowerLimit;
+    if (!readNumber())
+        warning("Unexpected type for %s limit.", isUpper ? "upper" : "lower");
+    else if (token().code == T_INTEGER)
+        entity.setNumber(limit, token().integer);
+    else
+        entity.setNumber(limit, token().real);
 }
 
-/// An address or its extension: a 32-bit pattern, or null, with a warning.
-PhValue* PhA2l::readAddress()
+/// An address or its extension: a 32-bit pattern. One that is no address leaves the one that was
+/// given before, with a warning.
+void PhA2l::readAddress(PhEntity& entity, bool isExtension)
 {
-    const int code = nextToken();
-    if (code == T_INTEGER)
-        return new PhValue(static_cast<unsigned>(token().integer));
-    warnUnexpectedToken();
-    return nullptr;
+    if (nextToken() == T_INTEGER)
+        entity.setNumber(isExtension ? PhEntity::AddressExtension : PhEntity::Address,
+                         token().integer);
+    else
+        warnUnexpectedToken();
 }
 
 int PhA2l::parseMeasurementOption(PhEntity* entity, int code)
 {
     switch (code) {
     case T_ECU_ADDRESS:
-        // One that is no address leaves the one that was given before.
-        if (PhValue* address = readAddress())
-            entity->setAddress(address);
+        readAddress(*entity, false);
         return nextToken();
     case T_ECU_ADDRESS_EXTENSION:
-        if (PhValue* extension = readAddress())
-            entity->setAddressExtension(extension);
+        readAddress(*entity, true);
         return nextToken();
     case T_BIT_MASK:
-        entity->type()->setBitMask(new PhValue(static_cast<unsigned>(readInteger())));
+        entity->setNumber(PhEntity::BitMask, readInteger());
         return nextToken();
     case T_BYTE_ORDER: {
         PhEndian byteOrder = PhEndian::Undefined;
         code = parseByteOrder(byteOrder);
-        entity->type()->setEndian(byteOrder);
+        entity->typeFields()->endian = byteOrder;
         return code;
     }
     case T_READ_WRITE:
