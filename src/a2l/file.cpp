@@ -27,7 +27,7 @@ int PhA2l::readFile(PhRoot* root)
     byteOrder_ = PhEndian::Undefined;
     if (const int status = openFile())
         return status;
-    // The model of a usual description takes more than half the size of the file.
+    // The model of a usual description takes a quarter to half of the size of the file.
     expectBlocks(lexer_.source().size() / 2);
     int code = nextToken();
     do

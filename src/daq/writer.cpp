@@ -96,8 +96,8 @@ std::optional<std::string_view> textOf(const PhString& text)
 void writeQuantity(ConfigurationStream& stream, const PhEntity& entity, std::int32_t index)
 {
     QuantitySection section;
-    section.name = textOf(entity.peekName());
-    section.description = textOf(entity.peekLongName());
+    section.name = textOf(entity.name());
+    section.description = textOf(entity.longName());
     section.address = entity.peek(PhEntity::Address);
     section.addressExtension = entity.peek(PhEntity::AddressExtension);
     section.lowerLimit = entity.peek(PhEntity::LowerLimit);

@@ -108,7 +108,7 @@ template <class Matches> PhListNode* PhList::findNode(Matches matches) const
 
 PhListNode* PhList::findNodeByName(const PhString& name) const
 {
-    return findNode([&](const PhObject& object) { return sameText(object.peekName(), name); });
+    return findNode([&](const PhObject& object) { return sameText(object.name(), name); });
 }
 
 PhListNode* PhList::findNodeByExternalId(const PhString& externalId) const
@@ -208,7 +208,7 @@ void PhList::buildHash()
     // Room for a hundred more than there are now: the bucket count never changes.
     auto index = std::make_unique<PhHashTable>(count_ + 100);
     for (PhListNode* node = head_; node; node = node->next())
-        index->add(node->object()->peekName(), node->object());
+        index->add(node->object()->name(), node->object());
     index_ = std::move(index);
 }
 
@@ -217,13 +217,13 @@ void PhList::clearHash() { index_.reset(); }
 void PhList::addToHash(PhObject* object)
 {
     if (index_ && object)
-        index_->add(object->peekName(), object);
+        index_->add(object->name(), object);
 }
 
 void PhList::removeFromHash(PhObject* object)
 {
     if (index_ && object)
-        index_->remove(object->peekName(), object);
+        index_->remove(object->name(), object);
 }
 
 PhObject* PhListCursor::moveTo(PhListNode* target)

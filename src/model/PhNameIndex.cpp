@@ -21,7 +21,7 @@ void PhNameIndex::append(PhObject* object)
 {
     // One without a name counts too: it may get one.
     object->setNameIndexed();
-    if (object->peekName().isNull())
+    if (object->name().isNull())
         return;
     ++callCount_;
     if (!ordered_.empty()) {
@@ -30,8 +30,8 @@ void PhNameIndex::append(PhObject* object)
     }
     if (count_ * 2 >= slots_.size())
         grow();
-    const std::size_t hash = hashOf(object->peekName());
-    Slot& slot = slots_[slotOf(object->peekName(), hash)];
+    const std::size_t hash = hashOf(object->name());
+    Slot& slot = slots_[slotOf(object->name(), hash)];
     if (!slot.object) {
         slot = {hash, object};
         ++count_;
@@ -53,17 +53,17 @@ void PhNameIndex::becomeOrderedIfSlow()
 
 bool PhNameIndex::ByName::operator()(const PhObject* left, const PhObject* right) const
 {
-    return left->peekName().view() < right->peekName().view();
+    return left->name().view() < right->name().view();
 }
 
 bool PhNameIndex::ByName::operator()(const PhObject* left, std::string_view right) const
 {
-    return left->peekName().view() < right;
+    return left->name().view() < right;
 }
 
 bool PhNameIndex::ByName::operator()(std::string_view left, const PhObject* right) const
 {
-    return left < right->peekName().view();
+    return left < right->name().view();
 }
 
 PhObject* PhNameIndex::find(const PhString& name)
@@ -83,8 +83,8 @@ std::size_t PhNameIndex::slotOf(const PhString& name, std::size_t hash)
 {
     const std::size_t mask = slots_.size() - 1;
     std::size_t i = hash & mask;
-    for (; slots_[i].object &&
-           (slots_[i].hash != hash || !sameText(slots_[i].object->peekName(), name));
+    for (;
+         slots_[i].object && (slots_[i].hash != hash || !sameText(slots_[i].object->name(), name));
          i = (i + 1) & mask)
         ++stepCount_;
     return i;

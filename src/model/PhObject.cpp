@@ -18,23 +18,17 @@ PhObject::PhObject(std::int32_t classId)
     : id_(nextId++), classId_(classId & highestNearClassId), isNameIndexed_(0), spare_(0)
 {
     if (classId < 0 || classId > highestNearClassId) {
-        rareParts().classId = classId;
+        rare_.made().classId = classId;
         classId_ = -1;
     }
 }
 
 PhObject::~PhObject() = default;
 
-void PhObject::setText(PhString PhObjectTexts::*slot, const PhString& text)
-{
-    if (texts_ || !text.isNull())
-        texts().*slot = text;
-}
-
 void PhObject::setText(PhString PhObjectRareParts::*slot, const PhString& text)
 {
-    if ((texts_ && texts_->rare) || !text.isNull())
-        rareParts().*slot = text;
+    if (rare_ || !text.isNull())
+        rare_.made().*slot = text;
 }
 
 } // namespace tavo

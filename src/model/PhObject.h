@@ -54,14 +54,6 @@ struct PhObjectRareParts : Pooled
     std::int32_t classId = 0;
 };
 
-/// The texts of an object. They stand apart, because most objects are values and have none.
-struct PhObjectTexts : Pooled
-{
-    PhString name;
-    PhString longName;
-    PhRare<PhObjectRareParts> rare;
-};
-
 /// Base of every model object: a class number, a creation number, four texts, marker flags and a
 /// manual reference count.
 ///
@@ -87,34 +79,26 @@ public:
     /// The creation number: unique in the process and ascending in order of construction. Every
     /// object takes one, temporary and embedded values included.
     std::uint32_t id() const { return id_; }
-    std::int32_t classId() const { return classId_ >= 0 ? classId_ : texts_->rare->classId; }
+    std::int32_t classId() const { return classId_ >= 0 ? classId_ : rare_->classId; }
 
     /// The texts themselves, not copies: a reference holds as long as the object and shows what is
-    /// set later. Null at first. To ask for one makes room for it if the object has none yet, which
-    /// can run out of memory. Of an A2L block, the identifier is the `name` and the long identifier
-    /// the `longName`; the other two stay null.
-    const PhString& name() const { return texts().name; }
-    const PhString& longName() const { return texts().longName; }
-    const PhString& description() const { return rareParts().description; }
-    const PhString& externalId() const { return rareParts().externalId; }
-
-    // NOLINTBEGIN(clang-analyzer-core.uninitialized.UndefReturn)
+    /// set later. Null at first. Of an A2L block, the identifier is the `name` and the long
+    /// identifier the `longName`; the other two stay null, and to ask for one of them makes room
+    /// for it, which can run out of memory.
+    const PhString& name() const { return name_; }
+    const PhString& longName() const { return longName_; }
+    const PhString& description() const { return rare_.made().description; }
+    const PhString& externalId() const { return rare_.made().externalId; }
     /// The same for a look that makes no room and never fails. The reference to a text that was
     /// never set doesn't show what is set later.
-    const PhString& peekName() const { return texts_ ? texts_->name : noText; }
-    const PhString& peekLongName() const { return texts_ ? texts_->longName : noText; }
-    const PhString& peekExternalId() const
-    {
-        return texts_ && texts_->rare ? texts_->rare->externalId : noText;
-    }
-    // NOLINTEND(clang-analyzer-core.uninitialized.UndefReturn)
+    const PhString& peekExternalId() const { return rare_ ? rare_->externalId : noText; }
 
     void setName(const PhString& name)
     {
         indexedNameChanges_ += isNameIndexed_;
-        setText(&PhObjectTexts::name, name);
+        name_ = name;
     }
-    void setLongName(const PhString& longName) { setText(&PhObjectTexts::longName, longName); }
+    void setLongName(const PhString& longName) { longName_ = longName; }
     void setDescription(const PhString& text) { setText(&PhObjectRareParts::description, text); }
     void setExternalId(const PhString& text) { setText(&PhObjectRareParts::externalId, text); }
 
@@ -164,9 +148,6 @@ private:
         Reported = 2
     };
 
-    PhObjectTexts& texts() const { return texts_.made(); }
-    PhObjectRareParts& rareParts() const { return texts().rare.made(); }
-    void setText(PhString PhObjectTexts::*slot, const PhString& text);
     void setText(PhString PhObjectRareParts::*slot, const PhString& text);
 
     static const PhString noText;
@@ -185,7 +166,9 @@ protected:
 
 private:
     /// Mutable, since to ask for a text makes room for it.
-    mutable PhRare<PhObjectTexts> texts_;
+    mutable PhRare<PhObjectRareParts> rare_;
+    PhString name_;
+    PhString longName_;
 };
 
 } // namespace tavo

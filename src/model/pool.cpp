@@ -35,7 +35,7 @@ char* unused = nullptr; ///< What is left of the newest chunk.
 std::size_t unusedSize = 0;
 std::size_t chunksSize = 0;
 std::size_t blocksInUse = 0;
-std::size_t expectedSize = 0; ///< What the blocks are expected to need at least.
+std::size_t expectedSize = 0; ///< What the blocks are expected to need.
 
 /// The size of the next chunk: so that a sixteenth of all that there is may stay unused, but large
 /// at once if it is expected to be filled.

@@ -30,9 +30,9 @@ void* allocateBlock(std::size_t size);
 /// Gives back a block; `size` is what it was allocated with. Null is ignored.
 void releaseBlock(void* block, std::size_t size) noexcept;
 
-/// Tells how much memory the next blocks will need at least, in bytes, so that it can be had in
-/// large pages from the start. Only a guess: nothing is allocated by it. It holds until the last
-/// block is given back or the next guess.
+/// Tells how much memory the next blocks may need, in bytes, so that it can be had in large pages
+/// from the start. Only a guess: nothing is allocated by it, and one that is too high costs a large
+/// page at most. It holds until the last block is given back or the next guess.
 void expectBlocks(std::size_t size);
 
 /// Base of what stands in such blocks when it is made with `new`.

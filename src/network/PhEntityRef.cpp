@@ -30,7 +30,7 @@ void PhEntityRef::setLocalRef(PhObject* localRef) { d->localRef = localRef; }
 PhEntityRef* PhEntityRef::duplicate() const
 {
     auto copy = std::make_unique<PhEntityRef>();
-    copy->setName(peekName());
+    copy->setName(name());
     copy->setPrimaryRef(d->primaryRef);
     copy->setSecondaryRef(d->secondaryRef);
     return copy.release();

@@ -236,7 +236,7 @@ PhGroup* PhGroup::findGroupByExternalId(const PhString& externalId) const
 
 PhGroup* PhGroup::findGroupByName(const PhString& name) const
 {
-    return findGroup(d->groups, &PhObject::peekName, name);
+    return findGroup(d->groups, &PhObject::name, name);
 }
 
 } // namespace tavo

@@ -29,7 +29,7 @@ PhGroup* PhRoot::findGroupByExternalId(const PhString& externalId) const
 
 PhGroup* PhRoot::findGroupByName(const PhString& name) const
 {
-    return findGroup(d->groups, &PhObject::peekName, name);
+    return findGroup(d->groups, &PhObject::name, name);
 }
 
 PhLogger* PhRoot::logger() const { return d->logger; }

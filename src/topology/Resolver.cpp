@@ -48,13 +48,13 @@ Object* Resolver::resolved(Object* held, bool isOfConversion, Find find, Store s
 {
     if (!held || !isOpen(*held))
         return held;
-    Object* found = find(held->peekName());
+    Object* found = find(held->name());
     if (found && found != held) {
         store(found);
         return found;
     }
     held->setReported();
-    report_({held->peekName(), std::is_same_v<Object, PhType>, isOfConversion, entity_});
+    report_({held->name(), std::is_same_v<Object, PhType>, isOfConversion, entity_});
     return found;
 }
 

@@ -46,11 +46,11 @@ TEST(PhObjectTest, AReferenceToATextShowsWhatIsSetLaterAndAPeekMakesNoRoom)
         EXPECT_EQ(&text, &(object.*read)());
         EXPECT_STREQ(text, "again");
     }
-    const PhObject nameless(1);
+    const PhObject plain(1);
     const PhObject other(1);
-    EXPECT_EQ(&nameless.peekName(), &other.peekName());
-    EXPECT_NE(&nameless.name(), &other.name());
-    EXPECT_EQ(&nameless.peekName(), &nameless.name());
+    EXPECT_EQ(&plain.peekExternalId(), &other.peekExternalId());
+    EXPECT_NE(&plain.externalId(), &other.externalId());
+    EXPECT_EQ(&plain.peekExternalId(), &plain.externalId());
 }
 
 TEST(OwnershipTest, AReferenceOwnsOneCountOfWhatItHolds)

@@ -106,8 +106,7 @@ void PhA2l::parseCoeffs(PhConversion* conversion)
         below(e);
         below(PhValue(0));
     } else {
-        warning("Unable to compute inverse function in conversion '%s'",
-                conversion->peekName().cStr());
+        warning("Unable to compute inverse function in conversion '%s'", conversion->name().cStr());
     }
 }
 
