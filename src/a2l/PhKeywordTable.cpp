@@ -1,6 +1,7 @@
 #include "a2l/PhKeywordTable.h"
 
 #include "a2l/tokens.h"
+#include "base/sameBytes.h"
 
 #include <cstddef>
 
@@ -57,11 +58,11 @@ template <std::size_t Size> constexpr bool codesDiffer(const PhKeywordEntry (&en
 static_assert(codesDiffer(coreEntries) && codesDiffer(enumEntries) && codesDiffer(ccpEntries) &&
               codesDiffer(xcpEntries) && codesDiffer(kwpEntries));
 
-constexpr PhKeywordSlots<401> coreSlots(coreEntries);
-constexpr PhKeywordSlots<101> enumSlots(enumEntries);
-constexpr PhKeywordSlots<201> ccpSlots(ccpEntries);
-constexpr PhKeywordSlots<301> xcpSlots(xcpEntries);
-constexpr PhKeywordSlots<101> kwpSlots(kwpEntries);
+constexpr PhKeywordSlots<512> coreSlots(coreEntries);
+constexpr PhKeywordSlots<128> enumSlots(enumEntries);
+constexpr PhKeywordSlots<128> ccpSlots(ccpEntries);
+constexpr PhKeywordSlots<512> xcpSlots(xcpEntries);
+constexpr PhKeywordSlots<128> kwpSlots(kwpEntries);
 
 } // namespace
 
@@ -71,23 +72,15 @@ constinit const PhKeywordTable ccpKeywords(ccpEntries, ccpSlots);
 constinit const PhKeywordTable xcpKeywords(xcpEntries, xcpSlots);
 constinit const PhKeywordTable kwpKeywords(kwpEntries, kwpSlots);
 
-bool PhKeywordTable::mayHold(std::string_view text) const
-{
-    return !text.empty() && text.size() <= longest &&
-           (lastCharacters_[text.size()] & lastCharacterBit(text)) != 0;
-}
-
 std::int32_t PhKeywordTable::lookup(std::string_view text) const
 {
-    if (!mayHold(text))
-        return 0;
     const std::uint32_t hash = keywordHash(text);
-    for (std::uint32_t i = hash % slotCount_; slots_[i].row != 0; i = (i + 1) % slotCount_) {
-        const PhKeywordSlot& slot = slots_[i];
-        if (slot.hash != hash)
+    for (const PhKeywordSlot* slot = slots_ + keywordSlot(hash, slotCount_); slot->row != 0;
+         slot = slot + 1 != slots_ + slotCount_ ? slot + 1 : slots_) {
+        if (slot->hash != hash)
             continue;
-        const PhKeywordEntry& entry = entries_[slot.row - 1];
-        if (text == std::string_view(entry.text, slot.length))
+        const PhKeywordEntry& entry = entries_[slot->row - 1];
+        if (sameBytes(text, std::string_view(entry.text, slot->length)))
             return entry.code;
     }
     return 0;

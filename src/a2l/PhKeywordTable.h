@@ -1,8 +1,11 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
+#include <type_traits>
 
 namespace tavo {
 
@@ -21,24 +24,45 @@ struct PhKeywordSlot
     std::uint16_t row = 0;    ///< From 1 on; 0 in a free slot.
 };
 
-/// Adds one more byte of a word to its hash: bits that climb above bit 23 come back at the bottom.
-constexpr std::uint32_t keywordHashStep(std::uint32_t hash, unsigned char byte)
+/// A part of a text as a number, its first byte lowest on every processor and in the compiler.
+template <class Number> constexpr Number bytesFrom(const char* text)
 {
-    const std::uint32_t sum = byte + 2 * hash;
-    return (sum & 0xFFFFFFU) + (sum >> 24);
+    Number number = 0;
+    if (!std::is_constant_evaluated() && std::endian::native == std::endian::little) {
+        std::memcpy(&number, text, sizeof number);
+        return number;
+    }
+    for (std::size_t i = sizeof number; i > 0; --i)
+        number = number << 8 | static_cast<unsigned char>(text[i - 1]);
+    return number;
 }
 
-/// The hash of a whole word; 0 for "".
+/// The hash of a word, of its length and of its first and last bytes.
 constexpr std::uint32_t keywordHash(std::string_view text)
 {
-    // Nothing climbs above bit 23 within the first sixteen bytes.
-    constexpr std::size_t withoutFold = 16;
-    std::uint32_t hash = 0;
-    for (const char c : text.substr(0, withoutFold))
-        hash = hash * 2 + static_cast<unsigned char>(c);
-    for (std::size_t i = withoutFold; i < text.size(); ++i)
-        hash = keywordHashStep(hash, static_cast<unsigned char>(text[i]));
-    return hash;
+    constexpr std::size_t longPart = sizeof(std::uint64_t);
+    constexpr std::size_t shortPart = sizeof(std::uint32_t);
+    std::uint64_t first = 0;
+    std::uint64_t last = text.size();
+    if (text.size() >= longPart) {
+        first = bytesFrom<std::uint64_t>(text.data());
+        last += bytesFrom<std::uint64_t>(text.data() + text.size() - longPart);
+    } else if (text.size() >= shortPart) {
+        first = bytesFrom<std::uint32_t>(text.data());
+        last += bytesFrom<std::uint32_t>(text.data() + text.size() - shortPart);
+    } else {
+        for (const char c : text)
+            first = first << 8 | static_cast<unsigned char>(c);
+    }
+    // Two odd numbers without a pattern in their bits.
+    const std::uint64_t hash = first * 0x9E3779B97F4A7C15 ^ last * 0xC2B2AE3D27D4EB4F;
+    return static_cast<std::uint32_t>(hash >> 32);
+}
+
+/// The place among so many at which the search for a word of this hash begins.
+constexpr std::uint32_t keywordSlot(std::uint32_t hash, std::uint32_t slotCount)
+{
+    return static_cast<std::uint32_t>(std::uint64_t{hash} * slotCount >> 32);
 }
 
 /// An open-addressing hash over the rows of a vocabulary, made by the compiler. There must be more
@@ -50,7 +74,7 @@ template <std::uint32_t SlotCount> struct PhKeywordSlots
         for (std::uint16_t row = 1; entries[row - 1].text; ++row) {
             const std::string_view text = entries[row - 1].text;
             const std::uint32_t hash = keywordHash(text);
-            std::uint32_t slot = hash % SlotCount;
+            std::uint32_t slot = keywordSlot(hash, SlotCount);
             while (slots[slot].row != 0)
                 slot = (slot + 1) % SlotCount;
             slots[slot] = {hash, static_cast<std::uint16_t>(text.size()), row};
@@ -64,18 +88,11 @@ template <std::uint32_t SlotCount> struct PhKeywordSlots
 class PhKeywordTable
 {
 public:
-    /// No keyword is longer than this.
-    static constexpr std::size_t longest = 63;
-
     /// Rows and slots outlive the table.
     template <std::uint32_t SlotCount>
     consteval PhKeywordTable(const PhKeywordEntry* entries, const PhKeywordSlots<SlotCount>& hash)
         : entries_(entries), slots_(hash.slots), slotCount_(SlotCount)
     {
-        for (const PhKeywordEntry* entry = entries; entry->text; ++entry) {
-            const std::string_view text = entry->text;
-            lastCharacters_[text.size()] |= lastCharacterBit(text); // no longer than `longest`
-        }
     }
 
     /// The code of a word, compared byte for byte; 0 if it is no keyword here.
@@ -84,18 +101,9 @@ public:
     const char* keywordName(std::int32_t code) const;
 
 private:
-    static constexpr std::uint64_t lastCharacterBit(std::string_view text)
-    {
-        return std::uint64_t{1} << (static_cast<unsigned char>(text.back()) & 63U);
-    }
-    bool mayHold(std::string_view text) const;
-
     const PhKeywordEntry* entries_;
     const PhKeywordSlot* slots_;
     std::uint32_t slotCount_;
-    /// For each length of a keyword the characters that keywords of this length end with, as bits
-    /// by the character's low six bits. Most names are told from keywords by these two alone.
-    std::uint64_t lastCharacters_[longest + 1] = {};
 };
 
 /// Outside of the sections below. A reader starts with it.
