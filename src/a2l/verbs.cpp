@@ -36,7 +36,7 @@ PhEndian byteOrderOf(int code)
 /// word, of a number its digits (without the 0x), of anything else that is no text the empty text.
 std::string_view PhA2l::readText()
 {
-    nextToken();
+    skipToken(); // its text is all that counts
     return token().text;
 }
 
