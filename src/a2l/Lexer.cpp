@@ -21,17 +21,9 @@ std::int32_t hexadecimalValue(std::string_view text)
 
 } // namespace
 
-bool Lexer::open(const char* path)
-{
-    line_ = 1;
-    return source_.open(path);
-}
+bool Lexer::open(const char* path) { return source_.open(path); }
 
-void Lexer::openMemory(std::string_view text)
-{
-    line_ = 1;
-    source_.openMemory(text);
-}
+void Lexer::openMemory(std::string_view text) { source_.openMemory(text); }
 
 int Lexer::next()
 {
@@ -73,10 +65,69 @@ int Lexer::skip()
 /// number has no value.
 int Lexer::scan()
 {
+    const unsigned char* first = source_.position();
+    while (is(*first, Blank))
+        ++first;
+    if (is(*first, Letter) || (*first == '/' && first[1] != '*' && first[1] != endMark)) {
+        const unsigned char* const last = source_.runEnd(Run::Name, first + 1);
+        if (*last != endMark)
+            return finishPlain(ScannedName, first, last, last);
+    } else if (is(*first, Digit) || *first == '-') {
+        return scanPlainNumber(first);
+    } else if (*first == '"') {
+        const unsigned char* const last = source_.runEnd(Run::Text, first + 1);
+        if (*last == '"' && last[1] != '"' && last[1] != endMark)
+            return finishPlain(T_STRING, first + 1, last, last + 1);
+    }
+    source_.goTo(first);
+    return scanOther();
+}
+
+/// Takes a token that stands in the block as plainly as most do, and goes on after it.
+int Lexer::finishPlain(int code, const unsigned char* first, const unsigned char* last,
+                       const unsigned char* next)
+{
+    token_.text = {reinterpret_cast<const char*>(first), static_cast<std::size_t>(last - first)};
+    source_.goTo(next);
+    return code;
+}
+
+/// A number of decimal digits, maybe with a point, or of hexadecimal ones.
+int Lexer::scanPlainNumber(const unsigned char* first)
+{
+    const auto endOf = [](const unsigned char* digits, unsigned classes) {
+        while (is(*digits, classes))
+            ++digits;
+        return digits;
+    };
+    const unsigned char* const digits = first + (*first == '-');
+    const unsigned char* text = first;
+    const unsigned char* last = endOf(digits, Digit);
+    if (last != digits) {
+        int code = T_INTEGER;
+        if (*last == '.') {
+            code = T_DOUBLE;
+            last = endOf(last + 1, Digit);
+        } else if (*last == 'x' && last == first + 1 && *first == '0') {
+            code = ScannedHexadecimal;
+            text = last + 1;
+            last = endOf(text, HexDigit);
+        }
+        if (!is(*last, Letter) && *last != endMark)
+            return finishPlain(code, text, last, last);
+    }
+    source_.goTo(first);
+    return scanOther();
+}
+
+/// A token that `scan` doesn't know from its first characters or that goes on in the next block.
+/// No blank is in hand, unless a block begins with it.
+int Lexer::scanOther()
+{
     token_.text = {};
     source_.endText();
     for (;;) {
-        const int first = skipBlanks();
+        const int first = source_.skipFew(Blank);
         if (is(first, Letter))
             return scanName();
         if (is(first, Digit) || first == '.' || first == '-')
@@ -92,7 +143,7 @@ int Lexer::scan()
         source_.beginText();
         source_.advance();
         if (source_.peek() != '*')
-            return finishText(ScannedName, InName);
+            return finishName(ScannedName);
         source_.endText();
         source_.advance();
         if (!skipComment())
@@ -100,47 +151,33 @@ int Lexer::scan()
     }
 }
 
-/// The first character that is no blank; it is in hand then.
-int Lexer::skipBlanks()
-{
-    for (;;) {
-        const int character = source_.skipRun(Blank);
-        if (character != '\n')
-            return character;
-        ++line_;
-        source_.advance();
-    }
-}
-
 /// Called after the opening of a comment. False, with an error, if it has no end.
 bool Lexer::skipComment()
 {
-    const int startLine = line();
+    source_.markLine();
     for (;;) {
-        source_.skipRun(InComment);
-        const int character = source_.take();
-        if (character == '\n') {
-            ++line_;
-        } else if (character == '*') {
-            if (source_.peek() == '/') {
-                source_.advance();
-                return true;
-            }
-        } else {
+        if (source_.skipTo('*') == endMark) {
+            source_.take();
             // The second "Error" is frozen, see "What hosts rely on" in docs/architecture.md.
             char text[64];
             std::snprintf(text, sizeof text, "Error: Unexpected EOF in Comment (Line %d)",
-                          startLine);
+                          static_cast<int>(source_.markedLine()));
             report_(text);
             return false;
+        }
+        source_.advance();
+        if (source_.peek() == '/') {
+            source_.advance();
+            source_.unmarkLine();
+            return true;
         }
     }
 }
 
-/// Takes the characters of these classes as the rest of the token's text.
-int Lexer::finishText(int code, unsigned classes)
+/// Takes the rest of a name as the token's text.
+int Lexer::finishName(int code)
 {
-    source_.skipRun(classes);
+    source_.skipRun(Run::Name);
     token_.text = source_.text();
     return code;
 }
@@ -148,7 +185,7 @@ int Lexer::finishText(int code, unsigned classes)
 int Lexer::scanName()
 {
     source_.beginText();
-    return finishText(ScannedName, InName);
+    return finishName(ScannedName);
 }
 
 int Lexer::scanString()
@@ -156,11 +193,7 @@ int Lexer::scanString()
     source_.advance();
     source_.beginText();
     for (;;) {
-        const int character = source_.skipRun(InString);
-        if (character == '\n') {
-            ++line_;
-            source_.advance();
-        } else if (character == '"') {
+        if (source_.skipRun(Run::Text) == '"') {
             source_.advance();
             if (source_.peek() != '"') {
                 token_.text = source_.text();
@@ -182,7 +215,7 @@ int Lexer::scanEditedString()
 {
     for (;;) {
         source_.beginText();
-        source_.skipRun(InString);
+        source_.skipRun(Run::Text);
         textBuffer_.append(source_.text());
         source_.endText();
         int character = source_.take();
@@ -199,8 +232,6 @@ int Lexer::scanEditedString()
             report_("Unexpected EOF in string");
             return T_NONE;
         }
-        if (character == '\n')
-            ++line_;
         textBuffer_.push_back(static_cast<char>(character));
     }
 }
@@ -216,7 +247,7 @@ int Lexer::scanNumber()
         if (!is(source_.peek(), Digit))
             return loseCharacter();
     }
-    switch (const int character = source_.skipRun(Digit)) {
+    switch (const int character = source_.skipFew(Digit)) {
     case '.':
         return scanFraction();
     case 'E':
@@ -227,7 +258,7 @@ int Lexer::scanNumber()
         return scanHexadecimal();
     default:
         if (is(character, Letter))
-            return finishText(T_IDENTIFIER, InName);
+            return finishName(T_IDENTIFIER);
     }
     token_.text = source_.text();
     return first == '.' ? T_DOUBLE : T_INTEGER;
@@ -237,11 +268,11 @@ int Lexer::scanNumber()
 int Lexer::scanFraction()
 {
     source_.advance();
-    const int character = source_.skipRun(Digit);
+    const int character = source_.skipFew(Digit);
     if (character == 'E' || character == 'e')
         return scanExponent();
     if (is(character, Letter))
-        return finishText(T_IDENTIFIER, InName);
+        return finishName(T_IDENTIFIER);
     token_.text = source_.text();
     return T_DOUBLE;
 }
@@ -254,7 +285,9 @@ int Lexer::scanExponent()
         source_.advance();
     if (!is(source_.peek(), Digit))
         return loseCharacter();
-    return finishText(T_DOUBLE, Digit);
+    source_.skipFew(Digit);
+    token_.text = source_.text();
+    return T_DOUBLE;
 }
 
 /// The x is in hand. The text of a hexadecimal number is its sign and its digits alone, which may
@@ -266,9 +299,9 @@ int Lexer::scanHexadecimal()
         return loseCharacter();
     source_.advance();
     source_.beginText();
-    const bool name = is(source_.skipRun(HexDigit), Letter);
+    const bool name = is(source_.skipFew(HexDigit), Letter);
     if (name)
-        source_.skipRun(InName);
+        source_.skipRun(Run::Name);
     token_.text = source_.text();
     if (negative) {
         textBuffer_ = '-';
@@ -282,6 +315,7 @@ int Lexer::scanHexadecimal()
 int Lexer::loseCharacter()
 {
     source_.take();
+    source_.forgetLineFeed();
     return T_NONE;
 }
 

@@ -48,14 +48,17 @@ public:
     /// The current token. Its text is valid until the next one is read.
     const PhTokenValue& token() const { return token_; }
     /// The line of the last character read. It may wrap in a huge file.
-    int line() const { return static_cast<int>(line_); }
+    int line() { return static_cast<int>(source_.line()); }
 
     const PhKeywordTable& vocabulary() const { return *vocabulary_; }
     void setVocabulary(const PhKeywordTable& vocabulary) { vocabulary_ = &vocabulary; }
 
 private:
     int scan();
-    int skipBlanks();
+    int finishPlain(int code, const unsigned char* first, const unsigned char* last,
+                    const unsigned char* next);
+    int scanPlainNumber(const unsigned char* first);
+    int scanOther();
     bool skipComment();
     int scanName();
     int scanString();
@@ -64,12 +67,11 @@ private:
     int scanFraction();
     int scanExponent();
     int scanHexadecimal();
-    int finishText(int code, unsigned classes);
+    int finishName(int code);
     int loseCharacter();
 
     PhTokenValue token_;
     const PhKeywordTable* vocabulary_ = &coreKeywords;
-    std::uint32_t line_ = 1;
     SourceStream source_;
     std::string textBuffer_; ///< Holds the token's text if it differs from what stands in the file.
     Report report_;

@@ -1,5 +1,6 @@
 #include "a2l/SourceStream.h"
 
+#include "base/ByteGroup.h"
 #include "base/CancellationHold.h"
 
 #include <algorithm>
@@ -24,10 +25,39 @@ unsigned char* foldLineEnds(unsigned char* first, unsigned char* last)
         std::memchr(first, '\r', static_cast<std::size_t>(last - first)));
     if (!target)
         return last;
-    for (const unsigned char* source = target; source != last; ++source)
-        if (*source != '\r' || source + 1 == last || source[1] != '\n')
-            *target++ = *source;
+    const unsigned char* source = target;
+    while (source != last) {
+        // A CR, and what follows up to the next one; it stays unless a LF is next.
+        const auto* next = static_cast<const unsigned char*>(
+            std::memchr(source + 1, '\r', static_cast<std::size_t>(last - source - 1)));
+        if (!next)
+            next = last;
+        if (source + 1 != next && source[1] == '\n')
+            ++source;
+        const auto size = static_cast<std::size_t>(next - source);
+        std::memmove(target, source, size);
+        target += size;
+        source = next;
+    }
     return target;
+}
+
+std::uint32_t countLineFeeds(const unsigned char* first, const unsigned char* last)
+{
+    // Sums of a byte each are what the compiler can add up sixteen at a time.
+    constexpr std::ptrdiff_t width = 16;
+    constexpr std::ptrdiff_t most = 255;
+    std::uint32_t count = 0;
+    while (last - first >= width) {
+        std::uint8_t sums[width] = {};
+        const unsigned char* const stop = first + std::min((last - first) / width, most) * width;
+        for (; first != stop; first += width)
+            for (int i = 0; i < width; ++i)
+                sums[i] = static_cast<std::uint8_t>(sums[i] + (first[i] == '\n'));
+        for (const std::uint8_t sum : sums)
+            count += sum;
+    }
+    return count + static_cast<std::uint32_t>(std::count(first, last, '\n'));
 }
 
 #if defined(_WIN32)
@@ -84,8 +114,11 @@ void SourceStream::begin()
     readError_ = 0;
     heldBackCr_ = false;
     begin_ = nullptr;
-    next_ = end_ = block_.get();
+    next_ = end_ = counted_ = block_.get();
+    mark_ = nullptr;
+    line_ = 1;
     block_[0] = endMark;
+    findRuns(0);
 }
 
 void SourceStream::close()
@@ -119,9 +152,12 @@ void SourceStream::makeRoom(std::size_t kept)
         return;
     }
     const std::size_t capacity = std::max(needed, 2 * capacity_);
-    std::unique_ptr<unsigned char[]> block(new unsigned char[capacity + 1]);
+    const std::size_t groups = capacity / RunEnds::groupSize + 1;
+    std::unique_ptr<unsigned char[]> block(
+        new unsigned char[groups * RunEnds::groupSize + ByteGroup::size]);
     if (kept > 0)
         std::memcpy(block.get(), begin_, kept);
+    runEnds_.resize(groups);
     block_ = std::move(block);
     capacity_ = capacity;
 }
@@ -130,6 +166,9 @@ void SourceStream::makeRoom(std::size_t kept)
 /// that is in hand then.
 int SourceStream::more()
 {
+    if (mark_)
+        markedLine();
+    countLines(end_);
     const std::size_t kept = begin_ ? static_cast<std::size_t>(end_ - begin_) : 0;
     makeRoom(kept);
     unsigned char* const head = block_.get();
@@ -137,10 +176,53 @@ int SourceStream::more()
     *after = endMark;
     if (begin_)
         begin_ = head;
-    next_ = head + kept;
+    next_ = counted_ = head + kept;
     end_ = after;
+    findRuns(kept);
     return *next_;
 }
+
+/// Finds the ends of the runs from a character of the block on.
+void SourceStream::findRuns(std::size_t from)
+{
+    const auto size = static_cast<std::size_t>(end_ - block_.get()) + 1;
+    const std::size_t groups = (size + RunEnds::groupSize - 1) / RunEnds::groupSize;
+    std::memset(block_.get() + size, 0, groups * RunEnds::groupSize + ByteGroup::size - size);
+    runEnds_.find(block_.get(), from / RunEnds::groupSize, groups);
+}
+
+int SourceStream::skipTo(char character)
+{
+    for (;;) {
+        std::size_t first = 0;
+        do {
+            const ByteGroup bytes(reinterpret_cast<const char*>(next_));
+            first = (bytes.equalTo(character) | bytes.equalTo(static_cast<char>(endMark))).first();
+            next_ += first;
+        } while (first == ByteGroup::size);
+        if (*next_ != endMark || next_ != end_ || (more() == endMark && next_ == end_))
+            return *next_;
+    }
+}
+
+/// Up to `to`, which isn't before what is counted.
+void SourceStream::countLines(const unsigned char* to)
+{
+    line_ += countLineFeeds(counted_, to);
+    counted_ = to;
+}
+
+std::uint32_t SourceStream::markedLine()
+{
+    if (mark_) {
+        countLines(mark_);
+        markedLine_ = line_;
+        mark_ = nullptr;
+    }
+    return markedLine_;
+}
+
+void SourceStream::forgetLineFeed() { line_ -= next_[-1] == '\n'; }
 
 /// Gets the next bytes of the source. 0 at its end.
 std::size_t SourceStream::fetch(unsigned char* target)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "a2l/RunEnds.h"
 #include "a2l/characters.h"
 
 #include <cstddef>
@@ -53,8 +54,19 @@ public:
             ++next_;
         return character;
     }
-    /// Goes on to the first character that is in none of these classes, and gives it.
-    int skipRun(unsigned classes)
+    /// The character in hand, in a block that ends with an end mark.
+    const unsigned char* position() const { return next_; }
+    /// Goes on to a character of the block, or to its end.
+    void goTo(const unsigned char* position) { next_ = position; }
+    /// The first character of the block from `position` on that ends a run.
+    const unsigned char* runEnd(Run run, const unsigned char* position) const
+    {
+        const unsigned char* const block = block_.get();
+        return block + runEnds_.end(run, static_cast<std::size_t>(position - block));
+    }
+    /// Goes on to the first character that is in none of these classes, and gives it. For runs
+    /// of a few characters.
+    int skipFew(unsigned classes)
     {
         for (;;) {
             const unsigned char* character = next_;
@@ -68,6 +80,33 @@ public:
                 return following;
         }
     }
+    /// Goes on to the first character that ends a run of this kind, and gives it.
+    int skipRun(Run run)
+    {
+        for (;;) {
+            next_ = runEnd(run, next_);
+            if (*next_ != endMark || next_ != end_)
+                return *next_;
+            if (more() == endMark && next_ == end_)
+                return endMark;
+        }
+    }
+    /// Goes on to the first `character`, or to an end mark, and gives what it found.
+    int skipTo(char character);
+
+    /// The line of the last character that was taken.
+    std::uint32_t line()
+    {
+        countLines(next_);
+        return line_;
+    }
+    /// Remembers the line of the last character that was taken, for `markedLine`, until
+    /// `unmarkLine`. In between nobody asks for another line.
+    void markLine() { mark_ = next_; }
+    void unmarkLine() { mark_ = nullptr; }
+    std::uint32_t markedLine();
+    /// Takes back that the last character was a line feed, if it was one.
+    void forgetLineFeed();
 
     /// From here on the characters stay together in memory, for `text`.
     void beginText() { begin_ = next_; }
@@ -81,6 +120,8 @@ public:
 private:
     void begin();
     int more();
+    void findRuns(std::size_t from);
+    void countLines(const unsigned char* to);
     void makeRoom(std::size_t kept);
     std::size_t read(unsigned char* target);
     std::size_t fetch(unsigned char* target);
@@ -91,10 +132,15 @@ private:
     std::uint64_t bytesRead_ = 0;
     int readError_ = 0;
     std::unique_ptr<unsigned char[]> block_;
+    RunEnds runEnds_;
     std::size_t capacity_ = 0;             ///< Of the block, without the end mark.
     const unsigned char* next_ = nullptr;  ///< The character in hand.
     const unsigned char* end_ = nullptr;   ///< After the last character; an end mark stands there.
     const unsigned char* begin_ = nullptr; ///< Of a text that must stay together, or null.
+    const unsigned char* counted_ = nullptr; ///< The lines up to here are counted.
+    std::uint32_t line_ = 1;                 ///< The line of `counted_`.
+    const unsigned char* mark_ = nullptr;    ///< Where `markLine` was, while it is in the block.
+    std::uint32_t markedLine_ = 0;           ///< Its line, once it is counted.
     bool heldBackCr_ = false; ///< The last read ended with a CR whose LF may open the next one.
 };
 

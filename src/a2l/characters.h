@@ -10,10 +10,9 @@ enum CharacterClass : unsigned char
     Letter = 1, ///< A letter or an underscore: what a name begins with.
     Digit = 2,
     HexDigit = 4,
-    InName = 8,     ///< What follows in a name.
-    InString = 16,  ///< What stands for itself in a string.
-    InComment = 32, ///< What says nothing in a comment.
-    Blank = 64,     ///< What separates tokens, except the line feed.
+    InName = 8,    ///< What follows in a name.
+    InString = 16, ///< What stands for itself in a string.
+    Blank = 32,    ///< What separates tokens.
 };
 
 /// Where the characters end. A byte of this value ends them too, wherever it stands in a file; it
@@ -27,18 +26,15 @@ constexpr std::array<unsigned char, 256> makeCharacterClasses()
         const bool letter = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
         const bool digit = c >= '0' && c <= '9';
         unsigned mask = 0;
-        const bool special = c == '\n' || c == endMark;
         if (letter || c == '_')
             mask |= Letter | InName;
         if (digit)
             mask |= Digit | HexDigit | InName;
         if ((c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'))
             mask |= HexDigit;
-        if (!special && c != '"' && c != '\\')
+        if (c != '"' && c != '\\' && c != endMark)
             mask |= InString;
-        if (!special && c != '*')
-            mask |= InComment;
-        if (c == ' ' || c == '\t' || c == '\r')
+        if (c == ' ' || c == '\t' || c == '\r' || c == '\n')
             mask |= Blank;
         classes[c] = static_cast<unsigned char>(mask);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -30,6 +31,10 @@ public:
     Matches equalTo(char c) const;
     /// Bytes up to `c`, taken as unsigned.
     Matches upTo(char c) const;
+    /// Bytes from `first` to `last`, taken as unsigned.
+    Matches within(char first, char last) const;
+    /// The highest bit of each byte, that of the first one lowest.
+    unsigned highBits() const;
 
 private:
 #if defined(__SSE2__)
@@ -44,6 +49,8 @@ class ByteGroup::Matches
 {
 public:
     friend Matches operator|(Matches a, Matches b) { return Matches(a.bytes_ | b.bytes_); }
+    friend Matches operator&(Matches a, Matches b) { return Matches(a.bytes_ & b.bytes_); }
+    Matches operator~() const { return Matches(~bytes_); }
 
 #if defined(__SSE2__)
     explicit Matches(__m128i bytes) : bytes_(bytes) {}
@@ -58,20 +65,18 @@ public:
     {
         return static_cast<std::size_t>(std::countr_zero(bits() | next.bits() << size));
     }
-
-private:
+    /// A bit for each byte, that of the first one lowest.
     unsigned bits() const { return static_cast<unsigned>(_mm_movemask_epi8(bytes_)); }
 
+private:
     __m128i bytes_;
 #else
     explicit Matches(Bytes bytes) : bytes_(bytes) {}
 
     std::size_t first() const
     {
-        std::uint64_t halves[2];
-        std::memcpy(halves, &bytes_, sizeof halves);
+        const Halves halves = std::bit_cast<Halves>(bytes_);
         const auto zeros = [](std::uint64_t half) {
-            constexpr bool isLittle = std::endian::native == std::endian::little;
             return static_cast<std::size_t>(isLittle ? std::countr_zero(half)
                                                      : std::countl_zero(half)) /
                    8;
@@ -83,8 +88,21 @@ private:
         const std::size_t own = first();
         return own < size ? own : size + next.first();
     }
+    unsigned bits() const
+    {
+        const Halves halves = std::bit_cast<Halves>(bytes_);
+        // One bit of each byte is left, and the product has the sum of all at its top.
+        const auto bitsOf = [](std::uint64_t half) {
+            constexpr std::uint64_t one = isLittle ? 0x8040201008040201 : 0x0102040810204080;
+            return static_cast<unsigned>((half & one) * 0x0101010101010101 >> 56);
+        };
+        return bitsOf(halves[0]) | bitsOf(halves[1]) << 8;
+    }
 
 private:
+    using Halves = std::array<std::uint64_t, 2>;
+    static constexpr bool isLittle = std::endian::native == std::endian::little;
+
     Bytes bytes_;
 #endif
 };
@@ -96,9 +114,18 @@ inline ByteGroup::Matches ByteGroup::equalTo(char c) const
     return Matches(_mm_cmpeq_epi8(bytes_, _mm_set1_epi8(c)));
 }
 
+inline unsigned ByteGroup::highBits() const { return Matches(bytes_).bits(); }
+
 inline ByteGroup::Matches ByteGroup::upTo(char c) const
 {
     return Matches(_mm_cmpeq_epi8(_mm_min_epu8(bytes_, _mm_set1_epi8(c)), bytes_));
+}
+
+inline ByteGroup::Matches ByteGroup::within(char first, char last) const
+{
+    const __m128i above = _mm_sub_epi8(bytes_, _mm_set1_epi8(first));
+    const __m128i most = _mm_set1_epi8(static_cast<char>(last - first));
+    return Matches(_mm_cmpeq_epi8(_mm_min_epu8(above, most), above));
 }
 
 #else
@@ -108,9 +135,17 @@ inline ByteGroup::Matches ByteGroup::equalTo(char c) const
     return Matches(reinterpret_cast<Bytes>(bytes_ == static_cast<unsigned char>(c)));
 }
 
+inline unsigned ByteGroup::highBits() const { return within('\x80', '\xFF').bits(); }
+
 inline ByteGroup::Matches ByteGroup::upTo(char c) const
 {
     return Matches(reinterpret_cast<Bytes>(bytes_ <= static_cast<unsigned char>(c)));
+}
+
+inline ByteGroup::Matches ByteGroup::within(char first, char last) const
+{
+    const Bytes above = bytes_ - static_cast<unsigned char>(first);
+    return Matches(reinterpret_cast<Bytes>(above <= static_cast<unsigned char>(last - first)));
 }
 
 #endif
