@@ -74,14 +74,15 @@ constinit const PhKeywordTable kwpKeywords(kwpEntries, kwpSlots);
 
 std::int32_t PhKeywordTable::lookup(std::string_view text) const
 {
-    const std::uint32_t hash = keywordHash(text);
-    for (const PhKeywordSlot* slot = slots_ + keywordSlot(hash, slotCount_); slot->row != 0;
+    const PhKeywordKey key = PhKeywordKey::ofPadded(text.data(), text.size());
+    const std::uint32_t first = keywordSlot(key.hash(text.size()), slotCount_);
+    for (const PhKeywordSlot* slot = slots_ + first; slot->row != 0;
          slot = slot + 1 != slots_ + slotCount_ ? slot + 1 : slots_) {
-        if (slot->hash != hash)
+        if (slot->key != key || slot->length != text.size())
             continue;
-        const PhKeywordEntry& entry = entries_[slot->row - 1];
-        if (sameBytes(text, std::string_view(entry.text, slot->length)))
-            return entry.code;
+        if (text.size() <= PhKeywordKey::size ||
+            sameBytes(text, {entries_[slot->row - 1].text, slot->length}))
+            return slot->code;
     }
     return 0;
 }

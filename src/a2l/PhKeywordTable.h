@@ -16,48 +16,55 @@ struct PhKeywordEntry
     std::int32_t code;
 };
 
+/// What most words are told apart by: their first sixteen bytes, of which those after the end are
+/// zero, as two numbers with the first byte lowest.
+struct PhKeywordKey
+{
+    static constexpr std::size_t half = 8;
+    static constexpr std::size_t size = 2 * half;
+
+    /// Of a word in the source of the program.
+    static consteval PhKeywordKey of(std::string_view text)
+    {
+        PhKeywordKey key;
+        for (std::size_t i = 0; i < text.size() && i < size; ++i)
+            (i < half ? key.head : key.tail) |= std::uint64_t{static_cast<unsigned char>(text[i])}
+                                                << i % half * 8;
+        return key;
+    }
+    /// Of `length` bytes, of which `size` can be read from the first one on, however few count.
+    static PhKeywordKey ofPadded(const char* text, std::size_t length)
+    {
+        const auto part = [](const char* bytes, std::size_t count) {
+            std::uint64_t number = 0;
+            std::memcpy(&number, bytes, sizeof number);
+            if constexpr (std::endian::native == std::endian::big)
+                number = __builtin_bswap64(number);
+            return count >= half ? number : number & ((std::uint64_t{1} << count * 8) - 1);
+        };
+        return {part(text, length), part(text + half, length > half ? length - half : 0)};
+    }
+
+    constexpr std::uint32_t hash(std::size_t length) const
+    {
+        // Two odd numbers without a pattern in their bits.
+        const std::uint64_t sum = head * 0x9E3779B97F4A7C15 ^ (tail + length) * 0xC2B2AE3D27D4EB4F;
+        return static_cast<std::uint32_t>(sum >> 32);
+    }
+    bool operator==(const PhKeywordKey&) const = default;
+
+    std::uint64_t head = 0;
+    std::uint64_t tail = 0;
+};
+
 /// One place of the hash.
 struct PhKeywordSlot
 {
-    std::uint32_t hash = 0;
+    PhKeywordKey key;
+    std::int32_t code = 0;
     std::uint16_t length = 0; ///< Of the word.
     std::uint16_t row = 0;    ///< From 1 on; 0 in a free slot.
 };
-
-/// A part of a text as a number, its first byte lowest on every processor and in the compiler.
-template <class Number> constexpr Number bytesFrom(const char* text)
-{
-    Number number = 0;
-    if (!std::is_constant_evaluated() && std::endian::native == std::endian::little) {
-        std::memcpy(&number, text, sizeof number);
-        return number;
-    }
-    for (std::size_t i = sizeof number; i > 0; --i)
-        number = number << 8 | static_cast<unsigned char>(text[i - 1]);
-    return number;
-}
-
-/// The hash of a word, of its length and of its first and last bytes.
-constexpr std::uint32_t keywordHash(std::string_view text)
-{
-    constexpr std::size_t longPart = sizeof(std::uint64_t);
-    constexpr std::size_t shortPart = sizeof(std::uint32_t);
-    std::uint64_t first = 0;
-    std::uint64_t last = text.size();
-    if (text.size() >= longPart) {
-        first = bytesFrom<std::uint64_t>(text.data());
-        last += bytesFrom<std::uint64_t>(text.data() + text.size() - longPart);
-    } else if (text.size() >= shortPart) {
-        first = bytesFrom<std::uint32_t>(text.data());
-        last += bytesFrom<std::uint32_t>(text.data() + text.size() - shortPart);
-    } else {
-        for (const char c : text)
-            first = first << 8 | static_cast<unsigned char>(c);
-    }
-    // Two odd numbers without a pattern in their bits.
-    const std::uint64_t hash = first * 0x9E3779B97F4A7C15 ^ last * 0xC2B2AE3D27D4EB4F;
-    return static_cast<std::uint32_t>(hash >> 32);
-}
 
 /// The place among so many at which the search for a word of this hash begins.
 constexpr std::uint32_t keywordSlot(std::uint32_t hash, std::uint32_t slotCount)
@@ -72,12 +79,13 @@ template <std::uint32_t SlotCount> struct PhKeywordSlots
     consteval explicit PhKeywordSlots(const PhKeywordEntry* entries)
     {
         for (std::uint16_t row = 1; entries[row - 1].text; ++row) {
-            const std::string_view text = entries[row - 1].text;
-            const std::uint32_t hash = keywordHash(text);
-            std::uint32_t slot = keywordSlot(hash, SlotCount);
+            const PhKeywordEntry& entry = entries[row - 1];
+            const std::string_view text = entry.text;
+            const PhKeywordKey key = PhKeywordKey::of(text);
+            std::uint32_t slot = keywordSlot(key.hash(text.size()), SlotCount);
             while (slots[slot].row != 0)
                 slot = (slot + 1) % SlotCount;
-            slots[slot] = {hash, static_cast<std::uint16_t>(text.size()), row};
+            slots[slot] = {key, entry.code, static_cast<std::uint16_t>(text.size()), row};
         }
     }
 
@@ -95,7 +103,8 @@ public:
     {
     }
 
-    /// The code of a word, compared byte for byte; 0 if it is no keyword here.
+    /// The code of a word, compared byte for byte; 0 if it is no keyword here. From its first byte
+    /// on, as many as a key has can be read, however short it is.
     std::int32_t lookup(std::string_view text) const;
     /// The word of a code, or null if no row has it.
     const char* keywordName(std::int32_t code) const;
