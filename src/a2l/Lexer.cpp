@@ -8,14 +8,18 @@ namespace tavo {
 
 namespace {
 
+unsigned decimalDigit(unsigned char digit) { return digit - unsigned{'0'}; }
+
+/// Without a decision, which would be guessed wrong for every other digit: of a letter, the low
+/// four bits count from 1, and bit 6 is set.
+unsigned hexadecimalDigit(unsigned char digit) { return (digit & 15U) + 9U * (digit >> 6U); }
+
 std::int32_t hexadecimalValue(std::string_view text)
 {
     const bool negative = !text.empty() && text.front() == '-';
     std::uint32_t number = 0;
-    for (const char c : text.substr(negative ? 1 : 0)) {
-        const auto digit = static_cast<unsigned char>(c);
-        number = number * 16 + (is(digit, Digit) ? digit - '0' : (digit | 0x20U) - 'a' + 10U);
-    }
+    for (const char c : text.substr(negative ? 1 : 0))
+        number = number * 16 + hexadecimalDigit(static_cast<unsigned char>(c));
     return static_cast<std::int32_t>(negative ? 0 - number : number);
 }
 
@@ -35,14 +39,16 @@ int Lexer::next()
         if (code == 0)
             code = T_IDENTIFIER;
         break;
-    case T_INTEGER:
+    case ScannedInteger:
+        code = T_INTEGER;
         token_.integer = parseInt32(text.data(), text.data() + text.size());
         break;
     case ScannedHexadecimal:
         token_.integer = hexadecimalValue(text);
         code = T_INTEGER;
         break;
-    case T_DOUBLE:
+    case ScannedReal:
+        code = T_DOUBLE;
         token_.real = parseDouble(text.data(), text.data() + text.size());
         break;
     }
@@ -92,29 +98,42 @@ int Lexer::finishPlain(int code, const unsigned char* first, const unsigned char
     return code;
 }
 
-/// A number of decimal digits, maybe with a point, or of hexadecimal ones.
+/// A number of decimal digits, maybe with a point, or of hexadecimal ones. It has its value at
+/// once.
 int Lexer::scanPlainNumber(const unsigned char* first)
 {
-    const auto endOf = [](const unsigned char* digits, unsigned classes) {
-        while (is(*digits, classes))
-            ++digits;
-        return digits;
+    std::uint64_t number = 0;
+    const auto readDigits = [&](const unsigned char* digit) {
+        for (; is(*digit, Digit); ++digit)
+            number = number * 10 + decimalDigit(*digit);
+        return digit;
     };
-    const unsigned char* const digits = first + (*first == '-');
-    const unsigned char* text = first;
-    const unsigned char* last = endOf(digits, Digit);
-    if (last != digits) {
-        int code = T_INTEGER;
-        if (*last == '.') {
-            code = T_DOUBLE;
-            last = endOf(last + 1, Digit);
-        } else if (*last == 'x' && last == first + 1 && *first == '0') {
-            code = ScannedHexadecimal;
-            text = last + 1;
-            last = endOf(text, HexDigit);
+    const auto fits = [&](const unsigned char* last) {
+        return last - first <= static_cast<std::ptrdiff_t>(exactDigits) && !is(*last, Letter) &&
+               *last != endMark;
+    };
+    const bool isNegative = *first == '-';
+    const unsigned char* const digits = first + isNegative;
+    const unsigned char* last = readDigits(digits);
+    if (last != digits && *last == '.') {
+        const unsigned char* const decimals = last + 1;
+        last = readDigits(decimals);
+        if (fits(last)) {
+            const double magnitude = withPoint(number, static_cast<std::size_t>(last - decimals));
+            token_.real = isNegative ? -magnitude : magnitude;
+            return finishPlain(T_DOUBLE, first, last, last);
         }
-        if (!is(*last, Letter) && *last != endMark)
-            return finishPlain(code, text, last, last);
+    } else if (last != digits && fits(last)) {
+        token_.integer = saturated(number, isNegative);
+        return finishPlain(T_INTEGER, first, last, last);
+    } else if (*last == 'x' && last == first + 1 && *first == '0') {
+        const unsigned char* const text = first + 2;
+        for (last = text; is(*last, HexDigit); ++last)
+            number = number * 16 + hexadecimalDigit(*last);
+        if (!is(*last, Letter) && *last != endMark) {
+            token_.integer = static_cast<std::int32_t>(static_cast<std::uint32_t>(number));
+            return finishPlain(T_INTEGER, text, last, last);
+        }
     }
     source_.goTo(first);
     return scanOther();
@@ -261,7 +280,7 @@ int Lexer::scanNumber()
             return finishName(T_IDENTIFIER);
     }
     token_.text = source_.text();
-    return first == '.' ? T_DOUBLE : T_INTEGER;
+    return first == '.' ? ScannedReal : ScannedInteger;
 }
 
 /// The point is in hand.
@@ -274,7 +293,7 @@ int Lexer::scanFraction()
     if (is(character, Letter))
         return finishName(T_IDENTIFIER);
     token_.text = source_.text();
-    return T_DOUBLE;
+    return ScannedReal;
 }
 
 /// The E is in hand.
@@ -287,7 +306,7 @@ int Lexer::scanExponent()
         return loseCharacter();
     source_.skipFew(Digit);
     token_.text = source_.text();
-    return T_DOUBLE;
+    return ScannedReal;
 }
 
 /// The x is in hand. The text of a hexadecimal number is its sign and its digits alone, which may

@@ -22,8 +22,10 @@ enum Token : int
 /// What the lexer has in hand before it makes a token of it.
 enum ScannedToken : int
 {
-    ScannedName = 306, ///< A name that may be a keyword.
-    ScannedHexadecimal = 307,
+    ScannedName = 306,    ///< A name that may be a keyword.
+    ScannedInteger = 307, ///< The rest are numbers whose value isn't known yet.
+    ScannedReal = 308,
+    ScannedHexadecimal = 309,
 };
 
 enum CoreToken : int

@@ -1,7 +1,8 @@
 #include "asap2/Number.h"
 
+#include "model/decimal.h"
+
 #include <array>
-#include <cfloat>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -11,7 +12,7 @@ namespace tavo {
 namespace {
 
 constexpr std::uint64_t highestMagnitude = std::numeric_limits<std::uint64_t>::max();
-constexpr std::uint64_t lowestMagnitude = std::uint64_t{1} << 63U; // of a negative number
+constexpr std::uint64_t lowestInteger = std::uint64_t{1} << 63U; // its magnitude
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -64,7 +65,7 @@ template <unsigned base> bool readDigits(std::string_view digits, bool isNegativ
             fits = fits && magnitude <= (highestMagnitude - digit) / base;
         magnitude = magnitude * base + digit;
     }
-    if (fits && (!isNegative || magnitude <= lowestMagnitude)) {
+    if (fits && (!isNegative || magnitude <= lowestInteger)) {
         setInteger(number, magnitude, isNegative);
         return true;
     }
@@ -78,15 +79,10 @@ template <unsigned base> bool readDigits(std::string_view digits, bool isNegativ
     return true;
 }
 
-/// Most numerals: up to 15 digits, with a point among them or without. False for any other word.
-/// Both numbers of the one division are exact then, and so its result is the nearest double.
+/// Most numerals: few digits, with a point among them or without. False for any other word.
 bool readShort(std::string_view word, bool isNegative, Number& number)
 {
-    constexpr std::size_t most = 15;
-    constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6, 1e7,
-                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14};
-    // Elsewhere, a division may be rounded twice.
-    if (FLT_EVAL_METHOD != 0 || word.size() > most || !isDigit(word.front()))
+    if (word.size() > exactDigits || !isDigit(word.front()))
         return false;
     if (word.size() == 1) {
         setInteger(number, digitValues[static_cast<unsigned char>(word.front())], isNegative);
@@ -104,7 +100,8 @@ bool readShort(std::string_view word, bool isNegative, Number& number)
             return false;
     }
     if (point)
-        setReal(number, static_cast<double>(digits) / powers[&word.back() - point], isNegative);
+        setReal(number, withPoint(digits, static_cast<std::size_t>(&word.back() - point)),
+                isNegative);
     else
         setInteger(number, digits, isNegative);
     return true;
@@ -197,7 +194,7 @@ std::optional<Number> Number::asInteger() const
     if (!(size < 18446744073709551616.0) || size != std::floor(size))
         return std::nullopt;
     const auto whole = static_cast<std::uint64_t>(size);
-    if (isNegative && whole > lowestMagnitude)
+    if (isNegative && whole > lowestInteger)
         return std::nullopt;
     Number integer;
     setInteger(integer, whole, isNegative);
@@ -206,8 +203,8 @@ std::optional<Number> Number::asInteger() const
 
 std::optional<std::int64_t> Number::asSigned() const
 {
-    constexpr std::uint64_t highest = lowestMagnitude - 1;
-    if (!isInteger || magnitude > (isNegative ? lowestMagnitude : highest))
+    constexpr std::uint64_t highest = lowestInteger - 1;
+    if (!isInteger || magnitude > (isNegative ? lowestInteger : highest))
         return std::nullopt;
     return static_cast<std::int64_t>(bits());
 }

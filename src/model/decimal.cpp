@@ -54,13 +54,10 @@ double parseDouble(const char* first, const char* last)
 
 std::int32_t parseInt32(const char* first, const char* last)
 {
-    // The magnitude of the lower limit, which is one more than that of the upper one.
-    constexpr std::int64_t limit = 2147483648;
-    std::int64_t magnitude = 0;
+    std::uint64_t magnitude = 0;
     for (const char* p = skipSign(first, last); p != last && isDigit(*p); ++p)
-        magnitude = std::min(magnitude * 10 + (*p - '0'), limit);
-    return static_cast<std::int32_t>(isNegative(first, last) ? -magnitude
-                                                             : std::min(magnitude, limit - 1));
+        magnitude = std::min(magnitude * 10 + static_cast<unsigned>(*p - '0'), lowestMagnitude);
+    return saturated(magnitude, isNegative(first, last));
 }
 
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -19,6 +20,29 @@ double parseDouble(const char* first, const char* last);
 /// The leading integer, of an optional sign and digits; 0 if there is none. A number that doesn't
 /// fit gives the limit on its side.
 std::int32_t parseInt32(const char* first, const char* last);
+
+/// The magnitude of the lowest integer of 32 bits, one more than that of the highest.
+constexpr std::uint64_t lowestMagnitude = 2147483648;
+
+/// The integer of this magnitude and sign, or the limit on its side if it doesn't fit.
+inline std::int32_t saturated(std::uint64_t magnitude, bool isNegative)
+{
+    const auto size = static_cast<std::int64_t>(std::min(magnitude, lowestMagnitude - !isNegative));
+    return static_cast<std::int32_t>(isNegative ? -size : size);
+}
+
+/// Numerals of up to so many digits are exact in a double. None where a division may be rounded
+/// twice.
+constexpr std::size_t exactDigits = FLT_EVAL_METHOD == 0 ? 15 : 0;
+
+/// The double nearest to `digits` with a point before the last `decimals` of them, if the numeral
+/// has no more than `exactDigits`: both numbers of the one division are exact then.
+inline double withPoint(std::uint64_t digits, std::size_t decimals)
+{
+    constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    return static_cast<double>(digits) / powers[decimals];
+}
 
 /// `number` without its fraction, or the nearer limit if it doesn't fit; 0 for NaN.
 template <class Integer> Integer truncated(double number)
