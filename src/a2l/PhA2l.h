@@ -109,7 +109,9 @@ private:
     void warnUnexpectedToken();
     int parseByteOrder(PhEndian& byteOrder);
     const PhString& sharedName(std::string_view name);
-    void refer(PhConversionRef& reference, const PhGroup& group, const PhConversion* referrer);
+    const PhString& readReference(const PhGroup& group);
+    static void refer(PhConversionRef& reference, const PhString& name, const PhGroup& group,
+                      const PhConversion* referrer);
     void progress(const char* format, std::string_view text = {});
 
     // The frame of a file.

@@ -170,12 +170,20 @@ const PhString& PhA2l::sharedName(std::string_view name)
     return shared;
 }
 
-/// Reads the name of a conversion and makes `reference` lead to it: to the one of this name in
-/// `group` or above, or, if none was read yet, to the name alone. Nothing happens if the conversion
-/// is `referrer`.
-void PhA2l::refer(PhConversionRef& reference, const PhGroup& group, const PhConversion* referrer)
+/// Reads the name of a conversion, which `refer` will look up. The reference is valid until the
+/// next call of `sharedName`.
+const PhString& PhA2l::readReference(const PhGroup& group)
 {
     const PhString& name = sharedName(readText());
+    group.prepareConversion(name);
+    return name;
+}
+
+/// Makes `reference` lead to the conversion of this name in `group` or above, or, if none was read
+/// yet, to the name alone. Nothing happens if the conversion is `referrer`.
+void PhA2l::refer(PhConversionRef& reference, const PhString& name, const PhGroup& group,
+                  const PhConversion* referrer)
+{
     PhConversion* conversion = group.resolveConversion(name);
     if (!conversion)
         reference.setText(name);

@@ -11,9 +11,11 @@ namespace tavo {
 
 namespace {
 
+bool isOfLargePages(std::size_t size) { return size > 0 && size % largePage == 0; }
+
 std::align_val_t alignmentOf(std::size_t size)
 {
-    return std::align_val_t{size == largePage ? largePage : alignof(std::max_align_t)};
+    return std::align_val_t{isOfLargePages(size) ? largePage : alignof(std::max_align_t)};
 }
 
 /// Only advice, so nothing depends on its success.
@@ -26,7 +28,7 @@ void makePresent([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size
         return;
     char* const first = static_cast<char*>(block) + before;
     const std::size_t whole = (size - before) / page * page;
-    if (size == largePage)
+    if (isOfLargePages(size))
         madvise(first, whole, MADV_HUGEPAGE);
     madvise(first, whole, MADV_POPULATE_WRITE);
 #endif

@@ -141,12 +141,16 @@ PhObject* PhList::findByName(const PhString& name) const
 PhNameIndex& PhList::nameIndex() const
 {
     if (!nameIndex_ || nameIndex_->isStale()) {
-        auto index = std::make_unique<PhNameIndex>();
-        for (PhListNode* node = head_; node; node = node->next())
-            index->append(node->object());
-        nameIndex_ = std::move(index);
+        nameIndex_.reset();
+        nameIndex_ = std::make_unique<PhNameIndex>(head_, count_);
     }
     return *nameIndex_;
+}
+
+void PhList::prepareName(const PhString& name) const
+{
+    if (nameIndex_)
+        nameIndex_->prepare(name);
 }
 
 PhObject* PhList::findByExternalId(const PhString& externalId) const

@@ -62,6 +62,9 @@ public:
     /// the one that `buildHash` makes, as long as there is one, else one of its own if the list is
     /// long, which finds what a walk from the head would find.
     PhObject* findByName(const PhString& name) const;
+    /// Begins to fetch what `findByName` needs from the memory, if it will use an index, while the
+    /// caller does something else.
+    void prepareName(const PhString& name) const;
     PhObject* findByExternalId(const PhString& externalId) const;
     PhObject* findById(std::uint32_t id) const;
     PhListNode* findNodeByName(const PhString& name) const;

@@ -150,11 +150,6 @@ PhString PhString::operator+(const PhString& other) const
     return sum;
 }
 
-std::size_t PhString::lengthOf(PhStringBody& body)
-{
-    return body.length < PhStringBody::huge ? body.length : std::strlen(body.buffer());
-}
-
 std::uint32_t PhString::hash() const
 {
     std::uint32_t hash = 0;
@@ -180,11 +175,6 @@ int PhString::compare(const char* text) const
 bool PhString::operator==(const char* text) const
 {
     return body_ && text && std::strcmp(body_->buffer(), text) == 0;
-}
-
-bool sameText(const PhString& a, const PhString& b)
-{
-    return a.isNull() || b.isNull() ? a.isNull() && b.isNull() : a.view() == b.view();
 }
 
 } // namespace tavo

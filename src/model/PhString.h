@@ -1,7 +1,10 @@
 #pragma once
 
+#include "base/sameBytes.h"
+
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <string_view>
 
@@ -88,7 +91,10 @@ public:
     bool operator!=(const char* text) const { return !(*this == text); }
 
 private:
-    static std::size_t lengthOf(PhStringBody& body);
+    static std::size_t lengthOf(PhStringBody& body)
+    {
+        return body.length < PhStringBody::huge ? body.length : std::strlen(body.buffer());
+    }
 
     void share() noexcept
     {
@@ -101,6 +107,9 @@ private:
 
 /// The test by which lists and searches find a text: two null strings match, a null string matches
 /// nothing else, and any other two texts match if their bytes are equal.
-bool sameText(const PhString& a, const PhString& b);
+inline bool sameText(const PhString& a, const PhString& b)
+{
+    return a.isNull() || b.isNull() ? a.isNull() && b.isNull() : sameBytes(a.view(), b.view());
+}
 
 } // namespace tavo

@@ -179,6 +179,12 @@ PhConversion* PhGroup::resolveConversion(const PhString& name) const
     return resolveIn(this, &PhGroup::conversions, findByName<PhConversion>, name);
 }
 
+void PhGroup::prepareConversion(const PhString& name) const
+{
+    if (d->conversions)
+        d->conversions->prepareName(name);
+}
+
 PhUnit* PhGroup::resolveUnit(const PhString& externalId) const
 {
     return resolveIn(this, &PhGroup::units, findByExternalId<PhUnit>, externalId);

@@ -108,6 +108,9 @@ public:
     PhStructure* resolveStructureByName(const PhString& name) const;
     PhService* resolveService(const PhString& name) const;
     PhConversion* resolveConversion(const PhString& name) const;
+    /// Begins to fetch what `resolveConversion` of this name, or `appendConversion`, will need from
+    /// the memory, while the caller does something else.
+    void prepareConversion(const PhString& name) const;
 
     /// The same by external id.
     PhUnit* resolveUnit(const PhString& externalId) const;

@@ -17,12 +17,32 @@ void Resolver::resolve(const PhRoot& root)
         resolve(*group);
 }
 
+namespace {
+
+void prepare(const PhEntity& entity, const PhGroup& group)
+{
+    const PhTypeFields* type = entity.typeFields();
+    if (const PhString* name = type ? type->conversion.text() : nullptr)
+        group.prepareConversion(*name);
+}
+
+} // namespace
+
 void Resolver::resolve(const PhGroup& group)
 {
     for (PhGroup* child : each<PhGroup>(group.groups()))
         resolve(*child);
-    for (PhEntity* entity : each<PhEntity>(group.entities()))
+    // The names that will be looked up are prepared some entities earlier.
+    constexpr int ahead = 8;
+    const PhList* entities = group.entities();
+    const PhListNode* next = entities ? entities->entryAt(ahead) : nullptr;
+    for (PhEntity* entity : each<PhEntity>(entities)) {
+        if (next) {
+            prepare(static_cast<const PhEntity&>(*next->object()), group);
+            next = next->next();
+        }
         resolve(*entity, group);
+    }
 }
 
 namespace {

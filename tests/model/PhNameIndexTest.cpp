@@ -1,5 +1,6 @@
 #include "model/PhNameIndex.h"
 #include "Probe.h"
+#include "model/PhList.h"
 
 #include <gtest/gtest.h>
 
@@ -63,5 +64,27 @@ TEST(PhNameIndexTest, IsFastWhateverTheNamesAre)
         if (end == slotCount) {
             EXPECT_LE(index.stepCount(), index.callCount());
         }
+    }
+}
+
+TEST(PhNameIndexTest, OfAWholeListFindsWhatAWalkFinds)
+{
+    for (const int count : {0, 1, 15, 16, 17, 32, 33, 5000}) {
+        PhList list;
+        for (int i = 0; i < count; ++i)
+            list.append(i % 7 == 3 ? new Probe : new Probe(std::to_string(i * 2 / 3).c_str()));
+        PhNameIndex index(list.entryAt(0), list.count());
+        list.append(new Probe("last"));
+        index.append(list.last());
+        for (int i = 0; i < count; ++i) {
+            const PhString name(i);
+            index.prepare(name);
+            const PhListNode* walked = list.findNodeByName(name);
+            EXPECT_EQ(index.find(name), walked ? walked->object() : nullptr) << count << " " << i;
+        }
+        EXPECT_EQ(index.find("last"), list.last());
+        EXPECT_FALSE(index.isStale());
+        list.first()->setName("other");
+        EXPECT_TRUE(index.isStale());
     }
 }

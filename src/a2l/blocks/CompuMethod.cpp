@@ -34,6 +34,7 @@ int PhA2l::parseCompuMethod(PhGroup* group)
 {
     const PhRef<PhConversion> conversion(new PhConversion);
     conversion->setName(readText());
+    group->prepareConversion(conversion->name());
     conversion->setLongName(readText());
     progress("  Parse COMPU_METHOD '%s'\n", token().text);
     {
@@ -51,7 +52,7 @@ int PhA2l::parseCompuMethod(PhGroup* group)
             return nextToken();
         case T_COMPU_TAB_REF:
             // Itself would be a circle.
-            refer(conversion->conversionRef(), *group, conversion.get());
+            refer(conversion->conversionRef(), readReference(*group), *group, conversion.get());
             return nextToken();
         case T_BEGIN:
             code = nextToken();

@@ -67,6 +67,7 @@ int PhA2l::parseTable(PhGroup* group, const TableKind& kind)
     const PhRef<PhConversion> table(new PhConversion);
     table->setConversionType(PhConversionType::CtTable);
     table->setName(readText());
+    group->prepareConversion(table->name());
     table->setLongName(readText());
     progress(kind.progressLine, token().text);
     if (kind.typeWords.size() > 0)

@@ -21,10 +21,11 @@ int PhA2l::parseMeasurement(PhGroup* group)
     type.endian = byteOrder_;
     if (parseDataType(type) == T_ERROR)
         return T_ERROR;
-    refer(type.conversion, *group, nullptr);
+    const PhString& method = readReference(*group);
     dropFields(2); // resolution and accuracy
     readLimit(*entity, false);
     readLimit(*entity, true);
+    refer(type.conversion, method, *group, nullptr);
 
     return parseOptions(T_MEASUREMENT,
                         [&](int code) { return parseMeasurementOption(entity.get(), code); });
