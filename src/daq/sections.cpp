@@ -3,7 +3,6 @@
 #include "daq/sections.h"
 
 #include "daq/ConfigurationStream.h"
-#include "model/PhLazyValues.h"
 #include "model/PhValue.h"
 #include "model/decimal.h"
 
@@ -24,23 +23,6 @@ LineValue::LineValue(const PhValue* value)
     } else {
         kind_ = Other;
         other_ = value;
-    }
-}
-
-LineValue::LineValue(const PhFieldContent& field)
-{
-    switch (field.kind) {
-    case PhFieldContent::Integer:
-        *this = field.content.integer;
-        break;
-    case PhFieldContent::Double:
-        *this = field.content.real;
-        break;
-    case PhFieldContent::Object:
-        *this = field.content.object;
-        break;
-    case PhFieldContent::Nothing:
-        break;
     }
 }
 

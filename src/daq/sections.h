@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/PhLazyValues.h"
+
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -8,7 +10,6 @@ namespace tavo {
 
 class ConfigurationStream;
 class PhValue;
-struct PhFieldContent;
 
 /// What a line says after its sign: a number, or any value of the model; or there is no line.
 class LineValue
@@ -27,7 +28,15 @@ public:
     LineValue(double number) : kind_(Real), real_(number) {}
     /// Nothing for a null `value`; any other one outlives the line, as does that of a field.
     LineValue(const PhValue* value);
-    LineValue(const PhFieldContent& field);
+    LineValue(const PhFieldContent& field)
+    {
+        if (field.kind == PhFieldContent::Integer)
+            *this = field.content.integer;
+        else if (field.kind == PhFieldContent::Double)
+            *this = field.content.real;
+        else if (field.kind == PhFieldContent::Object)
+            *this = field.content.object;
+    }
 
     Kind kind() const { return kind_; }
     std::int32_t integer() const { return integer_; }

@@ -22,8 +22,13 @@ PhList::~PhList() { clear(); }
 void PhList::clear()
 {
     clearHash();
-    while (head_)
-        remove(head_);
+    nameIndex_.reset();
+    while (PhListNode* node = head_) {
+        PhObject::unlink(node->object());
+        --count_;
+        join(nullptr, node->next());
+        delete node;
+    }
 }
 
 void PhList::append(PhObject* object) { insert(object, tail_, nullptr); }

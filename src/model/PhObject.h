@@ -91,6 +91,7 @@ public:
     const PhString& externalId() const { return rare_.made().externalId; }
     /// The same for a look that makes no room and never fails. The reference to a text that was
     /// never set doesn't show what is set later.
+    // NOLINTNEXTLINE(clang-analyzer-core.uninitialized.UndefReturn)
     const PhString& peekExternalId() const { return rare_ ? rare_->externalId : noText; }
 
     void setName(const PhString& name)

@@ -54,37 +54,15 @@ PhString::PhString(int number) : body_(newDecimal(number)) {}
 
 PhString::PhString(unsigned number) : body_(newDecimal(number)) {}
 
-PhString& PhString::operator=(const PhString& other) noexcept
-{
-    if (body_ != other.body_) {
-        clear();
-        body_ = other.body_;
-        share();
-    }
-    return *this;
-}
-
-PhString& PhString::operator=(PhString&& other) noexcept
-{
-    if (this != &other) {
-        clear();
-        body_ = other.body_;
-        other.body_ = nullptr;
-    }
-    return *this;
-}
-
 PhString& PhString::operator=(const char* text)
 {
     set(text);
     return *this;
 }
 
-void PhString::clear() noexcept
+void PhString::release(PhStringBody* body) noexcept
 {
-    if (body_ && --body_->count == 0)
-        releaseBlock(body_, sizeof(PhStringBody) + body_->capacity + 1);
-    body_ = nullptr;
+    releaseBlock(body, sizeof(PhStringBody) + body->capacity + 1);
 }
 
 void PhString::set(const char* text)

@@ -48,12 +48,33 @@ public:
             clear();
     }
 
-    PhString& operator=(const PhString& other) noexcept;
-    PhString& operator=(PhString&& other) noexcept;
+    PhString& operator=(const PhString& other) noexcept
+    {
+        if (body_ != other.body_) {
+            clear();
+            body_ = other.body_;
+            share();
+        }
+        return *this;
+    }
+    PhString& operator=(PhString&& other) noexcept
+    {
+        if (this != &other) {
+            clear();
+            body_ = other.body_;
+            other.body_ = nullptr;
+        }
+        return *this;
+    }
     PhString& operator=(const char* text);
 
     /// Makes this the null string.
-    void clear() noexcept;
+    void clear() noexcept
+    {
+        if (body_ && --body_->count == 0)
+            release(body_);
+        body_ = nullptr;
+    }
     /// Takes a copy of `text`; null makes this the null string. A body of its own that is large
     /// enough is used again.
     void set(const char* text);
@@ -91,6 +112,7 @@ public:
     bool operator!=(const char* text) const { return !(*this == text); }
 
 private:
+    static void release(PhStringBody* body) noexcept;
     static std::size_t lengthOf(PhStringBody& body)
     {
         return body.length < PhStringBody::huge ? body.length : std::strlen(body.buffer());

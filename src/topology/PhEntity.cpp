@@ -15,12 +15,6 @@ PhEntity::~PhEntity()
     values_.clear(AddressExtension);
 }
 
-PhFieldContent PhEntity::peek(Value value) const
-{
-    const PhType* type = value == BitMask ? peekType() : nullptr;
-    return type ? type->peekBitMask() : values_.peek(value);
-}
-
 PhType* PhEntity::type() const
 {
     if (hasTypeFields_) {

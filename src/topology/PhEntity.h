@@ -48,7 +48,11 @@ public:
     void setNumber(Value value, std::int32_t number) { values_.set(value, number); }
     void setNumber(Value value, double number) { values_.set(value, number); }
     /// The value for a look that makes no object.
-    PhFieldContent peek(Value value) const;
+    PhFieldContent peek(Value value) const
+    {
+        const PhType* type = value == BitMask ? peekType() : nullptr;
+        return type ? type->peekBitMask() : values_.peek(value);
+    }
 
     /// How the quantity is stored and becomes physical. Each MEASUREMENT has a type of its own. One
     /// that was given by its fields becomes an object when it is first asked for, which can run out
