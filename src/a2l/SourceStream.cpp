@@ -2,6 +2,7 @@
 
 #include "base/ByteGroup.h"
 #include "base/CancellationHold.h"
+#include "base/countOf.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -40,24 +41,6 @@ unsigned char* foldLineEnds(unsigned char* first, unsigned char* last)
         source = next;
     }
     return target;
-}
-
-std::uint32_t countLineFeeds(const unsigned char* first, const unsigned char* last)
-{
-    // Sums of a byte each are what the compiler can add up sixteen at a time.
-    constexpr std::ptrdiff_t width = 16;
-    constexpr std::ptrdiff_t most = 255;
-    std::uint32_t count = 0;
-    while (last - first >= width) {
-        std::uint8_t sums[width] = {};
-        const unsigned char* const stop = first + std::min((last - first) / width, most) * width;
-        for (; first != stop; first += width)
-            for (int i = 0; i < width; ++i)
-                sums[i] = static_cast<std::uint8_t>(sums[i] + (first[i] == '\n'));
-        for (const std::uint8_t sum : sums)
-            count += sum;
-    }
-    return count + static_cast<std::uint32_t>(std::count(first, last, '\n'));
 }
 
 #if defined(_WIN32)
@@ -208,7 +191,7 @@ int SourceStream::skipTo(char character)
 /// Up to `to`, which isn't before what is counted.
 void SourceStream::countLines(const unsigned char* to)
 {
-    line_ += countLineFeeds(counted_, to);
+    line_ += countOf(counted_, to, [](const unsigned char* c) { return *c == '\n'; });
     counted_ = to;
 }
 

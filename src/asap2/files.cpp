@@ -3,6 +3,7 @@
 #include "asap2/Scanner.h"
 #include "asap2/characters.h"
 #include "base/Notices.h"
+#include "base/countOf.h"
 #include "base/paths.h"
 
 #include <algorithm>
@@ -30,26 +31,6 @@ bool holdsInterfaceFormat(const fs::path& path)
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
     return extension == ".aml" || extension == ".a2ml";
-}
-
-/// The number of characters that pass a test.
-template <class Test> std::uint32_t countOf(const char* first, const char* last, Test test)
-{
-    // Sums of few enough characters to fit a byte, sixteen of which the compiler adds at a time.
-    constexpr std::ptrdiff_t lanes = 16;
-    constexpr std::ptrdiff_t most = 255;
-    std::uint32_t count = 0;
-    while (last - first >= lanes) {
-        unsigned char sums[lanes] = {};
-        for (std::ptrdiff_t round = std::min(most, (last - first) / lanes); round > 0; --round)
-            for (unsigned char& sum : sums)
-                sum = static_cast<unsigned char>(sum + test(first++));
-        for (const unsigned char sum : sums)
-            count += sum;
-    }
-    for (; first < last; ++first)
-        count += test(first);
-    return count;
 }
 
 } // namespace
