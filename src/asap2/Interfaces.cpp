@@ -49,9 +49,9 @@ void Parser::parseCcp(const Mark& begin)
 void Parser::parseTpBlob(Interface& interface, const Mark& begin)
 {
     constexpr const char* word = "TP_BLOB";
-    if (!readPositional(word, "xxiii",
-                        {"its version", "its version", "the master's identifier",
-                         "the slave's identifier", "its station address"})) {
+    if (!readPositional<'x', 'x', 'i', 'i', 'i'>(
+            word, {"its version", "its version", "the master's identifier",
+                   "the slave's identifier", "its station address"})) {
         leaveOut(word, begin);
         return;
     }
@@ -60,7 +60,7 @@ void Parser::parseTpBlob(Interface& interface, const Mark& begin)
     giveIdentifier(interface.stationAddress, number(4), word);
     // The byte order, of which nothing is taken: the one of the module counts.
     Field byteOrder;
-    readField('n', byteOrder);
+    readField<'n'>(byteOrder);
     parseOptions(Block::TpBlob, word, begin, [](Option, const Mark&) {});
 }
 
@@ -79,9 +79,8 @@ void Parser::giveIdentifier(std::optional<std::int64_t>& identifier, const Numbe
 void Parser::parseRaster(Interface& interface, const Mark& begin)
 {
     constexpr const char* word = "RASTER";
-    if (!readPositional(
-            word, "ssiii",
-            {"its description", "its name", "its event channel", "its unit", "its cycle"})) {
+    if (!readPositional<'s', 's', 'i', 'i', 'i'>(
+            word, {"its description", "its name", "its event channel", "its unit", "its cycle"})) {
         leaveOut(word, begin);
         return;
     }
@@ -164,9 +163,9 @@ void Parser::parseDaq(Interface& interface, bool isInTransport, const Mark& begi
 void Parser::parseEvent(Interface& interface, bool isInTransport, const Mark& begin)
 {
     constexpr const char* word = "EVENT";
-    if (!readPositional(word, "ssiwiiii",
-                        {"its description", "its name", "its channel", "its direction",
-                         "its number of lists", "its cycle", "its unit", "its priority"})) {
+    if (!readPositional<'s', 's', 'i', 'w', 'i', 'i', 'i', 'i'>(
+            word, {"its description", "its name", "its channel", "its direction",
+                   "its number of lists", "its cycle", "its unit", "its priority"})) {
         leaveOut(word, begin);
         return;
     }
@@ -233,7 +232,7 @@ void Parser::parseEthernet(Interface& interface, TransportKind kind, const char*
 {
     Transport transport;
     transport.kind = kind;
-    if (readField('n', fields_[0]) && readField('i', fields_[1]))
+    if (readField<'n'>(fields_[0]) && readField<'i'>(fields_[1]))
         transport.port = integer(1);
     parseOptions(Block::Ethernet, word, begin, [&](Option option, const Mark& place) {
         switch (option) {

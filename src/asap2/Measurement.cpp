@@ -61,9 +61,9 @@ bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quanti
     blobAddress_ = {};
     blobExtension_ = {};
     hasMatrix_ = false;
-    if (!readPositional(word, "WSwmnnnn",
-                        {"its name", "its description", "its data type", "its conversion",
-                         "its resolution", "its accuracy", "its lower limit", "its upper limit"})) {
+    if (!readPositional<'W', 'S', 'w', 'm', 'n', 'n', 'n', 'n'>(
+            word, {"its name", "its description", "its data type", "its conversion",
+                   "its resolution", "its accuracy", "its lower limit", "its upper limit"})) {
         leaveOut(word, begin);
         return false;
     }
@@ -222,12 +222,13 @@ void Parser::parseBlob(Option option, const Mark& begin)
         option == Option::QuantityCcp_KP_BLOB || option == Option::QuantityCcp_KP_BLOB_block;
     const bool isBlock =
         option == Option::QuantityCcp_KP_BLOB_block || option == Option::QuantityKwp_KP_BLOB_block;
-    const bool isComplete =
-        !isBlock ||
-        readPositional(
-            "KP_BLOB", isCcp ? "ppx" : "pxx",
-            isCcp ? std::initializer_list<const char*>{"its extension", "its address", "its size"}
-                  : std::initializer_list<const char*>{"its address", "its place", "its size"});
+    const auto readBlock = [&] {
+        return isCcp ? readPositional<'p', 'p', 'x'>("KP_BLOB",
+                                                     {"its extension", "its address", "its size"})
+                     : readPositional<'p', 'x', 'x'>("KP_BLOB",
+                                                     {"its address", "its place", "its size"});
+    };
+    const bool isComplete = !isBlock || readBlock();
     if (isComplete && !blobAddress_.isGiven) {
         blobAddress_ = patternOf(number(isCcp ? 1 : 0));
         if (isCcp)

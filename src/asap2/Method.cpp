@@ -34,8 +34,8 @@ void define(std::vector<std::uint32_t>& entries, std::uint32_t name, std::size_t
 void Parser::parseMethod(const Mark& begin)
 {
     constexpr const char* word = "COMPU_METHOD";
-    if (!readPositional(word, "wswss",
-                        {"its name", "its description", "its type", "its format", "its unit"})) {
+    if (!readPositional<'w', 's', 'w', 's', 's'>(
+            word, {"its name", "its description", "its type", "its format", "its unit"})) {
         leaveOut(word, begin);
         return;
     }
@@ -101,7 +101,7 @@ void Parser::parseMethodOption(Option option, Method& method, const Mark& begin)
 /// FORMULA "formula" { FORMULA_INV "formula" } /end FORMULA
 void Parser::parseFormula(Method& method, const Mark& begin)
 {
-    if (readField('s', fields_[0])) {
+    if (readField<'s'>(fields_[0])) {
         method.formula = keep(0);
         method.hasFormula = true;
     } else {
@@ -118,10 +118,10 @@ void Parser::parseTable(TableKind kind, const char* word, const Mark& begin)
 {
     const bool hasType = kind != TableKind::Ranges;
     const bool isRead =
-        hasType
-            ? readPositional(word, "wswi",
-                             {"its name", "its description", "its type", "its number of rows"})
-            : readPositional(word, "wsi", {"its name", "its description", "its number of rows"});
+        hasType ? readPositional<'w', 's', 'w', 'i'>(
+                      word, {"its name", "its description", "its type", "its number of rows"})
+                : readPositional<'w', 's', 'i'>(
+                      word, {"its name", "its description", "its number of rows"});
     if (!isRead) {
         leaveOut(word, begin);
         return;
@@ -157,7 +157,7 @@ void Parser::parseTable(TableKind kind, const char* word, const Mark& begin)
 void Parser::readRows(Table& table)
 {
     const auto readNumber = [this](double& value) {
-        if (!readField('n', fields_[0]))
+        if (!readField<'n'>(fields_[0]))
             return false;
         value = number(0).real;
         return true;
@@ -174,7 +174,7 @@ void Parser::readRows(Table& table)
             isComplete = isComplete && readNumber(row.upper);
         if (table.kind == TableKind::Numeric)
             isComplete = isComplete && readNumber(row.number);
-        else if (isComplete && readField('s', fields_[0]))
+        else if (isComplete && readField<'s'>(fields_[0]))
             row.text = keep(0);
         else
             isComplete = false;

@@ -89,21 +89,20 @@ bool readShort(std::string_view word, bool isNegative, Number& number)
         return true;
     }
     std::uint64_t digits = 0;
-    const char* point = nullptr;
-    for (const char& c : word) {
-        const unsigned digit = digitValues[static_cast<unsigned char>(c)];
-        if (digit < 10)
-            digits = digits * 10 + digit;
-        else if (c == '.' && !point)
-            point = &c;
-        else
-            return false;
-    }
-    if (point)
-        setReal(number, withPoint(digits, static_cast<std::size_t>(&word.back() - point)),
-                isNegative);
-    else
+    const char* const end = word.data() + word.size();
+    const auto readDigits = [&](const char* digit) {
+        for (; digit != end && isDigit(*digit); ++digit)
+            digits = digits * 10 + static_cast<unsigned>(*digit - '0');
+        return digit;
+    };
+    const char* const point = readDigits(word.data());
+    if (point == end) {
         setInteger(number, digits, isNegative);
+        return true;
+    }
+    if (*point != '.' || readDigits(point + 1) != end)
+        return false;
+    setReal(number, withPoint(digits, static_cast<std::size_t>(end - point - 1)), isNegative);
     return true;
 }
 

@@ -28,6 +28,13 @@ struct Number
 /// alone.
 bool readNumber(std::string_view word, Number& number);
 
+/// False for a word that is no number by its first character, as most that aren't.
+inline bool mayBeNumber(std::string_view word)
+{
+    const char first = word.empty() ? '\0' : word.front();
+    return (first >= '0' && first <= '9') || first == '.' || first == '-' || first == '+';
+}
+
 /// The same; nothing for what is no number.
 inline std::optional<Number> parseNumber(std::string_view word)
 {

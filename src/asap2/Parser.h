@@ -8,7 +8,9 @@
 #include "base/Notices.h"
 #include "inventory/Inventory.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <initializer_list>
 #include <map>
 #include <set>
@@ -78,10 +80,11 @@ private:
 
     // Fields.
     bool readFields(Block block, const OptionRow& row);
+    template <char kind> bool readField(Field& field);
     bool readField(char kind, Field& field);
     void readMoreNumbers(Field& field);
-    bool readPositional(std::string_view word, const char* kinds,
-                        std::initializer_list<const char*> names);
+    template <char... kinds>
+    bool readPositional(std::string_view word, std::initializer_list<const char*> names);
     void reportMissing(std::string_view word, std::string_view name, const char* field);
     void reportLeftOut(Place place, std::string_view word, const std::string& text);
     std::string_view text(std::size_t field) const { return fields_[field].text; }
@@ -168,6 +171,65 @@ private:
     unsigned leftOutCount_ = 0;        ///< Things that were left out with a warning of their own.
     bool isSetWrong_ = false; ///< A COEFFS or COEFFS_LINEAR of the method in hand is no set.
 };
+
+/// A field of one of the kinds of `options.def`, or of these: S and W are s and w of which the text
+/// is kept in the inventory, and m is the name of a method, which is looked up soon. False if the
+/// current token is none of the kind.
+template <char kind> bool Parser::readField(Field& field)
+{
+    constexpr bool mustBeText = kind == 's' || kind == 'S';
+    constexpr bool isName = kind == 'w' || kind == 'W' || kind == 'm';
+    const Token token = scanner_.token();
+    const bool isText = token == Token::Text;
+    if (!isText && (mustBeText || token != Token::Word))
+        return false;
+    const std::string_view word = scanner_.text();
+    if constexpr (mustBeText || isName || kind == 'x') {
+        if (isName && !isText && mayBeNumber(word) && parseNumber(word))
+            return false;
+        if constexpr (kind == 'm')
+            field.prepared = inventory_.methodNames.prepare(word);
+        if constexpr (kind == 'S' || kind == 'W')
+            field.text = inventory_.texts.keep(word);
+        else if (isText)
+            field.store(word);
+        else
+            field.storeWord(word);
+    } else {
+        Number& number = field.number;
+        if (!readNumber(word, number))
+            return false;
+        if (kind == 'i') {
+            const std::optional<Number> integer = number.asInteger();
+            if (!integer)
+                return false;
+            number = *integer;
+        }
+        if (kind == 'p' && number.real != std::floor(number.real))
+            return false;
+    }
+    if (isText && !mustBeText && kind != 'x')
+        notices_.add(scanner_.place(), "Quotes around a word or a number are ignored");
+    scanner_.advance();
+    return true;
+}
+
+/// Reads the positional fields of a block, each of its kind; `names` says what each one is. False,
+/// with a warning that has the block's name if that was read, if one is missing or of another kind.
+template <char... kinds>
+bool Parser::readPositional(std::string_view word, std::initializer_list<const char*> names)
+{
+    std::size_t i = 0;
+    const bool isComplete = (... && (readField<kinds>(fields_[i]) && (++i, true)));
+    if (isComplete)
+        return true;
+    const auto* const missing = names.begin() + i;
+    const auto* const called = std::find_if(
+        names.begin(), missing, [](std::string_view name) { return name == "its name"; });
+    const auto place = static_cast<std::size_t>(called - names.begin());
+    reportMissing(word, called != missing ? text(place) : "", *missing);
+    return false;
+}
 
 /// The options of a block up to its `/end`, and that end. `handle` gets an option from which
 /// something is taken: the fields of a plain one have been read; a block is the handler's to read,

@@ -125,20 +125,18 @@ void Scanner::skipComment()
 void Scanner::advance()
 {
     next_ = blanksEnd(next_);
-    if (is(*next_, EndsWord))
-        return advanceToOther();
     keep_ = next_;
-    scanWord();
+    if (!is(*next_, EndsWord))
+        return scanWord();
+    if (*next_ == '"')
+        return scanText();
+    advanceToOther();
 }
 
 /// What may be no word is in hand.
 void Scanner::advanceToOther()
 {
     for (;;) {
-        if (*next_ == '"' && next_ != end_) {
-            keep_ = next_;
-            return scanText();
-        }
         skipBlanksAndComments();
         if (next_ == end_) {
             if (leaveFile())

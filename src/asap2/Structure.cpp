@@ -11,7 +11,7 @@ namespace tavo {
 void Parser::parseTypedefStructure(const Mark& begin)
 {
     constexpr const char* word = "TYPEDEF_STRUCTURE";
-    if (!readPositional(word, "wsi", {"its name", "its description", "its size"})) {
+    if (!readPositional<'w', 's', 'i'>(word, {"its name", "its description", "its size"})) {
         leaveOut(word, begin);
         return;
     }
@@ -32,7 +32,7 @@ void Parser::parseTypedefStructure(const Mark& begin)
 void Parser::parseComponent(Structure& structure, const Mark& begin)
 {
     constexpr const char* word = "STRUCTURE_COMPONENT";
-    if (!readPositional(word, "wwi", {"its name", "its type", "its offset"})) {
+    if (!readPositional<'w', 'w', 'i'>(word, {"its name", "its type", "its offset"})) {
         leaveOut(word, begin);
         return;
     }
@@ -55,7 +55,8 @@ void Parser::parseComponent(Structure& structure, const Mark& begin)
 void Parser::parseInstance(const Mark& begin)
 {
     constexpr const char* word = "INSTANCE";
-    if (!readPositional(word, "wswp", {"its name", "its description", "its type", "its address"})) {
+    if (!readPositional<'w', 's', 'w', 'p'>(
+            word, {"its name", "its description", "its type", "its address"})) {
         leaveOut(word, begin);
         return;
     }

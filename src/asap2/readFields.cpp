@@ -2,8 +2,6 @@
 
 #include "asap2/Parser.h"
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace tavo {
@@ -36,63 +34,23 @@ bool Parser::readFields(Block block, const OptionRow& row)
     return true;
 }
 
-/// A field of one of the kinds of `options.def`, or of these: S and W are s and w of which the text
-/// is kept in the inventory, and m is the name of a method, which is looked up soon.
+/// The field of a kind that is known only now.
 bool Parser::readField(char kind, Field& field)
 {
-    const Token token = scanner_.token();
-    if (token != Token::Word && token != Token::Text)
-        return false;
-    const std::string_view word = scanner_.text();
-    const bool isText = token == Token::Text;
-    const auto store = [&] {
-        field.storage.assign(word);
-        field.text = field.storage;
-    };
     switch (kind) {
     case 's':
-        if (!isText)
-            return false;
-        store();
-        break;
-    case 'S':
-        if (!isText)
-            return false;
-        field.text = inventory_.texts.keep(word);
-        break;
-    case 'm':
+        return readField<'s'>(field);
     case 'w':
-    case 'W':
-        if (!isText && parseNumber(word))
-            return false;
-        if (kind == 'm')
-            field.prepared = inventory_.methodNames.prepare(word);
-        if (kind == 'W')
-            field.text = inventory_.texts.keep(word);
-        else
-            store();
-        break;
+        return readField<'w'>(field);
     case 'x':
-        store();
-        break;
-    default: {
-        Number& number = field.number;
-        if (!readNumber(word, number))
-            return false;
-        if (kind == 'i') {
-            const std::optional<Number> integer = number.asInteger();
-            if (!integer)
-                return false;
-            number = *integer;
-        }
-        if (kind == 'p' && number.real != std::floor(number.real))
-            return false;
+        return readField<'x'>(field);
+    case 'i':
+        return readField<'i'>(field);
+    case 'p':
+        return readField<'p'>(field);
+    default:
+        return readField<'n'>(field);
     }
-    }
-    if (isText && kind != 's' && kind != 'S' && kind != 'x')
-        notices_.add(scanner_.place(), "Quotes around a word or a number are ignored");
-    scanner_.advance();
-    return true;
 }
 
 /// The numbers after a field, as many as come.
@@ -112,24 +70,6 @@ void Parser::readMoreNumbers(Field& field)
 std::int64_t Parser::integer(std::size_t field) const
 {
     return number(field).asSigned().value_or(std::numeric_limits<std::int64_t>::max());
-}
-
-/// Reads the positional fields of a block by their kinds; `names` says what each one is. False,
-/// with a warning that has the block's name if that was read, if one is missing or of another kind.
-bool Parser::readPositional(std::string_view word, const char* kinds,
-                            std::initializer_list<const char*> names)
-{
-    const auto isName = [](std::string_view name) { return name == "its name"; };
-    for (const auto* name = names.begin(); name != names.end(); ++name) {
-        const auto i = static_cast<std::size_t>(name - names.begin());
-        if (!readField(kinds[i], fields_[i])) {
-            const auto* const called = std::find_if(names.begin(), name, isName);
-            const auto place = static_cast<std::size_t>(called - names.begin());
-            reportMissing(word, called != name ? text(place) : "", *name);
-            return false;
-        }
-    }
-    return true;
 }
 
 /// Something is left out because of the current token, which is no `field`.

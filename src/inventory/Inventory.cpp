@@ -2,39 +2,6 @@
 
 namespace tavo {
 
-namespace {
-
-struct DataTypeRow
-{
-    std::string_view word;
-    std::string_view text;
-    std::uint32_t size;
-};
-
-/// In the order of `DataType`.
-constexpr DataTypeRow dataTypes[] = {
-    {"", "???", 0},
-    {"UBYTE", "uint8", 1},
-    {"SBYTE", "int8", 1},
-    {"UWORD", "uint16", 2},
-    {"SWORD", "int16", 2},
-    {"ULONG", "uint32", 4},
-    {"SLONG", "int32", 4},
-    {"A_UINT64", "uint64", 8},
-    {"A_INT64", "int64", 8},
-    {"FLOAT16_IEEE", "real16", 2},
-    {"FLOAT32_IEEE", "real32", 4},
-    {"FLOAT64_IEEE", "real64", 8},
-};
-
-const DataTypeRow& rowOf(DataType type) { return dataTypes[static_cast<std::size_t>(type)]; }
-
-} // namespace
-
-std::string_view dataTypeWord(DataType type) { return rowOf(type).word; }
-std::string_view dataTypeText(DataType type) { return rowOf(type).text; }
-std::uint32_t sizeOf(DataType type) { return rowOf(type).size; }
-
 const char* byteOrderText(ByteOrder order)
 {
     switch (order) {

@@ -35,13 +35,41 @@ enum class DataType : std::uint8_t
     Float64
 };
 
+struct DataTypeRow
+{
+    std::string_view word;
+    std::string_view text;
+    std::uint32_t size;
+};
+
+/// In the order of `DataType`.
+inline constexpr DataTypeRow dataTypes[] = {
+    {"", "???", 0},
+    {"UBYTE", "uint8", 1},
+    {"SBYTE", "int8", 1},
+    {"UWORD", "uint16", 2},
+    {"SWORD", "int16", 2},
+    {"ULONG", "uint32", 4},
+    {"SLONG", "int32", 4},
+    {"A_UINT64", "uint64", 8},
+    {"A_INT64", "int64", 8},
+    {"FLOAT16_IEEE", "real16", 2},
+    {"FLOAT32_IEEE", "real32", 4},
+    {"FLOAT64_IEEE", "real64", 8},
+};
+
+constexpr const DataTypeRow& rowOf(DataType type)
+{
+    return dataTypes[static_cast<std::size_t>(type)];
+}
+
 /// The word of the file format, "UBYTE" for example; "" for `None`.
-std::string_view dataTypeWord(DataType type);
+constexpr std::string_view dataTypeWord(DataType type) { return rowOf(type).word; }
 /// The word in the manner of a configuration: "uint8", "uint64", "real16" and so on; "???" for
 /// `None`.
-std::string_view dataTypeText(DataType type);
+constexpr std::string_view dataTypeText(DataType type) { return rowOf(type).text; }
 /// Bytes of one value; 0 for `None`.
-std::uint32_t sizeOf(DataType type);
+constexpr std::uint32_t sizeOf(DataType type) { return rowOf(type).size; }
 
 enum class ByteOrder : std::uint8_t
 {
