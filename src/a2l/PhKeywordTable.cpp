@@ -1,7 +1,6 @@
 #include "a2l/PhKeywordTable.h"
 
 #include "a2l/tokens.h"
-#include "base/sameBytes.h"
 
 #include <cstddef>
 
@@ -71,21 +70,6 @@ constinit const PhKeywordTable enumKeywords(enumEntries, enumSlots);
 constinit const PhKeywordTable ccpKeywords(ccpEntries, ccpSlots);
 constinit const PhKeywordTable xcpKeywords(xcpEntries, xcpSlots);
 constinit const PhKeywordTable kwpKeywords(kwpEntries, kwpSlots);
-
-std::int32_t PhKeywordTable::lookup(std::string_view text) const
-{
-    const PhKeywordKey key = PhKeywordKey::ofPadded(text.data(), text.size());
-    const std::uint32_t first = keywordSlot(key.hash(text.size()), slotCount_);
-    for (const PhKeywordSlot* slot = slots_ + first; slot->row != 0;
-         slot = slot + 1 != slots_ + slotCount_ ? slot + 1 : slots_) {
-        if (slot->key != key || slot->length != text.size())
-            continue;
-        if (text.size() <= PhKeywordKey::size ||
-            sameBytes(text, {entries_[slot->row - 1].text, slot->length}))
-            return slot->code;
-    }
-    return 0;
-}
 
 const char* PhKeywordTable::keywordName(std::int32_t code) const
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/sameBytes.h"
+
 #include <bit>
 #include <cstddef>
 #include <cstdint>
@@ -57,8 +59,8 @@ struct PhKeywordKey
     std::uint64_t tail = 0;
 };
 
-/// One place of the hash.
-struct PhKeywordSlot
+/// One place of the hash, of a size by which it is found without a multiplication.
+struct alignas(32) PhKeywordSlot
 {
     PhKeywordKey key;
     std::int32_t code = 0;
@@ -66,23 +68,19 @@ struct PhKeywordSlot
     std::uint16_t row = 0;    ///< From 1 on; 0 in a free slot.
 };
 
-/// The place among so many at which the search for a word of this hash begins.
-constexpr std::uint32_t keywordSlot(std::uint32_t hash, std::uint32_t slotCount)
-{
-    return static_cast<std::uint32_t>(std::uint64_t{hash} * slotCount >> 32);
-}
-
-/// An open-addressing hash over the rows of a vocabulary, made by the compiler. There must be more
-/// slots than rows.
+/// An open-addressing hash over the rows of a vocabulary, made by the compiler. The slots are a
+/// power of two, and more than the rows.
 template <std::uint32_t SlotCount> struct PhKeywordSlots
 {
+    static_assert(std::has_single_bit(SlotCount));
+
     consteval explicit PhKeywordSlots(const PhKeywordEntry* entries)
     {
         for (std::uint16_t row = 1; entries[row - 1].text; ++row) {
             const PhKeywordEntry& entry = entries[row - 1];
             const std::string_view text = entry.text;
             const PhKeywordKey key = PhKeywordKey::of(text);
-            std::uint32_t slot = keywordSlot(key.hash(text.size()), SlotCount);
+            std::uint32_t slot = key.hash(text.size()) % SlotCount;
             while (slots[slot].row != 0)
                 slot = (slot + 1) % SlotCount;
             slots[slot] = {key, entry.code, static_cast<std::uint16_t>(text.size()), row};
@@ -99,7 +97,7 @@ public:
     /// Rows and slots outlive the table.
     template <std::uint32_t SlotCount>
     consteval PhKeywordTable(const PhKeywordEntry* entries, const PhKeywordSlots<SlotCount>& hash)
-        : entries_(entries), slots_(hash.slots), slotCount_(SlotCount)
+        : entries_(entries), slots_(hash.slots), lastSlot_(SlotCount - 1)
     {
     }
 
@@ -112,8 +110,22 @@ public:
 private:
     const PhKeywordEntry* entries_;
     const PhKeywordSlot* slots_;
-    std::uint32_t slotCount_;
+    std::uint32_t lastSlot_;
 };
+
+inline std::int32_t PhKeywordTable::lookup(std::string_view text) const
+{
+    const PhKeywordKey key = PhKeywordKey::ofPadded(text.data(), text.size());
+    std::uint32_t i = key.hash(text.size()) & lastSlot_;
+    for (; slots_[i].row != 0; i = (i + 1) & lastSlot_) {
+        const PhKeywordSlot& slot = slots_[i];
+        if (slot.key == key && slot.length == text.size() &&
+            (text.size() <= PhKeywordKey::size ||
+             sameBytes(text, {entries_[slot.row - 1].text, slot.length})))
+            return slot.code;
+    }
+    return 0;
+}
 
 /// Outside of the sections below. A reader starts with it.
 extern const PhKeywordTable coreKeywords;

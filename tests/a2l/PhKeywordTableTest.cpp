@@ -83,13 +83,12 @@ TEST(PhKeywordTableTest, FindsEachOfItsWordsAndNoOther)
 
 TEST(PhKeywordTableTest, WordsOfOneHashAndOfOneSlotAreToldApart)
 {
-    // The table is as full as it may be.
     static constexpr PhKeywordEntry rows[] = {{"the-same-beginning-a", 5},
                                               {"the-same-beginning-b", 6},
                                               {"the-same-beginning-c", 7},
                                               {"x", 5},
                                               {nullptr, -1}};
-    static constexpr PhKeywordSlots<5> slots(rows);
+    static constexpr PhKeywordSlots<8> slots(rows);
     static constexpr PhKeywordTable table(rows, slots);
     static_assert(PhKeywordKey::of(rows[0].text) == PhKeywordKey::of(rows[1].text));
     static_assert(PhKeywordKey::of(rows[0].text) == PhKeywordKey::of(rows[2].text));
