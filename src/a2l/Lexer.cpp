@@ -8,6 +8,20 @@ namespace tavo {
 
 namespace {
 
+constexpr char endCharacter = static_cast<char>(endMark);
+
+/// What doesn't stand for itself in a string.
+ByteGroup::Matches textEnds(ByteGroup bytes)
+{
+    return bytes.equalTo('"') | bytes.equalTo('\\') | bytes.equalTo(endCharacter);
+}
+
+/// What may end a comment.
+ByteGroup::Matches stars(ByteGroup bytes)
+{
+    return bytes.equalTo('*') | bytes.equalTo(endCharacter);
+}
+
 unsigned decimalDigit(unsigned char digit) { return digit - unsigned{'0'}; }
 
 /// Without a decision, which would be guessed wrong for every other digit: of a letter, the low
@@ -75,13 +89,13 @@ int Lexer::scan()
     while (is(*first, Blank))
         ++first;
     if (is(*first, Letter) || (*first == '/' && first[1] != '*' && first[1] != endMark)) {
-        const unsigned char* const last = source_.runEnd(Run::Name, first + 1);
+        const unsigned char* const last = source_.nameEnd(first + 1);
         if (*last != endMark)
             return finishPlain(ScannedName, first, last, last);
     } else if (is(*first, Digit) || *first == '-') {
         return scanPlainNumber(first);
     } else if (*first == '"') {
-        const unsigned char* const last = source_.runEnd(Run::Text, first + 1);
+        const unsigned char* const last = SourceStream::find(first + 1, textEnds);
         if (*last == '"' && last[1] != '"' && last[1] != endMark)
             return finishPlain(T_STRING, first + 1, last, last + 1);
     }
@@ -175,7 +189,7 @@ bool Lexer::skipComment()
 {
     source_.markLine();
     for (;;) {
-        if (source_.skipTo('*') == endMark) {
+        if (source_.skipTo(stars) == endMark) {
             source_.take();
             // The second "Error" is frozen, see "What hosts rely on" in docs/architecture.md.
             char text[64];
@@ -196,7 +210,7 @@ bool Lexer::skipComment()
 /// Takes the rest of a name as the token's text.
 int Lexer::finishName(int code)
 {
-    source_.skipRun(Run::Name);
+    source_.skipName();
     token_.text = source_.text();
     return code;
 }
@@ -212,7 +226,7 @@ int Lexer::scanString()
     source_.advance();
     source_.beginText();
     for (;;) {
-        if (source_.skipRun(Run::Text) == '"') {
+        if (source_.skipTo(textEnds) == '"') {
             source_.advance();
             if (source_.peek() != '"') {
                 token_.text = source_.text();
@@ -234,7 +248,7 @@ int Lexer::scanEditedString()
 {
     for (;;) {
         source_.beginText();
-        source_.skipRun(Run::Text);
+        source_.skipTo(textEnds);
         textBuffer_.append(source_.text());
         source_.endText();
         int character = source_.take();
@@ -320,7 +334,7 @@ int Lexer::scanHexadecimal()
     source_.beginText();
     const bool name = is(source_.skipFew(HexDigit), Letter);
     if (name)
-        source_.skipRun(Run::Name);
+        source_.skipName();
     token_.text = source_.text();
     if (negative) {
         textBuffer_ = '-';

@@ -101,7 +101,7 @@ void SourceStream::begin()
     mark_ = nullptr;
     line_ = 1;
     block_[0] = endMark;
-    findRuns(0);
+    findNames(0);
 }
 
 void SourceStream::close()
@@ -135,12 +135,12 @@ void SourceStream::makeRoom(std::size_t kept)
         return;
     }
     const std::size_t capacity = std::max(needed, 2 * capacity_);
-    const std::size_t groups = capacity / RunEnds::groupSize + 1;
+    const std::size_t groups = capacity / NameEnds::groupSize + 1;
     std::unique_ptr<unsigned char[]> block(
-        new unsigned char[groups * RunEnds::groupSize + ByteGroup::size]);
+        new unsigned char[groups * NameEnds::groupSize + ByteGroup::size]);
     if (kept > 0)
         std::memcpy(block.get(), begin_, kept);
-    runEnds_.resize(groups);
+    nameEnds_.resize(groups);
     block_ = std::move(block);
     capacity_ = capacity;
 }
@@ -161,31 +161,17 @@ int SourceStream::more()
         begin_ = head;
     next_ = counted_ = head + kept;
     end_ = after;
-    findRuns(kept);
+    findNames(kept);
     return *next_;
 }
 
-/// Finds the ends of the runs from a character of the block on.
-void SourceStream::findRuns(std::size_t from)
+/// Finds the ends of the names from a character of the block on.
+void SourceStream::findNames(std::size_t from)
 {
     const auto size = static_cast<std::size_t>(end_ - block_.get()) + 1;
-    const std::size_t groups = (size + RunEnds::groupSize - 1) / RunEnds::groupSize;
-    std::memset(block_.get() + size, 0, groups * RunEnds::groupSize + ByteGroup::size - size);
-    runEnds_.find(block_.get(), from / RunEnds::groupSize, groups);
-}
-
-int SourceStream::skipTo(char character)
-{
-    for (;;) {
-        std::size_t first = 0;
-        do {
-            const ByteGroup bytes(reinterpret_cast<const char*>(next_));
-            first = (bytes.equalTo(character) | bytes.equalTo(static_cast<char>(endMark))).first();
-            next_ += first;
-        } while (first == ByteGroup::size);
-        if (*next_ != endMark || next_ != end_ || (more() == endMark && next_ == end_))
-            return *next_;
-    }
+    const std::size_t groups = (size + NameEnds::groupSize - 1) / NameEnds::groupSize;
+    std::memset(block_.get() + size, 0, groups * NameEnds::groupSize + ByteGroup::size - size);
+    nameEnds_.find(block_.get(), from / NameEnds::groupSize, groups);
 }
 
 /// Up to `to`, which isn't before what is counted.

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "a2l/RunEnds.h"
+#include "a2l/NameEnds.h"
 #include "a2l/characters.h"
+#include "base/ByteGroup.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -58,11 +59,19 @@ public:
     const unsigned char* position() const { return next_; }
     /// Goes on to a character of the block, or to its end.
     void goTo(const unsigned char* position) { next_ = position; }
-    /// The first character of the block from `position` on that ends a run.
-    const unsigned char* runEnd(Run run, const unsigned char* position) const
+    /// The first character of the block from `position` on that ends a name.
+    const unsigned char* nameEnd(const unsigned char* position) const
     {
         const unsigned char* const block = block_.get();
-        return block + runEnds_.end(run, static_cast<std::size_t>(position - block));
+        return block + nameEnds_.end(static_cast<std::size_t>(position - block));
+    }
+    /// The first character of the block from `position` on that `match` finds in its group of
+    /// bytes. It finds an end mark.
+    template <class Match>
+    static const unsigned char* find(const unsigned char* position, Match match)
+    {
+        return reinterpret_cast<const unsigned char*>(
+            searchNear(reinterpret_cast<const char*>(position), match));
     }
     /// Goes on to the first character that is in none of these classes, and gives it. For runs
     /// of a few characters.
@@ -80,19 +89,16 @@ public:
                 return following;
         }
     }
-    /// Goes on to the first character that ends a run of this kind, and gives it.
-    int skipRun(Run run)
+    /// Goes on to the first character with which no name goes on.
+    void skipName()
     {
-        for (;;) {
-            next_ = runEnd(run, next_);
-            if (*next_ != endMark || next_ != end_)
-                return *next_;
-            if (more() == endMark && next_ == end_)
-                return endMark;
-        }
+        skip([this](const unsigned char* position) { return nameEnd(position); });
     }
-    /// Goes on to the first `character`, or to an end mark, and gives what it found.
-    int skipTo(char character);
+    /// Goes on to the first character that `match` finds, and gives it. It finds an end mark.
+    template <class Match> int skipTo(Match match)
+    {
+        return skip([&](const unsigned char* position) { return find(position, match); });
+    }
 
     /// The line of the last character that was taken.
     std::uint32_t line()
@@ -118,9 +124,19 @@ public:
     }
 
 private:
+    /// Goes on to the first character that `end` gives in its block.
+    template <class End> int skip(End end)
+    {
+        for (;;) {
+            next_ = end(next_);
+            if (*next_ != endMark || next_ != end_ || (more() == endMark && next_ == end_))
+                return *next_;
+        }
+    }
+
     void begin();
     int more();
-    void findRuns(std::size_t from);
+    void findNames(std::size_t from);
     void countLines(const unsigned char* to);
     void makeRoom(std::size_t kept);
     std::size_t read(unsigned char* target);
@@ -132,7 +148,7 @@ private:
     std::uint64_t bytesRead_ = 0;
     int readError_ = 0;
     std::unique_ptr<unsigned char[]> block_;
-    RunEnds runEnds_;
+    NameEnds nameEnds_;
     std::size_t capacity_ = 0;             ///< Of the block, without the end mark.
     const unsigned char* next_ = nullptr;  ///< The character in hand.
     const unsigned char* end_ = nullptr;   ///< After the last character; an end mark stands there.

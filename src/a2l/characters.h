@@ -10,9 +10,8 @@ enum CharacterClass : unsigned char
     Letter = 1, ///< A letter or an underscore: what a name begins with.
     Digit = 2,
     HexDigit = 4,
-    InName = 8,    ///< What follows in a name.
-    InString = 16, ///< What stands for itself in a string.
-    Blank = 32,    ///< What separates tokens.
+    InName = 8, ///< What follows in a name.
+    Blank = 16, ///< What separates tokens.
 };
 
 /// Where the characters end. A byte of this value ends them too, wherever it stands in a file; it
@@ -32,8 +31,6 @@ constexpr std::array<unsigned char, 256> makeCharacterClasses()
             mask |= Digit | HexDigit | InName;
         if ((c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'))
             mask |= HexDigit;
-        if (c != '"' && c != '\\' && c != endMark)
-            mask |= InString;
         if (c == ' ' || c == '\t' || c == '\r' || c == '\n')
             mask |= Blank;
         classes[c] = static_cast<unsigned char>(mask);

@@ -38,28 +38,6 @@ inline bool is(char c, unsigned mask)
 /// of bytes from there on.
 constexpr std::size_t padding = 2 * ByteGroup::size;
 
-/// The first byte from `position` on that `match` finds in its group.
-template <class Match> const char* search(const char* position, Match match)
-{
-    for (;; position += ByteGroup::size) {
-        const std::size_t first = match(ByteGroup(position)).first();
-        if (first < ByteGroup::size)
-            return position + first;
-    }
-}
-
-/// The same two groups at a time, for what is far away in most places.
-template <class Match> const char* searchFar(const char* position, Match match)
-{
-    constexpr std::size_t size = ByteGroup::size;
-    for (;; position += 2 * size) {
-        const std::size_t first =
-            match(ByteGroup(position)).firstWith(match(ByteGroup(position + size)));
-        if (first < 2 * size)
-            return position + first;
-    }
-}
-
 /// The first character that is no blank.
 inline const char* blanksEnd(const char* position)
 {
@@ -73,8 +51,8 @@ inline const char* wordEnd(const char* position)
 {
     for (;; ++position) {
         // All that are up to the quote, some of which end no word.
-        position =
-            search(position, [](ByteGroup bytes) { return bytes.upTo('"') | bytes.equalTo('/'); });
+        position = searchNear(position,
+                              [](ByteGroup bytes) { return bytes.upTo('"') | bytes.equalTo('/'); });
         if (is(*position, EndsWord))
             return position;
     }
@@ -106,7 +84,7 @@ inline const char* slashOf(const char* position)
 /// The first character of a line end.
 inline const char* lineEnd(const char* position)
 {
-    return search(position, [](ByteGroup bytes) {
+    return searchNear(position, [](ByteGroup bytes) {
         return bytes.equalTo('\n') | bytes.equalTo('\r') | bytes.equalTo(0);
     });
 }

@@ -150,4 +150,26 @@ inline ByteGroup::Matches ByteGroup::within(char first, char last) const
 
 #endif
 
+/// The first byte from `position` on that `match` finds in its group.
+template <class Match> const char* searchNear(const char* position, Match match)
+{
+    for (;; position += ByteGroup::size) {
+        const std::size_t first = match(ByteGroup(position)).first();
+        if (first < ByteGroup::size)
+            return position + first;
+    }
+}
+
+/// The same two groups at a time, for what is far away in most places.
+template <class Match> const char* searchFar(const char* position, Match match)
+{
+    constexpr std::size_t size = ByteGroup::size;
+    for (;; position += 2 * size) {
+        const std::size_t first =
+            match(ByteGroup(position)).firstWith(match(ByteGroup(position + size)));
+        if (first < 2 * size)
+            return position + first;
+    }
+}
+
 } // namespace tavo

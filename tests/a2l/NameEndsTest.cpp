@@ -1,4 +1,4 @@
-#include "a2l/RunEnds.h"
+#include "a2l/NameEnds.h"
 #include "a2l/characters.h"
 
 #include <gtest/gtest.h>
@@ -10,10 +10,10 @@ using namespace tavo;
 
 namespace {
 
-TEST(RunEnds, AreWhereALoopOverTheCharactersFindsThem)
+TEST(NameEnds, AreWhereALoopOverTheCharactersFindsThem)
 {
     constexpr std::size_t groups = 5;
-    constexpr std::size_t size = groups * RunEnds::groupSize;
+    constexpr std::size_t size = groups * NameEnds::groupSize;
     std::mt19937 random(1);
     for (const int other : {1, 3, 40, 500}) { // runs of any length, over several groups too
         std::vector<unsigned char> block(size, 'a');
@@ -21,32 +21,27 @@ TEST(RunEnds, AreWhereALoopOverTheCharactersFindsThem)
             if (random() % static_cast<unsigned>(other) == 0)
                 block[i] = static_cast<unsigned char>(random());
         block.back() = endMark;
-        RunEnds ends;
+        NameEnds ends;
         ends.resize(groups);
         ends.find(block.data(), 0, groups);
         for (std::size_t from = 0; from < size; ++from) {
-            const auto expected = [&](unsigned classes) {
-                std::size_t i = from;
-                while (is(block[i], classes))
-                    ++i;
-                return i;
-            };
-            EXPECT_EQ(ends.end(Run::Name, from), expected(InName)) << from;
-            EXPECT_EQ(ends.end(Run::Text, from), expected(InString)) << from;
+            std::size_t expected = from;
+            while (is(block[expected], InName))
+                ++expected;
+            EXPECT_EQ(ends.end(from), expected);
         }
     }
 }
 
-TEST(RunEnds, KnowEveryCharacter)
+TEST(NameEnds, KnowEveryCharacter)
 {
     for (unsigned c = 0; c < 256; ++c) {
-        std::vector<unsigned char> block(RunEnds::groupSize, endMark);
+        std::vector<unsigned char> block(NameEnds::groupSize, endMark);
         block[17] = static_cast<unsigned char>(c);
-        RunEnds ends;
+        NameEnds ends;
         ends.resize(1);
         ends.find(block.data(), 0, 1);
-        EXPECT_EQ(ends.end(Run::Name, 17) == 18, is(static_cast<int>(c), InName)) << c;
-        EXPECT_EQ(ends.end(Run::Text, 17) == 18, is(static_cast<int>(c), InString)) << c;
+        EXPECT_EQ(ends.end(17) == 18, is(static_cast<int>(c), InName)) << c;
     }
 }
 
