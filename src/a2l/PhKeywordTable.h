@@ -1,13 +1,12 @@
 #pragma once
 
+#include "base/WordKey.h"
 #include "base/sameBytes.h"
 
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
-#include <type_traits>
 
 namespace tavo {
 
@@ -18,51 +17,10 @@ struct PhKeywordEntry
     std::int32_t code;
 };
 
-/// What most words are told apart by: their first sixteen bytes, of which those after the end are
-/// zero, as two numbers with the first byte lowest.
-struct PhKeywordKey
-{
-    static constexpr std::size_t half = 8;
-    static constexpr std::size_t size = 2 * half;
-
-    /// Of a word in the source of the program.
-    static consteval PhKeywordKey of(std::string_view text)
-    {
-        PhKeywordKey key;
-        for (std::size_t i = 0; i < text.size() && i < size; ++i)
-            (i < half ? key.head : key.tail) |= std::uint64_t{static_cast<unsigned char>(text[i])}
-                                                << i % half * 8;
-        return key;
-    }
-    /// Of `length` bytes, of which `size` can be read from the first one on, however few count.
-    static PhKeywordKey ofPadded(const char* text, std::size_t length)
-    {
-        const auto part = [](const char* bytes, std::size_t count) {
-            std::uint64_t number = 0;
-            std::memcpy(&number, bytes, sizeof number);
-            if constexpr (std::endian::native == std::endian::big)
-                number = __builtin_bswap64(number);
-            return count >= half ? number : number & ((std::uint64_t{1} << count * 8) - 1);
-        };
-        return {part(text, length), part(text + half, length > half ? length - half : 0)};
-    }
-
-    constexpr std::uint32_t hash(std::size_t length) const
-    {
-        // Two odd numbers without a pattern in their bits.
-        const std::uint64_t sum = head * 0x9E3779B97F4A7C15 ^ (tail + length) * 0xC2B2AE3D27D4EB4F;
-        return static_cast<std::uint32_t>(sum >> 32);
-    }
-    bool operator==(const PhKeywordKey&) const = default;
-
-    std::uint64_t head = 0;
-    std::uint64_t tail = 0;
-};
-
 /// One place of the hash, of a size by which it is found without a multiplication.
 struct alignas(32) PhKeywordSlot
 {
-    PhKeywordKey key;
+    WordKey key;
     std::int32_t code = 0;
     std::uint16_t length = 0; ///< Of the word.
     std::uint16_t row = 0;    ///< From 1 on; 0 in a free slot.
@@ -79,7 +37,7 @@ template <std::uint32_t SlotCount> struct PhKeywordSlots
         for (std::uint16_t row = 1; entries[row - 1].text; ++row) {
             const PhKeywordEntry& entry = entries[row - 1];
             const std::string_view text = entry.text;
-            const PhKeywordKey key = PhKeywordKey::of(text);
+            const WordKey key(text);
             std::uint32_t slot = key.hash(text.size()) % SlotCount;
             while (slots[slot].row != 0)
                 slot = (slot + 1) % SlotCount;
@@ -101,8 +59,7 @@ public:
     {
     }
 
-    /// The code of a word, compared byte for byte; 0 if it is no keyword here. From its first byte
-    /// on, as many as a key has can be read, however short it is.
+    /// The code of a word, compared byte for byte; 0 if it is no keyword here.
     std::int32_t lookup(std::string_view text) const;
     /// The word of a code, or null if no row has it.
     const char* keywordName(std::int32_t code) const;
@@ -115,12 +72,12 @@ private:
 
 inline std::int32_t PhKeywordTable::lookup(std::string_view text) const
 {
-    const PhKeywordKey key = PhKeywordKey::ofPadded(text.data(), text.size());
+    const WordKey key(text);
     std::uint32_t i = key.hash(text.size()) & lastSlot_;
     for (; slots_[i].row != 0; i = (i + 1) & lastSlot_) {
         const PhKeywordSlot& slot = slots_[i];
         if (slot.key == key && slot.length == text.size() &&
-            (text.size() <= PhKeywordKey::size ||
+            (text.size() <= WordKey::size ||
              sameBytes(text, {entries_[slot.row - 1].text, slot.length})))
             return slot.code;
     }

@@ -1,5 +1,6 @@
 #include "asap2/options.h"
 
+#include "base/WordKey.h"
 #include "base/sameBytes.h"
 
 #include <array>
@@ -37,61 +38,48 @@ constexpr Row rows[] = {
 #undef TAVO_KNOWN
 };
 
+/// One place of the hash over the rows.
+struct Slot
+{
+    WordKey key;
+    std::uint16_t length = 0; ///< Of the word.
+    std::uint16_t row = noRow;
+    Block block = Block::Any;
+    Form form = Form::Plain;
+
+    static constexpr std::uint16_t noRow = 0xFFFF;
+};
+
 constexpr std::size_t slotCount = 1024;
-constexpr std::uint16_t noRow = 0xFFFF;
 static_assert(std::size(rows) < slotCount / 2, "the table must stay sparse");
 
-/// Four characters of a word, the zero byte in the place of those that it hasn't got.
-constexpr std::uint32_t fourOf(std::string_view word, std::size_t first)
+constexpr std::array<Slot, slotCount> makeSlots()
 {
-    const auto at = [&](std::size_t i) {
-        return std::uint32_t{static_cast<unsigned char>(word[first + i])};
-    };
-    const std::size_t size = word.size() - first;
-    if (size >= 4)
-        return at(0) | at(1) << 8U | at(2) << 16U | at(3) << 24U;
-    std::uint32_t four = 0;
-    for (std::size_t i = 0; i < size; ++i)
-        four |= at(i) << 8U * i;
-    return four;
-}
-
-/// By the length of the word, its first characters and its last ones, in which hardly two words of
-/// the table are alike.
-constexpr std::size_t slotOf(std::string_view word)
-{
-    const std::size_t lastFour = word.size() < 4 ? 0 : word.size() - 4;
-    const std::uint32_t hash = fourOf(word, 0) * 0x9E3779B1U +
-                               fourOf(word, lastFour) * 0x85EBCA6BU +
-                               static_cast<std::uint32_t>(word.size()) * 0xC2B2AE35U;
-    return (hash ^ hash >> 15U) % slotCount;
-}
-
-constexpr std::array<std::uint16_t, slotCount> makeSlots()
-{
-    std::array<std::uint16_t, slotCount> slots{};
-    slots.fill(noRow);
+    std::array<Slot, slotCount> slots{};
     // Rows of a block before those of any block, so that its own are found first.
     for (const bool any : {false, true})
         for (std::size_t i = 0; i < std::size(rows); ++i) {
-            if ((rows[i].block == Block::Any) != any)
+            const Row& row = rows[i];
+            if ((row.block == Block::Any) != any)
                 continue;
-            std::size_t slot = slotOf(rows[i].word);
-            while (slots[slot] != noRow)
+            const WordKey key(row.word);
+            std::size_t slot = key.hash(row.word.size()) % slotCount;
+            while (slots[slot].row != Slot::noRow)
                 slot = (slot + 1) % slotCount;
-            slots[slot] = static_cast<std::uint16_t>(i);
+            slots[slot] = {key, static_cast<std::uint16_t>(row.word.size()),
+                           static_cast<std::uint16_t>(i), row.block, row.form};
         }
     return slots;
 }
 
-constexpr std::array<std::uint16_t, slotCount> slots = makeSlots();
+constexpr std::array<Slot, slotCount> slots = makeSlots();
 
 constexpr std::size_t longestRun()
 {
     std::size_t longest = 0;
     std::size_t run = 0;
     for (std::size_t i = 0; i < 2 * slotCount; ++i) {
-        run = slots[i % slotCount] == noRow ? 0 : run + 1;
+        run = slots[i % slotCount].row == Slot::noRow ? 0 : run + 1;
         longest = run > longest ? run : longest;
     }
     return longest;
@@ -101,14 +89,15 @@ static_assert(longestRun() <= 24, "a look-up must stay short, whatever the word 
 
 OptionRow find(Block block, Form form, std::string_view word)
 {
-    if (word.empty())
-        return {};
-    for (std::size_t slot = slotOf(word); slots[slot] != noRow; slot = (slot + 1) % slotCount) {
-        const Row& row = rows[slots[slot]];
-        const bool fits = (row.block == block || row.block == Block::Any) &&
-                          (row.form == form || row.form == Form::Either);
-        if (fits && sameBytes(row.word, word))
-            return row.result;
+    const WordKey key(word);
+    for (std::size_t i = key.hash(word.size()) % slotCount; slots[i].row != Slot::noRow;
+         i = (i + 1) % slotCount) {
+        const Slot& slot = slots[i];
+        if (slot.key == key && slot.length == word.size() &&
+            (slot.block == block || slot.block == Block::Any) &&
+            (slot.form == form || slot.form == Form::Either) &&
+            (word.size() <= WordKey::size || sameBytes(rows[slot.row].word, word)))
+            return rows[slot.row].result;
     }
     // One for each data type that an edition of the standard adds.
     if (block == Block::ModCommon && form == Form::Plain && word.starts_with("ALIGNMENT_"))

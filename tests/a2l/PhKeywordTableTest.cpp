@@ -33,13 +33,6 @@ std::map<int, std::string> rowsOf(const PhKeywordTable& table)
     return rows;
 }
 
-/// What a table says of a word that stands among others, as in a file.
-int lookedUp(const PhKeywordTable& table, const std::string& word)
-{
-    const std::string text = word + " UNIT /begin MEASUREMENT";
-    return table.lookup(std::string_view(text).substr(0, word.size()));
-}
-
 TEST(PhKeywordTableTest, HasItsFrozenWordsAndCodes)
 {
     std::ostringstream list;
@@ -77,7 +70,7 @@ TEST(PhKeywordTableTest, FindsEachOfItsWordsAndNoOther)
         for (const auto& [code, word] : rowsOf(*table))
             codes[word] = code;
         for (const std::string& word : words)
-            EXPECT_EQ(lookedUp(*table, word), codes.contains(word) ? codes[word] : 0) << word;
+            EXPECT_EQ(table->lookup(word), codes.contains(word) ? codes[word] : 0) << word;
     }
 }
 
@@ -90,11 +83,11 @@ TEST(PhKeywordTableTest, WordsOfOneHashAndOfOneSlotAreToldApart)
                                               {nullptr, -1}};
     static constexpr PhKeywordSlots<8> slots(rows);
     static constexpr PhKeywordTable table(rows, slots);
-    static_assert(PhKeywordKey::of(rows[0].text) == PhKeywordKey::of(rows[1].text));
-    static_assert(PhKeywordKey::of(rows[0].text) == PhKeywordKey::of(rows[2].text));
+    static_assert(WordKey(rows[0].text) == WordKey(rows[1].text));
+    static_assert(WordKey(rows[0].text) == WordKey(rows[2].text));
     for (const PhKeywordEntry* row = rows; row->text; ++row)
-        EXPECT_EQ(lookedUp(table, row->text), row->code);
-    EXPECT_EQ(lookedUp(table, "the-same-beginning-d"), 0); // the same hash once more
+        EXPECT_EQ(table.lookup(row->text), row->code);
+    EXPECT_EQ(table.lookup("the-same-beginning-d"), 0); // the same hash once more
     EXPECT_STREQ(table.keywordName(5), "the-same-beginning-a");
     EXPECT_EQ(table.keywordName(-1), nullptr); // though the closing row has it
 }
