@@ -1,5 +1,6 @@
 #include "a2l/Lexer.h"
 
+#include "base/exactDecimal.h"
 #include "model/decimal.h"
 
 #include <cstdio>

@@ -1,6 +1,6 @@
 #include "asap2/Number.h"
 
-#include "model/decimal.h"
+#include "base/exactDecimal.h"
 
 #include <array>
 #include <charconv>

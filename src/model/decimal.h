@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -29,20 +28,6 @@ inline std::int32_t saturated(std::uint64_t magnitude, bool isNegative)
 {
     const auto size = static_cast<std::int64_t>(std::min(magnitude, lowestMagnitude - !isNegative));
     return static_cast<std::int32_t>(isNegative ? -size : size);
-}
-
-/// Numerals of up to so many digits are exact in a double. None where a division may be rounded
-/// twice.
-constexpr std::size_t exactDigits = FLT_EVAL_METHOD == 0 ? 15 : 0;
-
-inline constexpr double powersOfTen[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-
-/// The double nearest to `digits` with a point before the last `decimals` of them, if the numeral
-/// has no more than `exactDigits`: both numbers of the one division are exact then.
-inline double withPoint(std::uint64_t digits, std::size_t decimals)
-{
-    return static_cast<double>(digits) / powersOfTen[decimals];
 }
 
 /// `number` without its fraction, or the nearer limit if it doesn't fit; 0 for NaN.
