@@ -7,12 +7,12 @@
 namespace tavo {
 
 /// The number of characters in [first, last) that pass a test, which gets the pointer to each. It
-/// is for tests without a decision, which the compiler makes for sixteen characters at a time.
+/// is for tests without a decision, which the compiler makes for many characters at a time.
 template <class Character, class Test>
 std::uint32_t countOf(const Character* first, const Character* last, Test test)
 {
     // Sums of few enough characters to fit a byte.
-    constexpr std::ptrdiff_t lanes = 16;
+    constexpr std::ptrdiff_t lanes = 32;
     constexpr std::ptrdiff_t most = 255;
     std::uint32_t count = 0;
     while (last - first >= lanes) {

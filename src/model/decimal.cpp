@@ -63,6 +63,7 @@ std::int32_t parseInt32(const char* first, const char* last)
 namespace {
 
 constexpr int decimals = 6;
+constexpr double million = 1e6;
 
 /// "00" to "99"
 constexpr auto twoDigits = [] {
@@ -77,38 +78,51 @@ constexpr auto twoDigits = [] {
 /// Rounds a number of moderate size to six decimals by way of an integer. False if the number is
 /// too large, or so near the middle between two texts that the product could fall on the wrong
 /// side.
-bool roundShort(double magnitude, std::uint64_t& millionths)
+bool roundShort(double magnitude, std::int64_t& millionths)
 {
     // Up to here the product is off by less than 2^-13.
     constexpr double largest = 1099511627776.0; // 2^40
     constexpr double margin = 1.0 / 1024;
-    const double product = magnitude * 1e6;
+    const double product = magnitude * million;
     if (!(product < largest))
         return false;
-    const double whole = std::floor(product);
-    const double fraction = product - whole;
-    millionths = static_cast<std::uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
+    millionths = static_cast<std::int64_t>(product);
+    const double fraction = product - static_cast<double>(millionths);
+    millionths += fraction > 0.5 ? 1 : 0;
     return std::fabs(fraction - 0.5) > margin;
+}
+
+char* writeInteger(char* target, std::int64_t number)
+{
+    if (number >= 10)
+        return std::to_chars(target, target + FixedText::longest, number).ptr;
+    *target = static_cast<char>('0' + number);
+    return target + 1;
 }
 
 } // namespace
 
 char* writeFixed(char* target, double number)
 {
-    std::uint64_t millionths = 0;
-    if (!roundShort(std::fabs(number), millionths))
+    const double magnitude = std::fabs(number);
+    const bool isSmall = magnitude < million;
+    const std::int64_t whole = isSmall ? static_cast<std::int64_t>(magnitude) : 0;
+    if (isSmall && static_cast<double>(whole) == magnitude) {
+        *target = '-';
+        target = writeInteger(target + std::signbit(number), whole);
+        std::memcpy(target, ".000000", 1 + decimals);
+        return target + 1 + decimals;
+    }
+    std::int64_t millionths = 0;
+    if (!roundShort(magnitude, millionths))
         return std::to_chars(target, target + FixedText::longest, number, std::chars_format::fixed,
                              decimals)
             .ptr;
-    if (std::signbit(number))
-        *target++ = '-';
-    const std::uint64_t whole = millionths / 1000000;
-    const auto rest = static_cast<std::uint32_t>(millionths % 1000000);
-    if (whole < 10)
-        *target++ = static_cast<char>('0' + whole);
-    else
-        target = std::to_chars(target, target + FixedText::longest, whole).ptr;
+    *target = '-';
+    constexpr std::int64_t unit = 1000000;
+    target = writeInteger(target + std::signbit(number), millionths / unit);
     *target++ = '.';
+    const auto rest = static_cast<std::uint32_t>(millionths % unit);
     for (std::uint32_t divisor = 10000; divisor > 0; divisor /= 100, target += 2)
         std::memcpy(target, twoDigits[rest / divisor % 100], 2);
     return target;
