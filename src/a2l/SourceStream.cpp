@@ -10,6 +10,7 @@
 
 #if !defined(_WIN32)
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -118,11 +119,18 @@ std::size_t SourceStream::size()
 {
     if (!file_)
         return memory_.size();
+#if defined(_WIN32)
     if (std::fseek(file_, 0, SEEK_END) != 0)
         return 0;
     const long end = std::ftell(file_);
     std::rewind(file_);
     return end > 0 ? static_cast<std::size_t>(end) : 0;
+#else
+    struct stat status = {};
+    return fstat(fileno(file_), &status) == 0 && S_ISREG(status.st_mode)
+               ? static_cast<std::size_t>(status.st_size)
+               : 0;
+#endif
 }
 
 /// Makes sure that the block takes another read after `kept` characters, which go to its head.
@@ -201,6 +209,8 @@ std::size_t SourceStream::fetch(unsigned char* target)
         memory_.remove_prefix(count);
         return count;
     }
+    if (std::feof(file_)) // which a device forgets, and a file would be asked for again
+        return 0;
     for (;;) {
         const std::size_t count = std::fread(target, 1, readSize, file_);
         if (count > 0 || !std::ferror(file_))

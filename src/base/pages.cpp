@@ -39,8 +39,9 @@ void makePresent([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size
 void* acquirePages(std::size_t size)
 {
     void* const block = ::operator new(size, alignmentOf(size));
+    // What a small conversion needs is present since the one before, as a rule.
     constexpr std::size_t few = std::size_t{1} << 16;
-    if (size >= few)
+    if (size > few)
         makePresent(block, size);
     return block;
 }
