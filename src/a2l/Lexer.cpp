@@ -82,8 +82,8 @@ int Lexer::skip()
     return token_.code = code;
 }
 
-/// Finds the next token and its text, and makes no more of it: a name isn't looked up yet, and a
-/// number has no value.
+/// Finds the next token and its text, and makes no more of it: a name isn't looked up yet, and only
+/// a plain number has its value.
 int Lexer::scan()
 {
     const unsigned char* first = source_.position();
