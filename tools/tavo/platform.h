@@ -21,9 +21,9 @@ int seekTo(std::FILE* file, std::uint64_t offset);
 /// A number that no other running process has.
 unsigned long processNumber();
 
-/// Creates a file for writing text, one at a time. A signal that ends the program removes it, up to
-/// `releaseTemporaryFile`; the path must stay valid as long. Null, with `errno`, if that fails:
-/// EEXIST if there is such a file.
+/// Creates a file for writing text, one at a time. A signal or an event of the console that ends
+/// the program removes it, up to `releaseTemporaryFile`; the path must stay valid as long. Null,
+/// with `errno`, if that fails: EEXIST if there is such a file.
 std::FILE* createTemporaryFile(const char* path);
 void releaseTemporaryFile();
 

@@ -12,7 +12,7 @@
 #include <filesystem>
 #include <io.h>
 #include <process.h>
-#include <sys/stat.h>
+#include <system_error>
 #include <windows.h>
 
 // The runtime leaves wildcards alone: only the names of files have them.
@@ -25,6 +25,43 @@ namespace tavo {
 namespace fs = std::filesystem;
 
 namespace {
+
+/// What the handler of console events works on: the temporary file or null, and the processes of
+/// the jobs. The system calls it in a thread of its own.
+const char* temporaryFile = nullptr;
+std::vector<HANDLE> children;
+SRWLOCK lock = SRWLOCK_INIT;
+
+/// Holds the lock for the length of a scope.
+class Locked
+{
+public:
+    Locked() { AcquireSRWLockExclusive(&lock); }
+    ~Locked() { ReleaseSRWLockExclusive(&lock); }
+    Locked(const Locked&) = delete;
+    Locked& operator=(const Locked&) = delete;
+};
+
+/// Takes the file along, at Ctrl-C for example, and lets the system end the process. The lock stays
+/// held, so that until then no file and no process begins.
+BOOL WINAPI endByEvent(DWORD)
+{
+    constexpr DWORD patience = 3000; // milliseconds; the system waits for five seconds
+    AcquireSRWLockExclusive(&lock);
+    if (temporaryFile)
+        DeleteFileA(temporaryFile);
+    // They have got the same event. They would end with this process, before their files are gone.
+    if (!children.empty())
+        WaitForMultipleObjects(static_cast<DWORD>(children.size()), children.data(), TRUE,
+                               patience);
+    return FALSE;
+}
+
+void handleEvents()
+{
+    static const BOOL once = SetConsoleCtrlHandler(endByEvent, TRUE);
+    (void)once;
+}
 
 /// Whether a pattern with `*` and `?` describes the whole name. Case doesn't count.
 bool matches(std::wstring_view pattern, std::wstring_view name)
@@ -85,7 +122,7 @@ public:
     /// Starts this program with these arguments. False if there is no place or no process.
     bool start(std::size_t number, const std::vector<std::string>& arguments)
     {
-        if (handles_.size() == width_)
+        if (children.size() == width_)
             return false;
         char path[32768];
         const DWORD length = GetModuleFileNameA(nullptr, path, sizeof path);
@@ -96,31 +133,33 @@ public:
         how.cb = sizeof how;
         PROCESS_INFORMATION process = {};
         std::fflush(nullptr);
+        const Locked locked;
         if (!CreateProcessA(path, command.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,
                             nullptr, &how, &process))
             return false;
         AssignProcessToJobObject(job_, process.hProcess);
         ResumeThread(process.hThread);
         CloseHandle(process.hThread);
-        handles_.push_back(process.hProcess);
+        children.push_back(process.hProcess);
         numbers_.push_back(number);
         return true;
     }
 
-    bool isIdle() const { return handles_.empty(); }
+    bool isIdle() const { return children.empty(); }
 
     /// Waits for any of them.
     void await()
     {
-        const DWORD ended = WaitForMultipleObjects(static_cast<DWORD>(handles_.size()),
-                                                   handles_.data(), FALSE, INFINITE);
-        const std::size_t place = ended < WAIT_OBJECT_0 + handles_.size() ? ended : 0;
+        const DWORD ended = WaitForMultipleObjects(static_cast<DWORD>(children.size()),
+                                                   children.data(), FALSE, INFINITE);
+        const Locked locked;
+        const std::size_t place = ended < WAIT_OBJECT_0 + children.size() ? ended : 0;
         DWORD status = 0;
-        GetExitCodeProcess(handles_[place], &status);
-        CloseHandle(handles_[place]);
+        GetExitCodeProcess(children[place], &status);
+        CloseHandle(children[place]);
         // What isn't the program's own status is a crash.
         setResult(numbers_[place], status < 128 ? static_cast<int>(status) : -SIGABRT);
-        handles_.erase(handles_.begin() + static_cast<std::ptrdiff_t>(place));
+        children.erase(children.begin() + static_cast<std::ptrdiff_t>(place));
         numbers_.erase(numbers_.begin() + static_cast<std::ptrdiff_t>(place));
     }
 
@@ -131,8 +170,7 @@ private:
     std::vector<int> results_;
     std::size_t width_;
     HANDLE job_;
-    std::vector<HANDLE> handles_;
-    std::vector<std::size_t> numbers_; ///< Of the tasks, in the order of the handles.
+    std::vector<std::size_t> numbers_; ///< Of the tasks, in the order of `children`.
 };
 
 } // namespace
@@ -150,12 +188,27 @@ unsigned long processNumber() { return static_cast<unsigned long>(_getpid()); }
 
 std::FILE* createTemporaryFile(const char* path)
 {
+    handleEvents();
+    const Locked locked;
+    // It can be removed while it is open, which those of `_open` can't.
+    HANDLE const handle = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                      nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+        errno = error.default_error_condition().value();
+        return nullptr;
+    }
+    temporaryFile = path;
     const int descriptor =
-        _open(path, _O_CREAT | _O_EXCL | _O_WRONLY | _O_TEXT, _S_IREAD | _S_IWRITE);
-    return descriptor < 0 ? nullptr : _fdopen(descriptor, "w");
+        _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_WRONLY | _O_TEXT);
+    return _fdopen(descriptor, "w");
 }
 
-void releaseTemporaryFile() {}
+void releaseTemporaryFile()
+{
+    const Locked locked;
+    temporaryFile = nullptr;
+}
 
 std::FILE* openInPlace(const char* path, bool) { return std::fopen(path, "w"); }
 
@@ -219,6 +272,7 @@ std::vector<int> runSideBySide(std::size_t count, std::size_t width,
                                const CommandOf& commandOf)
 {
     Crew crew(count, width);
+    handleEvents();
     for (std::size_t next = 0; next < count || !crew.isIdle();) {
         if (next < count && crew.start(next, commandOf(next))) {
             ++next;
