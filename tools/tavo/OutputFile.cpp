@@ -110,10 +110,8 @@ void OutputFile::putInPlace()
         std::error_code ignored;
         if (const fs::file_status old = fs::status(pathOf(target_), ignored); fs::exists(old))
             fs::permissions(pathOf(temporary_), old.permissions(), ignored);
-        std::error_code failed;
-        fs::rename(pathOf(temporary_), pathOf(target_), failed);
-        if (failed)
-            throw systemFailure(path_, failed.value());
+        if (const int error = moveOver(temporary_.c_str(), target_.c_str()))
+            throw systemFailure(path_, error);
     } else if (const int error = moveToFreeName(temporary_.c_str(), target_.c_str())) {
         throw error == EEXIST ? existsAlready(path_) : systemFailure(path_, error);
     }

@@ -217,6 +217,8 @@ int syncFolder(const char* path)
     return error;
 }
 
+int moveOver(const char* from, const char* to) { return std::rename(from, to) == 0 ? 0 : errno; }
+
 int moveToFreeName(const char* from, const char* to)
 {
     const SignalPause pause;

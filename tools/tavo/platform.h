@@ -36,8 +36,9 @@ int syncToDisk(std::FILE* file);
 /// The same for the names of the files in a folder, where the system can do it.
 int syncFolder(const char* path);
 
-/// Renames a file within its folder. 0, or the system's error number: EEXIST if anything has the
-/// new name, even if it has got it this very moment.
+/// Renames a file within its folder. 0, or the system's error number.
+int moveOver(const char* from, const char* to);
+/// The same with EEXIST if anything has the new name, even if it has got it this very moment.
 int moveToFreeName(const char* from, const char* to);
 
 /// A file for writing and reading, for the program alone, that is gone once it is closed. Null,

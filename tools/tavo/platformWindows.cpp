@@ -63,6 +63,13 @@ void handleEvents()
     (void)once;
 }
 
+/// The number that C has for the system's last error.
+int lastError()
+{
+    const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+    return error.default_error_condition().value();
+}
+
 /// Whether a pattern with `*` and `?` describes the whole name. Case doesn't count.
 bool matches(std::wstring_view pattern, std::wstring_view name)
 {
@@ -194,8 +201,7 @@ std::FILE* createTemporaryFile(const char* path)
     HANDLE const handle = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
                                       nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {
-        const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
-        errno = error.default_error_condition().value();
+        errno = lastError();
         return nullptr;
     }
     temporaryFile = path;
@@ -216,6 +222,11 @@ int syncToDisk(std::FILE* file) { return _commit(_fileno(file)) == 0 ? 0 : errno
 
 // A folder can't be opened here.
 int syncFolder(const char*) { return 0; }
+
+int moveOver(const char* from, const char* to)
+{
+    return MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING) ? 0 : lastError();
+}
 
 // `rename` replaces nothing on this system.
 int moveToFreeName(const char* from, const char* to)
