@@ -111,6 +111,8 @@ void SourceStream::close()
         std::fclose(file_);
     file_ = nullptr;
     memory_ = {};
+    countLines(next_); // for `line`, which may be asked for later
+    next_ = end_ = counted_ = mark_ = nullptr;
     block_.reset();
     capacity_ = 0;
 }

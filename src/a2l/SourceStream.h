@@ -100,7 +100,7 @@ public:
         return skip([&](const unsigned char* position) { return find(position, match); });
     }
 
-    /// The line of the last character that was taken.
+    /// The line of the last character that was taken, after `close` too.
     std::uint32_t line()
     {
         countLines(next_);

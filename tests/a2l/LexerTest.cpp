@@ -4,6 +4,7 @@
 #include "a2l/Lexer.h"
 #include "a2l/PhA2l.h"
 #include "model/PhList.h"
+#include "support/RecordingLogger.h"
 #include "support/files.h"
 #include "support/reading.h"
 #include "topology/PhGroup.h"
@@ -99,6 +100,23 @@ TEST(LexerTest, LongTokensKeepTheirText)
         EXPECT_EQ(root.groups()->last()->name(), PhString(("1.5" + name).c_str()));
         EXPECT_STREQ(root.groups()->last()->longName(), "b");
     }
+}
+
+TEST(LexerTest, ADiagnosticAfterTheReadingTellsItsLastLine)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.path("d.a2l");
+    // An end in the midst of a block, of whose line nobody asks before the file is closed.
+    writeFile(path, "ASAP2_VERSION 1 60\n\n\n\xFF\n/begin");
+    PhA2l reader(path.c_str());
+    RecordingLogger logger;
+    reader.setLogger(&logger);
+    PhRoot root;
+    reader.warning("early");
+    ASSERT_EQ(0, reader.readFile(&root));
+    reader.warning("late");
+    EXPECT_EQ(logger.text, "warning: File '" + path + "', Line 1: early\nwarning: File '" + path +
+                               "', Line 4: late\n");
 }
 
 } // namespace
