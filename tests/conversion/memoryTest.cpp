@@ -3,15 +3,22 @@
 
 #include "tavo/tavo.h"
 
+#include "model/PhConversion.h"
+#include "model/PhRange.h"
+#include "model/PhUnit.h"
+#include "model/PhValue.h"
+#include "model/ownership.h"
 #include "model/pool.h"
 #include "support/conversion.h"
 #include "support/files.h"
+#include "topology/PhEntity.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <limits>
 #include <new>
+#include <string>
 
 namespace {
 
@@ -103,6 +110,82 @@ TEST(MemoryTest, ThatRunsOutAtAnyPointIsReleasedAndLeavesTheOutputAloneUntilTheM
     if (TAVO_POOLED) {
         EXPECT_GT(chunkCount, 1U);
     }
+}
+
+using namespace tavo;
+
+/// A part of a model that a file has filled and nobody has looked at.
+struct Unseen
+{
+    Unseen()
+    {
+        conversion->setUnitLabel("km/h");
+        conversion->conversionRef().setText("table");
+        for (int i = 0; i < 3; ++i) {
+            conversion->appendRow(PhValue(i), PhValue(i + 0.5), "text");
+            conversion->appendNumerator(PhValue(i));
+            conversion->appendDenominator(PhValue(-i));
+        }
+        entity->makeTypeFields().conversion.setText("method");
+        for (const auto value : {PhEntity::Address, PhEntity::UpperLimit, PhEntity::BitMask})
+            entity->setNumber(value, 7);
+        for (int i = 0; i < 40; ++i)
+            named.append(new PhUnit);
+        named.first()->setName("first");
+        named.last()->setName("last");
+    }
+
+    /// What stands there, made into objects.
+    std::string look()
+    {
+        std::string text;
+        const auto add = [&](const PhValue* value) {
+            text += value->isText() ? std::string(value->text().view())
+                                    : std::to_string(value->doubleValue());
+            text += ' ';
+        };
+        text.append(conversion->unit()->label().view()).append(1, ' ');
+        text.append(conversion->conversion()->name().view()).append(1, ' ');
+        for (PhRange* row : each<PhRange>(conversion->ranges()))
+            for (const PhValue* value : {&row->lowerLimit(), &row->upperLimit(), &row->result()})
+                add(value);
+        for (const PhList* list : {conversion->numerator(), conversion->denominator()})
+            for (const PhValue* coefficient : each<PhValue>(list))
+                add(coefficient);
+        text.append(entity->type()->conversion()->name().view()).append(1, ' ');
+        for (const PhValue* value :
+             {entity->address(), entity->upperLimit(), entity->type()->bitMask()})
+            add(value);
+        text += named.findByName("last") == named.last() ? "found" : "lost";
+        return text;
+    }
+
+    const PhRef<PhConversion> conversion{new PhConversion};
+    const PhRef<PhEntity> entity{new PhEntity};
+    PhList named;
+};
+
+TEST(MemoryTest, ThatRunsOutInALookLeavesWhatWasThere)
+{
+    const std::string whole = Unseen().look();
+    long failures = 0;
+    for (bool isWhole = false; !isWhole; ++failures) {
+        SCOPED_TRACE(testing::Message() << "allocation " << failures);
+        const long before = inUse;
+        {
+            Unseen part;
+            remaining = failures;
+            try {
+                part.look();
+                isWhole = true;
+            } catch (const std::bad_alloc&) {
+            }
+            remaining = std::numeric_limits<long>::max();
+            ASSERT_EQ(part.look(), whole);
+        }
+        ASSERT_EQ(inUse, before);
+    }
+    EXPECT_GT(failures, TAVO_POOLED ? 1 : 20);
 }
 
 } // namespace
