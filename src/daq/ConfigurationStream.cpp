@@ -4,7 +4,6 @@
 #include "model/decimal.h"
 
 #include <cerrno>
-#include <charconv>
 #include <utility>
 
 namespace tavo {
@@ -65,22 +64,26 @@ void ConfigurationStream::putLarge(std::string_view text)
     put(text);
 }
 
-template <class Number> void ConfigurationStream::putNumber(Number number, int base)
+/// Where a number goes that isn't longer than sixteen characters.
+char* ConfigurationStream::roomForNumber()
 {
     constexpr std::size_t longest = 16;
     if (capacity - size_ < longest)
         flush();
-    char* const first = buffer_.get() + size_;
-    size_ +=
-        static_cast<std::size_t>(std::to_chars(first, first + longest, number, base).ptr - first);
+    return buffer_.get() + size_;
 }
 
-void ConfigurationStream::putDecimal(std::int32_t number) { putNumber(number, 10); }
+void ConfigurationStream::putDecimal(std::int32_t number)
+{
+    char* const first = roomForNumber();
+    size_ += static_cast<std::size_t>(writeDecimal(first, number) - first);
+}
 
 void ConfigurationStream::putHexadecimal(std::uint32_t number)
 {
     put("0x");
-    putNumber(number, 16);
+    char* const first = roomForNumber();
+    size_ += static_cast<std::size_t>(writeHexadecimal(first, number) - first);
 }
 
 void ConfigurationStream::putFixed(double number)

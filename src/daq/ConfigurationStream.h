@@ -2,7 +2,6 @@
 
 #include "model/decimal.h"
 
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -56,7 +55,7 @@ private:
 
     static constexpr std::size_t capacity = 65536;
 
-    template <class Number> void putNumber(Number number, int base);
+    char* roomForNumber();
     void putLarge(std::string_view text);
     void flush();
 
@@ -92,21 +91,15 @@ public:
         std::memcpy(next_, text.data(), text.size());
         next_ += text.size();
     }
-    void putDecimal(std::int32_t number) { putNumber(number, 10); }
+    void putDecimal(std::int32_t number) { next_ = writeDecimal(next_, number); }
     void putHexadecimal(std::uint32_t number)
     {
         put("0x");
-        putNumber(number, 16);
+        next_ = writeHexadecimal(next_, number);
     }
     void putFixed(double number) { next_ = writeFixed(next_, number); }
 
 private:
-    template <class Number> void putNumber(Number number, int base)
-    {
-        constexpr std::size_t longest = 16;
-        next_ = std::to_chars(next_, next_ + longest, number, base).ptr;
-    }
-
     ConfigurationStream& stream_;
     char* next_; ///< Where the next character goes.
 };

@@ -30,28 +30,37 @@ namespace {
 
 // What follows puts lines into a stream, or into the room for a section that the stream has.
 
-template <class Target>
-void putNumberLine(Target& target, std::string_view key, std::int32_t number)
+/// The key of a line, of which the compiler knows the size.
+template <std::size_t size> constexpr std::string_view key(const char (&text)[size])
 {
-    target.put(key);
+    return {text, size - 1};
+}
+
+template <class Target, std::size_t size>
+[[gnu::always_inline]] inline void putNumberLine(Target& target, const char (&name)[size],
+                                                 std::int32_t number)
+{
+    target.put(key(name));
     target.putDecimal(number);
     target.put("\n");
 }
 
-template <class Target>
-void putTextLine(Target& target, std::string_view key, const std::optional<std::string_view>& text)
+template <class Target, std::size_t size>
+[[gnu::always_inline]] inline void putTextLine(Target& target, const char (&name)[size],
+                                               const std::optional<std::string_view>& text)
 {
     if (!text)
         return;
-    target.put(key);
-    target.put("\"");
+    target.put(key(name));
     target.put(*text);
     target.put("\"\n");
 }
 
-template <class Target> void putFixedLine(Target& target, std::string_view key, double number)
+template <class Target, std::size_t size>
+[[gnu::always_inline]] inline void putFixedLine(Target& target, const char (&name)[size],
+                                                double number)
 {
-    target.put(key);
+    target.put(key(name));
     target.putFixed(number);
     target.put("\n");
 }
@@ -74,7 +83,9 @@ void putOther(ConfigurationStream& stream, const PhValue& value)
 /// A section with such a value is never put into a room.
 void putOther(SectionRoom&, const PhValue&) {}
 
-template <class Target> void putValue(Target& target, const LineValue& value, bool isHexadecimal)
+template <class Target>
+[[gnu::always_inline]] inline void putValue(Target& target, const LineValue& value,
+                                            bool isHexadecimal)
 {
     switch (value.kind()) {
     case LineValue::Integer:
@@ -94,21 +105,22 @@ template <class Target> void putValue(Target& target, const LineValue& value, bo
     }
 }
 
-template <class Target>
-void putValueLine(Target& target, std::string_view key, const LineValue& value,
-                  bool isHexadecimal = false)
+template <class Target, std::size_t size>
+[[gnu::always_inline]] inline void putValueLine(Target& target, const char (&name)[size],
+                                                const LineValue& value, bool isHexadecimal = false)
 {
     if (value.kind() == LineValue::Nothing)
         return;
-    target.put(key);
+    target.put(key(name));
     putValue(target, value, isHexadecimal);
     target.put("\n");
 }
 
-template <class Target>
-void putHexadecimalLine(Target& target, std::string_view key, const LineValue& value)
+template <class Target, std::size_t size>
+[[gnu::always_inline]] inline void putHexadecimalLine(Target& target, const char (&name)[size],
+                                                      const LineValue& value)
 {
-    putValueLine(target, key, value, true);
+    putValueLine(target, name, value, true);
 }
 
 template <class Target>
@@ -119,10 +131,10 @@ void putQuantityTo(Target& target, std::int32_t index, const QuantitySection& se
     target.put("_");
     target.putDecimal(index);
     target.put("]\n");
-    putTextLine(target, "Name=", section.name);
-    putTextLine(target, "Desc=", section.description);
+    putTextLine(target, "Name=\"", section.name);
+    putTextLine(target, "Desc=\"", section.description);
     target.put(section.isEnabled ? "Enabled=1\n" : "Enabled=0\n");
-    putTextLine(target, "Unit=", section.unit);
+    putTextLine(target, "Unit=\"", section.unit);
     if (!section.byteOrder.empty()) {
         target.put("ByteOrder=");
         target.put(section.byteOrder);
@@ -150,7 +162,7 @@ void putInterface(ConfigurationStream& stream, std::int32_t index, const Interfa
     stream.put("[DAQ_Measurement_");
     stream.putDecimal(index);
     stream.put("]\nEnabled=1\n");
-    putTextLine(stream, "Name=", section.name);
+    putTextLine(stream, "Name=\"", section.name);
     stream.put("Protocol=");
     stream.put(section.protocol);
     stream.put("\n");
@@ -166,7 +178,7 @@ void putSource(ConfigurationStream& stream, const SourceSection& section)
     stream.put("[DAQ_Source_0_");
     stream.putDecimal(daqSourceIndex++);
     stream.put("]\nEnabled=1\n");
-    putTextLine(stream, "Name=", section.name);
+    putTextLine(stream, "Name=\"", section.name);
     putValueLine(stream, "TransmissionRate=", section.rate);
     putValueLine(stream, "EventChannelNo=", section.channel);
     stream.put("\n");

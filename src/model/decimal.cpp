@@ -1,7 +1,7 @@
 #include "model/decimal.h"
 
 #include <algorithm>
-#include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -65,15 +65,54 @@ namespace {
 constexpr int decimals = 6;
 constexpr double million = 1e6;
 
-/// "00" to "99"
-constexpr auto twoDigits = [] {
-    std::array<char[2], 100> texts{};
-    for (int i = 0; i < 100; ++i) {
-        texts[static_cast<std::size_t>(i)][0] = static_cast<char>('0' + i / 10);
-        texts[static_cast<std::size_t>(i)][1] = static_cast<char>('0' + i % 10);
+/// Writes the eight bytes of a number, the lowest first.
+void putBytes(char* target, std::uint64_t number)
+{
+    if (std::endian::native == std::endian::big)
+        number = __builtin_bswap64(number);
+    std::memcpy(target, &number, sizeof number);
+}
+
+/// Eight digits of a number below 100,000,000, as numbers of one byte, the first digit lowest.
+std::uint64_t digitsOf(std::uint32_t number)
+{
+    // The number is divided by 10,000, both parts by 100 and all four by 10: each division is a
+    // multiplication that is exact for numbers of that size.
+    const std::uint64_t fours = number / 10000 | std::uint64_t{number % 10000} << 32;
+    const std::uint64_t hundreds = fours * 10486 >> 20 & 0x0000007F0000007F;
+    const std::uint64_t twos = hundreds | (fours - hundreds * 100) << 16;
+    const std::uint64_t tens = twos * 103 >> 10 & 0x000F000F000F000F;
+    return tens | (twos - tens * 10) << 8;
+}
+
+constexpr std::uint64_t zeros = 0x3030303030303030; ///< "00000000"
+constexpr std::uint32_t tooLarge = 100000000;       ///< For eight digits.
+
+/// The decimal digits that a number below 100,000,000 has. They are counted by decisions and not
+/// from the digits: where the next text goes is known, or guessed, while these are still made.
+int digitCount(std::uint32_t number)
+{
+    if (number < 10000) {
+        if (number < 1000)
+            return number < 100 ? 2 : 3;
+        return 4;
     }
-    return texts;
-}();
+    if (number < 1000000)
+        return number < 100000 ? 5 : 6;
+    return number < 10000000 ? 7 : 8;
+}
+
+/// A number below 100,000,000; eight bytes are written in any case.
+char* writeShort(char* target, std::uint32_t number)
+{
+    if (number < 10) {
+        *target = static_cast<char>('0' + number);
+        return target + 1;
+    }
+    const int count = digitCount(number);
+    putBytes(target, (digitsOf(number) | zeros) >> (8 - count) * 8);
+    return target + count;
+}
 
 /// Rounds a number of moderate size to six decimals by way of an integer. False if the number is
 /// too large, or so near the middle between two texts that the product could fall on the wrong
@@ -92,24 +131,44 @@ bool roundShort(double magnitude, std::int64_t& millionths)
     return std::fabs(fraction - 0.5) > margin;
 }
 
-char* writeInteger(char* target, std::int64_t number)
+} // namespace
+
+char* writeDecimal(char* target, std::int32_t number)
 {
-    if (number >= 10)
-        return std::to_chars(target, target + FixedText::longest, number).ptr;
-    *target = static_cast<char>('0' + number);
-    return target + 1;
+    *target = '-';
+    target += number < 0;
+    auto magnitude = static_cast<std::uint32_t>(number);
+    magnitude = number < 0 ? 0 - magnitude : magnitude;
+    if (magnitude < tooLarge)
+        return writeShort(target, magnitude);
+    target = writeShort(target, magnitude / tooLarge);
+    putBytes(target, digitsOf(magnitude % tooLarge) | zeros);
+    return target + 8;
 }
 
-} // namespace
+char* writeHexadecimal(char* target, std::uint32_t number)
+{
+    // Four bits to each byte, the highest lowest.
+    std::uint64_t digits = number;
+    digits = (digits | digits << 16) & 0x0000FFFF0000FFFF;
+    digits = (digits | digits << 8) & 0x00FF00FF00FF00FF;
+    digits = (digits | digits << 4) & 0x0F0F0F0F0F0F0F0F;
+    digits = __builtin_bswap64(digits);
+    // A letter is what bit 4 is set in when six are added.
+    const std::uint64_t letters = (digits + 0x0606060606060606) >> 4 & 0x0101010101010101;
+    const int leading = std::countl_zero(number | 1) / 4;
+    putBytes(target, (digits + zeros + letters * ('a' - '0' - 10)) >> leading * 8);
+    return target + 8 - leading;
+}
 
 char* writeFixed(char* target, double number)
 {
     const double magnitude = std::fabs(number);
     const bool isSmall = magnitude < million;
-    const std::int64_t whole = isSmall ? static_cast<std::int64_t>(magnitude) : 0;
+    const std::uint32_t whole = isSmall ? static_cast<std::uint32_t>(magnitude) : 0;
     if (isSmall && static_cast<double>(whole) == magnitude) {
         *target = '-';
-        target = writeInteger(target + std::signbit(number), whole);
+        target = writeShort(target + std::signbit(number), whole);
         std::memcpy(target, ".000000", 1 + decimals);
         return target + 1 + decimals;
     }
@@ -118,14 +177,14 @@ char* writeFixed(char* target, double number)
         return std::to_chars(target, target + FixedText::longest, number, std::chars_format::fixed,
                              decimals)
             .ptr;
-    *target = '-';
     constexpr std::int64_t unit = 1000000;
-    target = writeInteger(target + std::signbit(number), millionths / unit);
-    *target++ = '.';
-    const auto rest = static_cast<std::uint32_t>(millionths % unit);
-    for (std::uint32_t divisor = 10000; divisor > 0; divisor /= 100, target += 2)
-        std::memcpy(target, twoDigits[rest / divisor % 100], 2);
-    return target;
+    *target = '-';
+    target =
+        writeShort(target + std::signbit(number), static_cast<std::uint32_t>(millionths / unit));
+    // Of the eight digits the first two are zeros, the second of which becomes the point.
+    const std::uint64_t rest = digitsOf(static_cast<std::uint32_t>(millionths % unit)) | zeros;
+    putBytes(target, rest >> 8 ^ ('0' ^ '.'));
+    return target + 1 + decimals;
 }
 
 FixedText::FixedText(double number)

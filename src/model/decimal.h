@@ -58,7 +58,14 @@ private:
     std::size_t length_;
 };
 
-/// Writes the same text to `target`, which has room for the longest. Returns the place after it.
+// Writing to `target`, which has room for the longest text: of a fixed one, or sixteen characters.
+// Returned is the place after the text.
+
+/// What a `FixedText` has.
 char* writeFixed(char* target, double number);
+/// The digits, with a sign if the number is negative.
+char* writeDecimal(char* target, std::int32_t number);
+/// The digits in lower case, without a prefix.
+char* writeHexadecimal(char* target, std::uint32_t number);
 
 } // namespace tavo
