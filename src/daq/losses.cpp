@@ -13,7 +13,7 @@
 
 namespace tavo {
 
-Obstacle obstacleOf(const Inventory& inventory, const Quantity& quantity)
+Obstacle findObstacle(const Inventory& inventory, const Quantity& quantity)
 {
     if (quantity.isPointer)
         return Obstacle::Pointer;
@@ -64,16 +64,16 @@ std::string shortest(double number)
     return {digits, std::to_chars(digits, digits + sizeof digits, number).ptr};
 }
 
+/// Half a millionth is at most so much of a number from 0.5 on. Zero isn't lost either, nor are NaN
+/// and infinities.
+bool mayBeLost(double number) { return std::fabs(number) < 0.5 && number != 0.0; }
+
 /// True if six decimals say another number: the relative error is above 1e-6.
 bool isLost(double number)
 {
-    const double magnitude = std::fabs(number);
-    // Half a millionth is at most so much of it. NaN and infinities aren't lost either.
-    if (!(magnitude < 0.5) || magnitude == 0.0)
-        return false;
     const FixedText text(number);
     const double written = parseDouble(text.text(), text.text() + text.length());
-    return std::fabs(written - number) > 1e-6 * magnitude;
+    return std::fabs(written - number) > 1e-6 * std::fabs(number);
 }
 
 class LossReport
@@ -93,7 +93,12 @@ public:
 
 private:
     void addMethod(const Method& method);
-    void addNumber(Notices::Kind kind, double number, std::string_view name);
+    void addNumber(Notices::Kind kind, double number, std::string_view name)
+    {
+        if (mayBeLost(number) && isLost(number))
+            addLost(kind, number, name);
+    }
+    void addLost(Notices::Kind kind, double number, std::string_view name);
 
     const Inventory& inventory_;
     Notices& notices_;
@@ -117,19 +122,21 @@ void LossReport::add(const Quantity& quantity)
     if (obstacle != Obstacle::None)
         return addCase(obstacles_[static_cast<std::size_t>(obstacle)]);
     ++expressibleCount_;
-    const QuantityDetails& details = inventory_.detailsOf(quantity);
-    if (!details.dimensions.empty())
-        addCase(arrays_);
-    if (!details.events.empty())
-        addCase(events_);
+    if (quantity.details != noIndex) {
+        const QuantityDetails& details = inventory_.detailsOf(quantity);
+        if (!details.dimensions.empty())
+            addCase(arrays_);
+        if (!details.events.empty())
+            addCase(events_);
+    }
     for (const Limit* limit : {&quantity.lower, &quantity.upper})
         if (limit->isGiven && !limit->isInteger)
             addNumber(limits_, limit->value, quantity.name);
-    const Method* method = inventory_.methodOf(quantity);
-    if (method && !isMethodSeen_[quantity.methodName]) {
-        isMethodSeen_[quantity.methodName] = true;
+    if (quantity.methodName == noIndex || isMethodSeen_[quantity.methodName])
+        return;
+    isMethodSeen_[quantity.methodName] = true;
+    if (const Method* method = inventory_.methodOf(quantity))
         addMethod(*method);
-    }
 }
 
 /// What is lost of a method, once for all quantities.
@@ -149,10 +156,8 @@ void LossReport::addMethod(const Method& method)
     }
 }
 
-void LossReport::addNumber(Notices::Kind kind, double number, std::string_view name)
+void LossReport::addLost(Notices::Kind kind, double number, std::string_view name)
 {
-    if (!isLost(number))
-        return;
     std::string subject;
     if (notices_.wants(kind))
         subject = inQuotes(name) + ", which is " + shortest(number) + " and is written as " +
