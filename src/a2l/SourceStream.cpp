@@ -3,6 +3,7 @@
 #include "base/ByteGroup.h"
 #include "base/CancellationHold.h"
 #include "base/countOf.h"
+#include "base/fileSize.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -10,7 +11,6 @@
 
 #if !defined(_WIN32)
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -117,23 +117,7 @@ void SourceStream::close()
     capacity_ = 0;
 }
 
-std::size_t SourceStream::size()
-{
-    if (!file_)
-        return memory_.size();
-#if defined(_WIN32)
-    if (std::fseek(file_, 0, SEEK_END) != 0)
-        return 0;
-    const long end = std::ftell(file_);
-    std::rewind(file_);
-    return end > 0 ? static_cast<std::size_t>(end) : 0;
-#else
-    struct stat status = {};
-    return fstat(fileno(file_), &status) == 0 && S_ISREG(status.st_mode)
-               ? static_cast<std::size_t>(status.st_size)
-               : 0;
-#endif
-}
+std::size_t SourceStream::size() { return file_ ? sizeOf(file_) : memory_.size(); }
 
 /// Makes sure that the block takes another read after `kept` characters, which go to its head.
 void SourceStream::makeRoom(std::size_t kept)

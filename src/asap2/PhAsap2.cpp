@@ -20,6 +20,8 @@ template <class Open> int PhAsap2::readWith(Open open, Inventory& inventory)
     Notices notices(verbose_ ? Notices::Sink(warn) : Notices::Sink());
     try {
         open(scanner);
+        // The inventory of a usual description takes a quarter to half of the size of the file.
+        inventory.texts.arena().expect(scanner.size() / 2);
         Parser parser(scanner, inventory, notices);
         bool isFaultless = true;
         if (goesOn_)

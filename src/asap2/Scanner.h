@@ -75,6 +75,8 @@ public:
     /// of that word is current.
     [[noreturn]] void failAtOtherEnd(std::string_view word, const Mark& begin);
 
+    /// Bytes of the description alone, or 0 if they can't be told; nothing has been read yet.
+    std::size_t size() { return inputs_.front()->file.size(); }
     /// The name of a file by its number; 0 is the description itself.
     const std::string& fileName(std::uint32_t number) const { return fileNames_[number]; }
     /// The system's number of the error at which a file could be read no further, or 0.

@@ -36,6 +36,15 @@ void makePresent([[maybe_unused]] void* block, [[maybe_unused]] std::size_t size
 
 } // namespace
 
+std::size_t nextBlockSize(std::size_t total, std::size_t expected)
+{
+    constexpr std::size_t small = std::size_t{1} << 16;
+    constexpr std::size_t medium = std::size_t{1} << 18;
+    if (total / 16 >= largePage || total + largePage <= expected)
+        return largePage;
+    return total / 16 >= medium ? medium : small;
+}
+
 void* acquirePages(std::size_t size)
 {
     void* const block = ::operator new(size, alignmentOf(size));

@@ -15,6 +15,11 @@ void* acquirePages(std::size_t size);
 /// `size` is the size that the block was acquired with.
 void releasePages(void* block, std::size_t size) noexcept;
 
+/// The size of the next block of a pool whose blocks have `total` bytes so far: so that a sixteenth
+/// of all that there is may stay unused, but a large page at once if it is `expected` to be filled,
+/// by the number of bytes that the pool may need in the end.
+std::size_t nextBlockSize(std::size_t total, std::size_t expected);
+
 /// Lets a container have its memory from there.
 template <class Element> struct PageAllocator
 {

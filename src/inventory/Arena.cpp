@@ -2,17 +2,9 @@
 
 #include "base/pages.h"
 
-#include <algorithm>
 #include <cstdint>
 
 namespace tavo {
-
-namespace {
-
-constexpr std::size_t smallestBlock = 4096;
-constexpr std::size_t mediumBlock = 262144;
-
-} // namespace
 
 Arena::~Arena()
 {
@@ -32,17 +24,13 @@ char* Arena::addBlock(std::size_t size)
 void* Arena::allocate(std::size_t size, std::size_t alignment)
 {
     // What is large has a block of its own, so that the one in use isn't given up for it.
-    if (size > mediumBlock / 8)
+    constexpr std::size_t large = 32768;
+    if (size > large)
         return addBlock(size);
     std::size_t gap = -reinterpret_cast<std::uintptr_t>(next_) % alignment;
     if (size + gap > left_) {
-        // Small descriptions are many: the first blocks are small and the later ones grow.
-        std::size_t capacity = std::clamp(total_, smallestBlock, mediumBlock);
-        if (total_ >= 2 * largePage)
-            capacity = largePage;
-        capacity = std::max(capacity, size);
-        next_ = addBlock(capacity);
-        left_ = capacity;
+        left_ = nextBlockSize(total_, expected_);
+        next_ = addBlock(left_);
         gap = 0;
     }
     char* const place = next_ + gap;

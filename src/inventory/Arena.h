@@ -14,6 +14,9 @@ public:
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
+    /// Tells how much memory may be asked for in the end, in bytes, so that it can be had in large
+    /// pages from the start. Only a guess; one that is too high costs a large page at most.
+    void expect(std::size_t size) { expected_ = size; }
     /// Memory that is released with the arena. `alignment` is a power of two, no larger than that
     /// of `std::max_align_t`.
     void* allocate(std::size_t size, std::size_t alignment);
@@ -31,6 +34,7 @@ private:
     char* next_ = nullptr;  ///< What is left of the block in use.
     std::size_t left_ = 0;  ///< Bytes from there to its end.
     std::size_t total_ = 0; ///< Bytes of all blocks.
+    std::size_t expected_ = 0;
 };
 
 } // namespace tavo

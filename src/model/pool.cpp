@@ -14,9 +14,6 @@ namespace {
 
 constexpr std::size_t step = 8; ///< Sizes are multiples of this.
 constexpr std::size_t largest = 256;
-constexpr std::size_t smallestChunk = std::size_t{1} << 16;
-constexpr std::size_t mediumChunk = std::size_t{1} << 18;
-constexpr std::size_t largestChunk = largePage;
 
 struct FreeBlock
 {
@@ -37,19 +34,10 @@ std::size_t chunksSize = 0;
 std::size_t blocksInUse = 0;
 std::size_t expectedSize = 0; ///< What the blocks are expected to need.
 
-/// The size of the next chunk: so that a sixteenth of all that there is may stay unused, but large
-/// at once if it is expected to be filled.
-std::size_t nextChunkSize()
-{
-    if (chunksSize / 16 >= largestChunk || chunksSize + largestChunk <= expectedSize)
-        return largestChunk;
-    return chunksSize / 16 >= mediumChunk ? mediumChunk : smallestChunk;
-}
-
 /// Begins a new chunk. What is left of the last one is lost.
 void addChunk()
 {
-    const std::size_t size = nextChunkSize();
+    const std::size_t size = nextBlockSize(chunksSize, expectedSize);
     chunks = new (acquirePages(size)) Chunk{chunks, size};
     chunksSize += size;
     unused = reinterpret_cast<char*>(chunks + 1);

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+
+namespace tavo {
+
+/// Bytes of an open file from which nothing has been read yet, or 0 if they can't be told, as those
+/// of a pipe.
+std::size_t sizeOf(std::FILE* file);
+
+} // namespace tavo
