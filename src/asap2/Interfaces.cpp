@@ -48,7 +48,7 @@ void Parser::parseCcp(const Mark& begin)
 /// TP_BLOB version blobVersion masterId slaveId stationAddress byteOrder { option } /end TP_BLOB
 void Parser::parseTpBlob(Interface& interface, const Mark& begin)
 {
-    constexpr const char* word = "TP_BLOB";
+    constexpr std::string_view word = "TP_BLOB";
     if (!readPositional<'x', 'x', 'i', 'i', 'i'>(
             word, {"its version", "its version", "the master's identifier",
                    "the slave's identifier", "its station address"})) {
@@ -66,19 +66,18 @@ void Parser::parseTpBlob(Interface& interface, const Mark& begin)
 
 /// Stores an identifier or a station address, unless it is beyond 32 bits.
 void Parser::giveIdentifier(std::optional<std::int64_t>& identifier, const Number& number,
-                            const char* where)
+                            std::string_view where)
 {
     if (patternOf(number).fits32())
         identifier = number.asSigned();
     else
-        notices_.add(lineOfFields(),
-                     std::string("A number beyond 32 bits in ") + where + " is ignored");
+        notices_.add(lineOfFields(), joined({"A number beyond 32 bits in ", where, " is ignored"}));
 }
 
 /// RASTER "longName" "name" eventChannel scalingUnit rate { EXCLUSIVE x } /end RASTER
 void Parser::parseRaster(Interface& interface, const Mark& begin)
 {
-    constexpr const char* word = "RASTER";
+    constexpr std::string_view word = "RASTER";
     if (!readPositional<'s', 's', 'i', 'i', 'i'>(
             word, {"its description", "its name", "its event channel", "its unit", "its cycle"})) {
         leaveOut(word, begin);
@@ -96,7 +95,7 @@ void Parser::parseRaster(Interface& interface, const Mark& begin)
 }
 
 /// False, with a warning, for a source with a number that a configuration has no room for.
-bool Parser::isExpressible(const Source& source, const char* word)
+bool Parser::isExpressible(const Source& source, std::string_view word)
 {
     const auto fits = [](std::int64_t number, std::int64_t most) {
         return number >= std::numeric_limits<std::int32_t>::min() && number <= most;
@@ -162,7 +161,7 @@ void Parser::parseDaq(Interface& interface, bool isInTransport, const Mark& begi
 /// /end EVENT
 void Parser::parseEvent(Interface& interface, bool isInTransport, const Mark& begin)
 {
-    constexpr const char* word = "EVENT";
+    constexpr std::string_view word = "EVENT";
     if (!readPositional<'s', 's', 'i', 'w', 'i', 'i', 'i', 'i'>(
             word, {"its description", "its name", "its channel", "its direction",
                    "its number of lists", "its cycle", "its unit", "its priority"})) {
@@ -190,7 +189,7 @@ void Parser::parseEvent(Interface& interface, bool isInTransport, const Mark& be
 /// XCP_ON_CAN version { option } /end XCP_ON_CAN
 void Parser::parseCan(Interface& interface, const Mark& begin)
 {
-    constexpr const char* word = "XCP_ON_CAN";
+    constexpr std::string_view word = "XCP_ON_CAN";
     passOverFields(Block::Can, 1);
     Transport transport;
     parseOptions(Block::Can, word, begin, [&](Option option, const Mark& place) {
@@ -227,7 +226,7 @@ void Parser::parseCan(Interface& interface, const Mark& begin)
 }
 
 /// XCP_ON_UDP_IP version port { option } /end XCP_ON_UDP_IP, and the same for TCP
-void Parser::parseEthernet(Interface& interface, TransportKind kind, const char* word,
+void Parser::parseEthernet(Interface& interface, TransportKind kind, std::string_view word,
                            const Mark& begin)
 {
     Transport transport;
@@ -256,7 +255,7 @@ void Parser::parseEthernet(Interface& interface, TransportKind kind, const char*
 }
 
 /// A transport of which the kind alone is taken.
-void Parser::parseOtherTransport(Interface& interface, TransportKind kind, const char* word,
+void Parser::parseOtherTransport(Interface& interface, TransportKind kind, std::string_view word,
                                  const Mark& begin)
 {
     Transport transport;

@@ -56,7 +56,7 @@ void Parser::parseTypedefMeasurement(const Mark& begin)
 /// /end word
 ///
 /// False if the quantity is left out.
-bool Parser::parseQuantity(const char* word, const Mark& begin, Quantity& quantity)
+bool Parser::parseQuantity(std::string_view word, const Mark& begin, Quantity& quantity)
 {
     blobAddress_ = {};
     blobExtension_ = {};
@@ -271,7 +271,7 @@ void Parser::parseDaqEvent(Quantity& quantity, const Mark& begin)
 }
 
 /// { EVENT channel } /end word
-void Parser::parseEventList(const char* word, Quantity& quantity, const Mark& begin)
+void Parser::parseEventList(std::string_view word, Quantity& quantity, const Mark& begin)
 {
     parseOptions(Block::EventList, word, begin, [&](Option, const Mark&) { bindEvent(quantity); });
 }

@@ -33,7 +33,7 @@ void define(std::vector<std::uint32_t>& entries, std::uint32_t name, std::size_t
 /// /end COMPU_METHOD
 void Parser::parseMethod(const Mark& begin)
 {
-    constexpr const char* word = "COMPU_METHOD";
+    constexpr std::string_view word = "COMPU_METHOD";
     if (!readPositional<'w', 's', 'w', 's', 's'>(
             word, {"its name", "its description", "its type", "its format", "its unit"})) {
         leaveOut(word, begin);
@@ -114,7 +114,7 @@ void Parser::parseFormula(Method& method, const Mark& begin)
 /// COMPU_TAB name longIdentifier { TAB_INTP | TAB_NOINTP } count { input output } { option } |
 /// COMPU_VTAB name longIdentifier TAB_VERB count { input "text" } { option } |
 /// COMPU_VTAB_RANGE name longIdentifier count { minimum maximum "text" } { option }
-void Parser::parseTable(TableKind kind, const char* word, const Mark& begin)
+void Parser::parseTable(TableKind kind, std::string_view word, const Mark& begin)
 {
     const bool hasType = kind != TableKind::Ranges;
     const bool isRead =

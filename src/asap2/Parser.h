@@ -109,7 +109,7 @@ private:
     // Quantities and their types.
     void parseMeasurement(const Mark& begin);
     void parseTypedefMeasurement(const Mark& begin);
-    bool parseQuantity(const char* word, const Mark& begin, Quantity& quantity);
+    bool parseQuantity(std::string_view word, const Mark& begin, Quantity& quantity);
     void parseQuantityOption(Option option, Quantity& quantity, const Mark& begin);
     void parseCommonOption(Option option, Quantity& quantity, const Mark& begin);
     bool takeDimensions(Dimensions& dimensions);
@@ -118,18 +118,18 @@ private:
     void parseQuantityIfData(Quantity& quantity, const Mark& begin);
     void parseBlob(Option option, const Mark& begin);
     void parseDaqEvent(Quantity& quantity, const Mark& begin);
-    void parseEventList(const char* word, Quantity& quantity, const Mark& begin);
+    void parseEventList(std::string_view word, Quantity& quantity, const Mark& begin);
     void bindEvent(Quantity& quantity);
     void parseTypedefStructure(const Mark& begin);
     void parseComponent(Structure& structure, const Mark& begin);
     void parseInstance(const Mark& begin);
-    void parseAdjustable(const char* word, const Mark& begin);
+    void parseAdjustable(std::string_view word, const Mark& begin);
 
     // Conversions.
     void parseMethod(const Mark& begin);
     void parseMethodOption(Option option, Method& method, const Mark& begin);
     void parseFormula(Method& method, const Mark& begin);
-    void parseTable(TableKind kind, const char* word, const Mark& begin);
+    void parseTable(TableKind kind, std::string_view word, const Mark& begin);
     void readRows(Table& table);
     void reportUndefinedMethods();
 
@@ -139,17 +139,17 @@ private:
     void parseCcp(const Mark& begin);
     void parseTpBlob(Interface& interface, const Mark& begin);
     void giveIdentifier(std::optional<std::int64_t>& identifier, const Number& number,
-                        const char* where);
+                        std::string_view where);
     void parseRaster(Interface& interface, const Mark& begin);
-    bool isExpressible(const Source& source, const char* word);
+    bool isExpressible(const Source& source, std::string_view word);
     void parseXcp(Protocol protocol, const Mark& begin);
     void parseXcpBlock(Option option, Interface& interface, const Mark& begin);
     void parseDaq(Interface& interface, bool isInTransport, const Mark& begin);
     void parseEvent(Interface& interface, bool isInTransport, const Mark& begin);
     void parseCan(Interface& interface, const Mark& begin);
-    void parseEthernet(Interface& interface, TransportKind kind, const char* word,
+    void parseEthernet(Interface& interface, TransportKind kind, std::string_view word,
                        const Mark& begin);
-    void parseOtherTransport(Interface& interface, TransportKind kind, const char* word,
+    void parseOtherTransport(Interface& interface, TransportKind kind, std::string_view word,
                              const Mark& begin);
     void passOverFields(Block block, int most);
 
@@ -259,7 +259,7 @@ void Parser::parseOptions(Block block, std::string_view word, const Mark& begin,
 
 template <class Handle> void Parser::parseOption(Block block, const Mark& begin, Handle handle)
 {
-    const OptionRow row = findOption(block, scanner_.text());
+    const OptionRow& row = findOption(block, scanner_.text());
     if (row.option == Option::Unknown)
         return passOverUnknown(block);
     scanner_.advance();
@@ -279,7 +279,7 @@ template <class Handle> void Parser::parseInnerBlock(Block block, Handle handle)
 template <class Handle>
 void Parser::parseNamedBlock(Block block, const Mark& begin, std::string_view word, Handle handle)
 {
-    const OptionRow row = findBlock(block, word);
+    const OptionRow& row = findBlock(block, word);
     if (block == Block::Ccp || block == Block::Xcp) // its first block makes an interface
         interfaceOf(section_);
     if (row.option == Option::Unknown) {

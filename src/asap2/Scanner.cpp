@@ -23,12 +23,6 @@ void Scanner::failAtOtherEnd(std::string_view word, const Mark& begin)
                                  std::to_string(begin.place().line)}));
 }
 
-std::size_t Scanner::keywordLength(Keyword keyword)
-{
-    constexpr std::size_t lengths[] = {0, 6, 4, 8};
-    return lengths[static_cast<std::size_t>(keyword)];
-}
-
 namespace {
 
 /// Eight characters as a number: those of a keyword, and zeros after them.
@@ -126,11 +120,9 @@ void Scanner::advance()
 {
     next_ = blanksEnd(next_);
     keep_ = next_;
-    if (!is(*next_, EndsWord))
-        return scanWord();
-    if (*next_ == '"')
-        return scanText();
-    advanceToOther();
+    if (is(*next_, EndsWord))
+        return *next_ == '"' ? scanText() : advanceToOther();
+    scanWord();
 }
 
 /// What may be no word is in hand.
@@ -164,30 +156,21 @@ void Scanner::advanceToOther()
     }
 }
 
-/// The first character is in hand, and `keep_` stands there.
-void Scanner::scanWord()
-{
-    token_ = Token::Word;
-    next_ = wordEnd(next_ + 1);
-    if (!is(*next_, Blank))
-        finishWord();
-    text_ = {keep_, static_cast<std::size_t>(next_ - keep_)};
-}
-
 /// Something else than a blank is in hand: it ends the word, or doesn't.
 void Scanner::finishWord()
 {
     for (;;) {
         if (next_ == end_) {
             if (!more())
-                return;
+                break;
         } else if (*next_ != '/' || startsComment() || keyword() != Keyword::None) {
-            return;
+            break;
         } else {
             ++next_;
         }
         next_ = wordEnd(next_);
     }
+    text_ = {keep_, static_cast<std::size_t>(next_ - keep_)};
 }
 
 /// The opening quote is in hand, and `keep_` stands there.

@@ -2,6 +2,7 @@
 
 #include "asap2/Fault.h"
 #include "asap2/SourceFile.h"
+#include "asap2/characters.h"
 #include "base/sameBytes.h"
 
 #include <cstddef>
@@ -133,7 +134,11 @@ private:
 
     /// True if the slash in hand begins a comment.
     bool startsComment() { return has(2) && (next_[1] == '*' || next_[1] == '/'); }
-    static std::size_t keywordLength(Keyword keyword);
+    static std::size_t keywordLength(Keyword keyword)
+    {
+        static constexpr unsigned char lengths[] = {0, 6, 4, 8};
+        return lengths[static_cast<std::size_t>(keyword)];
+    }
     static Keyword keywordAt(const char* position);
     Keyword keyword();
     void skipBlanks();
@@ -142,7 +147,15 @@ private:
     void skipText();
     std::uint64_t skipKeyword(Keyword keyword, std::uint64_t depth);
     void advanceToOther();
-    void scanWord();
+    /// The first character is in hand, and `keep_` stands there.
+    void scanWord()
+    {
+        token_ = Token::Word;
+        next_ = asap2::wordEnd(next_ + 1);
+        text_ = {keep_, static_cast<std::size_t>(next_ - keep_)};
+        if (!asap2::is(*next_, asap2::Blank))
+            finishWord();
+    }
     void finishWord();
     void scanText();
     void finishText();

@@ -10,7 +10,7 @@ namespace tavo {
 /// /end TYPEDEF_STRUCTURE
 void Parser::parseTypedefStructure(const Mark& begin)
 {
-    constexpr const char* word = "TYPEDEF_STRUCTURE";
+    constexpr std::string_view word = "TYPEDEF_STRUCTURE";
     if (!readPositional<'w', 's', 'i'>(word, {"its name", "its description", "its size"})) {
         leaveOut(word, begin);
         return;
@@ -31,7 +31,7 @@ void Parser::parseTypedefStructure(const Mark& begin)
 /// STRUCTURE_COMPONENT name type offset { option } /end STRUCTURE_COMPONENT
 void Parser::parseComponent(Structure& structure, const Mark& begin)
 {
-    constexpr const char* word = "STRUCTURE_COMPONENT";
+    constexpr std::string_view word = "STRUCTURE_COMPONENT";
     if (!readPositional<'w', 'w', 'i'>(word, {"its name", "its type", "its offset"})) {
         leaveOut(word, begin);
         return;
@@ -54,7 +54,7 @@ void Parser::parseComponent(Structure& structure, const Mark& begin)
 /// INSTANCE name longIdentifier type address { option } /end INSTANCE
 void Parser::parseInstance(const Mark& begin)
 {
-    constexpr const char* word = "INSTANCE";
+    constexpr std::string_view word = "INSTANCE";
     if (!readPositional<'w', 's', 'w', 'p'>(
             word, {"its name", "its description", "its type", "its address"})) {
         leaveOut(word, begin);
@@ -88,7 +88,7 @@ void Parser::parseInstance(const Mark& begin)
 }
 
 /// TYPEDEF_CHARACTERISTIC and the like, of which only the name is kept.
-void Parser::parseAdjustable(const char* word, const Mark& begin)
+void Parser::parseAdjustable(std::string_view word, const Mark& begin)
 {
     if (scanner_.token() == Token::Word)
         types_.define(scanner_.text(), TypeKind::Adjustable, noIndex);

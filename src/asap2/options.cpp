@@ -21,17 +21,16 @@ struct Row
 {
     Block block;
     Form form;
-    std::string_view word;
     OptionRow result;
 };
 
 constexpr Row rows[] = {
 #define TAVO_OPTION(block, word, fields)                                                           \
-    {Block::block, Form::Plain, #word, {Option::block##_##word, #word, fields}},
+    {Block::block, Form::Plain, {Option::block##_##word, #word, fields}},
 #define TAVO_BLOCK(block, word)                                                                    \
-    {Block::block, Form::AsBlock, #word, {Option::block##_##word##_block, #word, ""}},
+    {Block::block, Form::AsBlock, {Option::block##_##word##_block, #word, ""}},
 #define TAVO_KNOWN(block, word, fields)                                                            \
-    {Block::block, Form::Either, #word, {Option::Known, #word, fields}},
+    {Block::block, Form::Either, {Option::Known, #word, fields}},
 #include "asap2/options.def"
 #undef TAVO_OPTION
 #undef TAVO_BLOCK
@@ -62,11 +61,11 @@ constexpr std::array<Slot, slotCount> makeSlots()
             const Row& row = rows[i];
             if ((row.block == Block::Any) != any)
                 continue;
-            const WordKey key(row.word);
-            std::size_t slot = key.hash(row.word.size()) % slotCount;
+            const WordKey key(row.result.word);
+            std::size_t slot = key.hash(row.result.word.size()) % slotCount;
             while (slots[slot].row != Slot::noRow)
                 slot = (slot + 1) % slotCount;
-            slots[slot] = {key, static_cast<std::uint16_t>(row.word.size()),
+            slots[slot] = {key, static_cast<std::uint16_t>(row.result.word.size()),
                            static_cast<std::uint16_t>(i), row.block, row.form};
         }
     return slots;
@@ -87,7 +86,11 @@ constexpr std::size_t longestRun()
 
 static_assert(longestRun() <= 24, "a look-up must stay short, whatever the word is");
 
-OptionRow find(Block block, Form form, std::string_view word)
+/// One for each data type that an edition of the standard adds.
+constexpr OptionRow alignment = {Option::Known, "", "x"};
+constexpr OptionRow unknown;
+
+const OptionRow& find(Block block, Form form, std::string_view word)
 {
     const WordKey key(word);
     for (std::size_t i = key.hash(word.size()) % slotCount; slots[i].row != Slot::noRow;
@@ -96,19 +99,24 @@ OptionRow find(Block block, Form form, std::string_view word)
         if (slot.key == key && slot.length == word.size() &&
             (slot.block == block || slot.block == Block::Any) &&
             (slot.form == form || slot.form == Form::Either) &&
-            (word.size() <= WordKey::size || sameBytes(rows[slot.row].word, word)))
+            (word.size() <= WordKey::size || sameBytes(rows[slot.row].result.word, word)))
             return rows[slot.row].result;
     }
-    // One for each data type that an edition of the standard adds.
     if (block == Block::ModCommon && form == Form::Plain && word.starts_with("ALIGNMENT_"))
-        return {Option::Known, "", "x"};
-    return {};
+        return alignment;
+    return unknown;
 }
 
 } // namespace
 
-OptionRow findOption(Block block, std::string_view word) { return find(block, Form::Plain, word); }
+const OptionRow& findOption(Block block, std::string_view word)
+{
+    return find(block, Form::Plain, word);
+}
 
-OptionRow findBlock(Block block, std::string_view word) { return find(block, Form::AsBlock, word); }
+const OptionRow& findBlock(Block block, std::string_view word)
+{
+    return find(block, Form::AsBlock, word);
+}
 
 } // namespace tavo

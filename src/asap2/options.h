@@ -54,13 +54,13 @@ enum class Option : std::uint16_t
 struct OptionRow
 {
     Option option = Option::Unknown;
-    const char* word = "";
+    std::string_view word;
     const char* fields = ""; ///< The kinds of the fields of a plain option.
 };
 
 /// Looks a word up that stands where an option may begin.
-OptionRow findOption(Block block, std::string_view word);
+const OptionRow& findOption(Block block, std::string_view word);
 /// The same for the word after `/begin`.
-OptionRow findBlock(Block block, std::string_view word);
+const OptionRow& findBlock(Block block, std::string_view word);
 
 } // namespace tavo
