@@ -67,17 +67,15 @@ Scanner::Keyword Scanner::keyword()
     return isFollowed ? found : Keyword::None;
 }
 
-/// Goes on to the first character that is no blank, or to the end of the file.
-void Scanner::skipBlanks()
+/// The same from a zero byte on: one of the file is a blank, too.
+void Scanner::skipZeros()
 {
-    for (;;) {
-        next_ = blanksEnd(next_);
-        if (*next_ != 0)
-            return;
+    while (*next_ == 0) {
         if (next_ != end_)
             ++next_;
         else if (!more())
             return;
+        next_ = blanksEnd(next_);
     }
 }
 

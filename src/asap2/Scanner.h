@@ -141,7 +141,14 @@ private:
     }
     static Keyword keywordAt(const char* position);
     Keyword keyword();
-    void skipBlanks();
+    /// Goes on to the first character that is no blank, or to the end of the file.
+    void skipBlanks()
+    {
+        next_ = asap2::blanksEnd(next_);
+        if (*next_ == 0)
+            skipZeros();
+    }
+    void skipZeros();
     void skipBlanksAndComments();
     void skipComment();
     void skipText();

@@ -2,8 +2,6 @@
 
 #include "base/pages.h"
 
-#include <cstdint>
-
 namespace tavo {
 
 Arena::~Arena()
@@ -21,21 +19,17 @@ char* Arena::addBlock(std::size_t size)
     return memory;
 }
 
-void* Arena::allocate(std::size_t size, std::size_t alignment)
+/// From the beginning of a new block.
+void* Arena::allocateAnew(std::size_t size)
 {
     // What is large has a block of its own, so that the one in use isn't given up for it.
     constexpr std::size_t large = 32768;
     if (size > large)
         return addBlock(size);
-    std::size_t gap = -reinterpret_cast<std::uintptr_t>(next_) % alignment;
-    if (size + gap > left_) {
-        left_ = nextBlockSize(total_, expected_);
-        next_ = addBlock(left_);
-        gap = 0;
-    }
-    char* const place = next_ + gap;
+    const std::size_t capacity = nextBlockSize(total_, expected_);
+    char* const place = addBlock(capacity);
     next_ = place + size;
-    left_ -= gap + size;
+    left_ = capacity - size;
     return place;
 }
 

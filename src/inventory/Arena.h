@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace tavo {
@@ -19,7 +20,16 @@ public:
     void expect(std::size_t size) { expected_ = size; }
     /// Memory that is released with the arena. `alignment` is a power of two, no larger than that
     /// of `std::max_align_t`.
-    void* allocate(std::size_t size, std::size_t alignment);
+    void* allocate(std::size_t size, std::size_t alignment)
+    {
+        const std::size_t gap = -reinterpret_cast<std::uintptr_t>(next_) % alignment;
+        if (left_ < gap || left_ - gap < size)
+            return allocateAnew(size);
+        char* const place = next_ + gap;
+        next_ = place + size;
+        left_ -= gap + size;
+        return place;
+    }
 
 private:
     struct Block
@@ -28,6 +38,7 @@ private:
         std::size_t size;
     };
 
+    void* allocateAnew(std::size_t size);
     char* addBlock(std::size_t size);
 
     std::vector<Block> blocks_;

@@ -35,16 +35,20 @@ std::uint64_t hashOf(std::string_view text)
 {
     static const std::uint64_t key = newKey();
     std::uint64_t hash = key ^ text.size();
-    while (text.size() >= sizeof hash) {
-        std::uint64_t part = 0;
-        std::memcpy(&part, text.data(), sizeof part);
-        hash = mixed(hash ^ part) + key;
-        text.remove_prefix(sizeof part);
+    std::uint64_t part = 0;
+    constexpr std::size_t partSize = sizeof part;
+    if (text.size() < partSize) {
+        if (!text.empty())
+            std::memcpy(&part, text.data(), text.size());
+        return mixed(hash ^ part);
     }
-    std::uint64_t rest = 0;
-    if (!text.empty())
-        std::memcpy(&rest, text.data(), text.size());
-    return mixed(hash ^ rest);
+    const std::size_t last = text.size() - partSize; // of a part that may overlap the one before it
+    for (std::size_t i = 0; i < last; i += partSize) {
+        std::memcpy(&part, text.data() + i, partSize);
+        hash = mixed(hash ^ part) + key;
+    }
+    std::memcpy(&part, text.data() + last, partSize);
+    return mixed(hash ^ part);
 }
 
 std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32U); }

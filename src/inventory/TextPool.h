@@ -3,6 +3,7 @@
 #include "inventory/Arena.h"
 
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 namespace tavo {
@@ -13,7 +14,15 @@ class TextPool
 {
 public:
     /// A copy of `text` that lives as long as the pool.
-    std::string_view keep(std::string_view text);
+    std::string_view keep(std::string_view text)
+    {
+        if (text.empty())
+            return "";
+        char* const copy = static_cast<char*>(arena_.allocate(text.size(), 1));
+        std::memcpy(copy, text.data(), text.size());
+        size_ += text.size();
+        return {copy, text.size()};
+    }
     /// Bytes of all texts kept.
     std::size_t size() const { return size_; }
     /// Where the texts are, and what else lives as long as they do.
