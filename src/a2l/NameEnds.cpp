@@ -3,6 +3,8 @@
 #include "a2l/characters.h"
 #include "base/ByteGroup.h"
 
+#include <cstring>
+
 namespace tavo {
 
 namespace {
@@ -37,6 +39,7 @@ void NameEnds::find(const unsigned char* block, std::size_t first, std::size_t l
         const std::uint64_t ends = inOrder(~inName);
         std::memcpy(&ends_[group * sizeof ends], &ends, sizeof ends);
     }
+    std::memset(&ends_[last * sizeof(std::uint64_t)], 0, sizeof(std::uint64_t));
 }
 
 } // namespace tavo

@@ -23,9 +23,10 @@ public:
     void resize(std::size_t groups)
     {
         // A look at the last bits reads beyond them.
-        ends_ = std::make_unique<unsigned char[]>((groups + 1) * sizeof(std::uint64_t));
+        ends_.reset(new unsigned char[(groups + 1) * sizeof(std::uint64_t)]);
     }
-    /// Finds the ends in these groups of the block that begins at `block`.
+    /// Finds the ends in these groups of the block that begins at `block`; nobody asks for ends in
+    /// the groups from `last` on.
     void find(const unsigned char* block, std::size_t first, std::size_t last);
 
     /// The index of the first character of the block from `index` on that ends a name. There is

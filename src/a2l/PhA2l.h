@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace tavo {
 
@@ -188,8 +189,9 @@ private:
 
     Lexer lexer_;                            ///< Open during `readFile` and `print_tokens` only.
     std::optional<std::string_view> memory_; ///< What is read if it isn't the file.
-    /// Names that were given lately, by their hash: objects of one name share its text.
-    PhString sharedNames_[1024];
+    /// Names that were given lately, by their hash: objects of one name share its text. A power of
+    /// two of them while a description is read.
+    std::vector<PhString> sharedNames_;
     /// Default of the types and comm params made from here on: the last BYTE_ORDER of a MOD_COMMON.
     PhEndian byteOrder_ = PhEndian::Undefined;
 };

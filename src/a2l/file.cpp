@@ -27,8 +27,12 @@ int PhA2l::readFile(PhRoot* root)
     byteOrder_ = PhEndian::Undefined;
     if (const int status = openFile())
         return status;
+    const std::size_t size = lexer_.source().size();
     // The model of a usual description takes a quarter to half of the size of the file.
-    expectBlocks(lexer_.source().size() / 2);
+    expectBlocks(size / 2);
+    // A small description has few names.
+    constexpr std::size_t smallSize = 65536;
+    sharedNames_.assign(size > 0 && size < smallSize ? 64 : 1024, PhString());
     int code = nextToken();
     do
         code = parseFileItem(root, code);

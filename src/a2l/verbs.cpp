@@ -164,7 +164,8 @@ int PhA2l::parseByteOrder(PhEndian& byteOrder)
 /// A text that is likely to be given again soon. The reference is valid until the next call.
 const PhString& PhA2l::sharedName(std::string_view name)
 {
-    PhString& shared = sharedNames_[std::hash<std::string_view>()(name) % std::size(sharedNames_)];
+    const std::size_t hash = std::hash<std::string_view>()(name);
+    PhString& shared = sharedNames_[hash & (sharedNames_.size() - 1)];
     if (shared.isNull() || shared.view() != name)
         shared.set(name);
     return shared;
