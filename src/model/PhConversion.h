@@ -147,7 +147,7 @@ private:
     mutable bool hasPackedNumerator_ = false;
     mutable bool hasPackedDenominator_ = false;
     mutable PhPackedValues rows_;         ///< All rows, as long as there is no list of them.
-    mutable PhPackedValues coefficients_; ///< All coefficients, as long as there is a list of none.
+    mutable PhPackedValues coefficients_; ///< All coefficients, as long as neither list is there.
     mutable PhRare<Lists> lists_;
 };
 

@@ -44,7 +44,7 @@ public:
     PhValue* upperLimit() const { return values_.value(UpperLimit); }
     void setUpperLimit(PhValue* upperLimit) { values_.set(UpperLimit, upperLimit); }
 
-    /// Give a value as a number. A mask needs `typeFields` without a type.
+    /// Give a value as a number; the mask only as long as the type is no object.
     void setNumber(Value value, std::int32_t number) { values_.set(value, number); }
     void setNumber(Value value, double number) { values_.set(value, number); }
     /// The value for a look that makes no object.
