@@ -76,16 +76,15 @@ std::vector<Conversion> planOf(const Options& options, Product product)
     return {{input, output}};
 }
 
-/// Throws a `Failure` that lists what can't be written.
-void checkNormalized(const Description& description, const Inventory& inventory)
+/// Reports what can't be written, and throws a `Failure` if there is anything.
+void checkNormalized(const std::string& file, const Inventory& inventory, Diagnostics& diagnostics)
 {
     const std::vector<std::string> hindrances = hindrancesOf(inventory);
-    if (hindrances.empty())
-        return;
-    std::string text = description.file() + ": Can't be written as a strict description:";
     for (const std::string& hindrance : hindrances)
-        text.append("\n    ").append(hindrance);
-    throw Failure(ExitCode::DescriptionFailed, text);
+        diagnostics.failAbout(file, hindrance, "");
+    if (!hindrances.empty())
+        throw Failure(ExitCode::DescriptionFailed,
+                      file + ": Can't be written as a strict description");
 }
 
 void writeProduct(Description& description, Product product, ConfigurationStream& stream)
@@ -126,7 +125,7 @@ ExitCode convertOne(const Conversion& conversion, const Options& options, Produc
         throw Failure(ExitCode::DescriptionFailed,
                       description->file() + ": Not converted because of its warnings");
     if (product == Product::StrictDescription)
-        checkNormalized(*description, description->inventory());
+        checkNormalized(description->file(), description->inventory(), diagnostics);
     if (toStandardOutput) {
         StandardOutput output;
         writeProduct(*description, product, output.stream());
