@@ -98,6 +98,7 @@ TEST_F(CommandLineTest, AWrongCommandLineIsExplained)
         {"convert -o x good.a2l", "-o is no option of 'tavo convert'",
          "the output is the argument after the input, without an option"},
         {"convert good.a2l --jobs 0", "--jobs: '0' is no number from 1 to 256", seeConvert},
+        {"convert good.a2l -j 2x", "-j: '2x' is no number from 1 to 256", seeConvert},
         {"convert good.a2l -jmany", "-j: 'many' is no number from 1 to 256", seeConvert},
         {"convert good.a2l -d --force", "-d needs a value: DIR", seeConvert},
         {"convert -fj", "-j needs a value: N", seeConvert},
@@ -131,6 +132,7 @@ TEST_F(CommandLineTest, TheSameMayBeSaidInSeveralWays)
          "list --format json -- good.a2l",
          "--color never --quiet list --format table good.a2l --format=json"},
         {"--version", "-V", "check --version"},
+        {"convert -q -j2 good.a2l -", "-qj 2 convert good.a2l -", "convert -qj=2 good.a2l -"},
     };
     for (const auto& group : groups) {
         const ProgramRun first = tavo(group.front());

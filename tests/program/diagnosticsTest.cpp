@@ -36,6 +36,7 @@ TEST_F(DiagnosticsTest, ShowPlaceTextAndSourceLine)
         warning + "The first PROJECT has no MODULE, the configuration is empty\n";
     const std::string y(118, 'y');
     const std::string far(20000, 'z');
+    const std::string near(80, 'z');
     const std::string measurement = "/begin MEASUREMENT a \"\" UBYTE ";
     struct
     {
@@ -48,6 +49,9 @@ TEST_F(DiagnosticsTest, ShowPlaceTextAndSourceLine)
         {inModule("x \xFC \u00fc \x1b[31m\x01"), unknown("1", "x \u00fc \u00fc \\x1b[31m\\x01")},
         {inModule("/*\xFC\u00fc" + far + "*/ x " + far),
          unknown("20008", "..." + far.substr(0, 57) + "*/ x " + far.substr(0, 55) + "...")},
+        {inModule("/*" + near + "*/ x"), unknown("86", "..." + near.substr(0, 57) + "*/ x")},
+        {inModule("x x"),
+         "d.a2l:3: error: Unexpected token 'x'\n    x x\nhint: read it without --strict\n"},
         {inModule("\"two\nlines \x1b[2J\""),
          "d.a2l:4: error: Unexpected token \"two\\nlines \\x1b[2J\"\n    lines \\x1b[2J\"\nhint: "
          "read it without "

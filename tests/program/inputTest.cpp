@@ -70,6 +70,8 @@ TEST_F(InputTest, EveryWayInIsTheSame)
     write("sub/part.a2l",
           "/begin MEASUREMENT p \"\" UBYTE NO_COMPU_METHOD 0 0 0 1 /end MEASUREMENT y");
     std::vector<std::string> names = {"d.a2l", "-", "/dev/stdin"};
+    tavo("convert d.a2l");
+    const std::string configuration = content("d.ini");
     for (const Packer& packer : packers) {
         write(std::string("d.a2l") + packer.ending, packer.pack(description_));
         write(std::string("two.a2l") + packer.ending,
@@ -77,6 +79,9 @@ TEST_F(InputTest, EveryWayInIsTheSame)
         names.push_back(std::string("d.a2l") + packer.ending);
         names.push_back(std::string("two.a2l") + packer.ending);
         names.push_back(std::string("<d.a2l") + packer.ending);
+        std::filesystem::remove(path("d.ini"));
+        tavo(std::string("convert d.a2l") + packer.ending);
+        EXPECT_EQ(content("d.ini"), configuration);
     }
     for (const std::string command : {"convert @ -", "list @", "check @", "list --format json @",
                                       "check --strict @", "normalize @ -", "tokens @"}) {
@@ -155,8 +160,8 @@ TEST_F(InputTest, WhatIsNoDescriptionIsRecognizedByItsBeginning)
         }
     }
     // What isn't sure is read: control characters in a comment, and zeros after the end.
-    for (const std::string& text :
-         {"/* \x01\x02\x03\x04 */" + description_, inModule("") + std::string(9000, '\0')}) {
+    for (const std::string& text : {"/*" + std::string(99, '\x01') + "*/" + description_,
+                                    "ASAP2_VERSION 1 71" + std::string(9000, '\0')}) {
         write("part.a2l", "");
         write("x.a2l", text);
         EXPECT_EQ(tavo("check x.a2l").err.find("no description"), std::string::npos);
@@ -182,6 +187,10 @@ TEST_F(InputTest, DamagedAndHostileArchivesAreRefused)
         };
         EXPECT_EQ(unpackedSize(packed + packed, text.size() * 2),
                   static_cast<long>(text.size() * 2));
+        if (packer.kind == FileKind::Gzip) { // as on a tape
+            EXPECT_EQ(unpackedSize(packed + std::string(99, '\0'), text.size()),
+                      static_cast<long>(text.size()));
+        }
         for (std::size_t size = 1; size < packed.size(); ++size) {
             EXPECT_EQ(unpackedSize(packed.substr(0, size), 1 << 20U), -1) << size;
             EXPECT_EQ(unpackedSize(packed + packed.substr(0, size), 1 << 20U), -1) << size;

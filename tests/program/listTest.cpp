@@ -1,4 +1,5 @@
 #include "Program.h"
+#include "support/conversion.h"
 
 namespace {
 
@@ -72,6 +73,20 @@ TEST_F(ListTest, ShowsTheKindsAndColumnsThatAreAskedForInTheirOrder)
               "tavo: error: --sort: There is no column 'adress'; did you mean 'address'?\n"
               "hint: 'tavo list --help' shows what there is\n");
     EXPECT_EQ(tavo("list listing.a2l --kind things").exitCode, 2);
+}
+
+TEST_F(ListTest, EachNumberAndTextOfManyIsItsOwn)
+{
+    std::string module;
+    std::string expected = "description,max\r\n";
+    for (int i = 0; i < 5000; ++i) {
+        const std::string number = std::to_string(i) + ".5";
+        module += "/begin MEASUREMENT m \"say \"\"" + number +
+                  "\"\"\" UBYTE NO_COMPU_METHOD 0 0 0 " + number + " /end MEASUREMENT\n";
+        expected += "\"say \"\"" + number + "\"\"\"," + number + "\r\n";
+    }
+    write("many.a2l", inModule(module));
+    EXPECT_EQ(tavo("list many.a2l --format csv --columns description,max").out, expected);
 }
 
 } // namespace

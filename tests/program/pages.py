@@ -20,10 +20,11 @@ HOSTILE = b"""/begin PROJECT p "" /begin MODULE m ""
 /begin COMPU_VTAB t "" TAB_VERB 1 0 "<!--<script>" /end COMPU_VTAB
 /begin MEASUREMENT a<script> "</script><script>alert(1)</script>" UBYTE c</script> 0 0 0 255
   SYMBOL_LINK "a<script>" 0 DISPLAY_IDENTIFIER <!-- /end MEASUREMENT
-/begin MEASUREMENT a<script>b "<!-- <script> \\"' \\\\ \xe2\x80\xa8\xe2\x80\xa9 \xff\xfe\xc0\x80 \x01 ]]>" UWORD
+/begin MEASUREMENT a<script>b "<!-- <script> \\"' \\\\ \xe2\x80\xa8\xe2\x80\xa9 \xff\xfe\xc0\x80 \x01\x1f ]]>" UWORD
   NO_COMPU_METHOD 0 0 -1E999 18446744073709551615 ECU_ADDRESS 0xFFFFFFFFFFFFFFFF BIT_MASK 0x8000000000000001
   PHYS_UNIT "</SCRIPT >" /end MEASUREMENT
 /begin MEASUREMENT \xc3\xbcber "&lt;/script&gt;" ULONG NO_COMPU_METHOD 0 0 0 1 ECU_ADDRESS 0x1FFFFFFFFFFFFFFFFF
+  BIT_MASK 0x20000000000001
   /end MEASUREMENT
 /begin MEASUREMENT \xc3\xa4ben "" ULONG NO_COMPU_METHOD 0 0 0 1 ECU_ADDRESS -9223372036854775808 /end MEASUREMENT
 /end MODULE /end PROJECT
@@ -83,6 +84,7 @@ def patterns(column, is_sum=False):
     last = 0
     for item in expanded(column):
         if isinstance(item, int):
+            assert abs(item) <= 2**53, item  # which JavaScript reads as it is
             last = item + (last if is_sum else 0)
         yield ("missing" if item is None else last if isinstance(item, int)
                else None if item == "" else int(item))

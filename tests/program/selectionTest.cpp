@@ -30,10 +30,11 @@ protected:
                        "STRUCTURE_COMPONENT b t 1 /end STRUCTURE_COMPONENT /end TYPEDEF_STRUCTURE "
                        "/begin INSTANCE pump \"\" s 0x2000 /end INSTANCE\n" +
                        measurement("\xC4rger", "FLOAT32_IEEE", "ECU_ADDRESS -1") +
-                       measurement("far", "A_UINT64", "ECU_ADDRESS 0x100000000")));
+                       measurement("far", "A_UINT64", "ECU_ADDRESS 0x100000000") +
+                       measurement("beyond", "A_INT64", "ECU_ADDRESS 0x10000000000000000")));
         write("labels.lab", "\xEF\xBB\xBF[Settings]\r\n; a comment\r\n#another\r\n\r\n"
                             "EngSpd;10ms\r\n  \xC3\x84rger\r\npump.b unused\r\n");
-        write("typing.lab", "engspd\nEngTorq[0]\nnothingLikeIt\n");
+        write("typing.lab", "engspd\r\nEngTorq[0]\rnothingLikeIt\n");
     }
 
     /// The names of the measurements in the listing, with a blank after each.
@@ -51,7 +52,7 @@ protected:
 
 TEST_F(SelectionTest, ListAndConvertChooseAlike)
 {
-    const std::string all = "EngSpd EngTrq[0] EngTrq[1] pump.a pump.b \xC3\x84rger far ";
+    const std::string all = "EngSpd EngTrq[0] EngTrq[1] pump.a pump.b \xC3\x84rger far beyond ";
     struct
     {
         std::string options;
@@ -69,9 +70,12 @@ TEST_F(SelectionTest, ListAndConvertChooseAlike)
         {"--select labels.lab --match far --exclude pump*", "EngSpd \xC3\x84rger far "},
         {"--unit rpm --unit N?", "EngSpd EngTrq[0] EngTrq[1] "},
         {"--unit nM -i --match *[0]", "EngTrq[0] "},
+        {"--unit N? --regex --match d|[[]", "EngTrq[0] EngTrq[1] "},
         {"--type sword,UINT8 --type real32", "EngTrq[0] EngTrq[1] pump.a pump.b \xC3\x84rger "},
         {"--address 0x1002-8192", "EngTrq[0] EngTrq[1] pump.a "},
         {"--address 0x1000 --address 0xFFFFFFFF-", "EngSpd \xC3\x84rger far "},
+        {"--address 0x1004-0x1004", "EngTrq[1] "},
+        {"--address 0-", all.substr(0, all.find("beyond"))},
         {"--select typing.lab -i", "EngSpd "},
     };
     for (const auto& c : cases) {
@@ -127,6 +131,8 @@ TEST_F(SelectionTest, WhatIsNotThereIsNamedWithTheNearestName)
          "tavo: error: '(' is no regular expression: missing ): (\n"},
         {"list d.a2l --type uint9", 2,
          "tavo: error: --type: 'uint9' is no type, such as uint8, real32 or SWORD\n"},
+        {"list d.a2l --address 0x10-2x", 2,
+         "tavo: error: --address: '2x' is no address, such as 0x1000 or 4096\n"},
         {"list d.a2l --address 5-4", 2, "tavo: error: --address: '5-4' ends before it begins\n"},
         {"list d.a2l --address -1", 2,
          "tavo: error: --address: '' is no address, such as 0x1000 or 4096\n"},
@@ -138,6 +144,10 @@ TEST_F(SelectionTest, WhatIsNotThereIsNamedWithTheNearestName)
         EXPECT_EQ(run.exitCode, c.exitCode) << c.words;
         EXPECT_EQ(run.err.substr(0, c.said.size()), c.said) << c.words;
     }
+    write("other.a2l", inModule(measurement("EngSpd", "UWORD", "")));
+    EXPECT_EQ(tavo("list d.a2l other.a2l --match Eng* --match EngSpd --select labels.lab").err,
+              "labels.lab:6: warning: '\u00c4rger' isn't in other.a2l\n"
+              "labels.lab:7: warning: 'pump.b' isn't in other.a2l\n");
 }
 
 /// Strict reading writes from objects of its own, and a selection from what the listing shows.

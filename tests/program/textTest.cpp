@@ -20,6 +20,7 @@ TEST(TextTest, TakesWhatIsNotUtf8ForLatin1)
         {"\xC0\x80", "\u00c0\u0080"},                     // overlong
         {"\xE0\x9F\xBF", "\u00e0\u009f\u00bf"},           // overlong
         {"\xED\xA0\x80", "\u00ed\u00a0\u0080"},           // a surrogate
+        {"\xED\xBF\xBF", "\u00ed\u00bf\u00bf"},           // the last one
         {"\xF4\x90\x80\x80", "\u00f4\u0090\u0080\u0080"}, // beyond Unicode
         {"\xE2\x28\xA1", "\u00e2(\u00a1"},
     };
@@ -67,8 +68,8 @@ TEST(TextTest, SeesFromAnyPlaceWhatIsNotPlain)
                 EXPECT_EQ(isAscii(odd), (c & 0x80) == 0);
             }
     }
-    EXPECT_EQ(smallLetters("A\xC4\xC3\x84 \xCE\xA9\xD0\xAF\xD0\x81x7"),
-              "a\xC3\xA4\xC3\xA4 \xCF\x89\xD1\x8F\xD1\x91x7");
+    EXPECT_EQ(smallLetters("A\xC4\xC3\x84\xD7 \xCE\xA9\xD0\xAF\xD0\x81x7"),
+              "a\xC3\xA4\xC3\xA4\xC3\x97 \xCF\x89\xD1\x8F\xD1\x91x7");
 }
 
 } // namespace
