@@ -226,22 +226,19 @@ int Lexer::scanString()
 {
     source_.advance();
     source_.beginText();
-    for (;;) {
-        if (source_.skipTo(textEnds) == '"') {
-            source_.advance();
-            if (source_.peek() != '"') {
-                token_.text = source_.text();
-                token_.text.remove_suffix(1);
-                return T_STRING;
-            }
-            textBuffer_.assign(source_.text()); // with the one quote that counts
-            source_.advance();
-            return scanEditedString();
-        } else {
-            textBuffer_.assign(source_.text());
-            return scanEditedString();
-        }
+    if (source_.skipTo(textEnds) != '"') {
+        textBuffer_.assign(source_.text());
+        return scanEditedString();
     }
+    source_.advance();
+    if (source_.peek() != '"') {
+        token_.text = source_.text();
+        token_.text.remove_suffix(1);
+        return T_STRING;
+    }
+    textBuffer_.assign(source_.text()); // with the one quote that counts
+    source_.advance();
+    return scanEditedString();
 }
 
 /// The rest of a string whose text isn't what stands in the file: the buffer holds the text so far.

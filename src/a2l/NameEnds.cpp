@@ -39,6 +39,7 @@ void NameEnds::find(const unsigned char* block, std::size_t first, std::size_t l
         const std::uint64_t ends = inOrder(~inName);
         std::memcpy(&ends_[group * sizeof ends], &ends, sizeof ends);
     }
+    // The one that a look at the last bits reads, too.
     std::memset(&ends_[last * sizeof(std::uint64_t)], 0, sizeof(std::uint64_t));
 }
 

@@ -22,11 +22,11 @@ public:
     /// Makes room for so many groups, and forgets what was found.
     void resize(std::size_t groups)
     {
-        // A look at the last bits reads beyond them.
+        // A look at the last bits reads those of one group more.
         ends_.reset(new unsigned char[(groups + 1) * sizeof(std::uint64_t)]);
     }
-    /// Finds the ends in these groups of the block that begins at `block`; nobody asks for ends in
-    /// the groups from `last` on.
+    /// Finds the ends in the groups from `first` up to but without `last` of the block that begins
+    /// at `block`. Nobody asks for ends from `last` on before they are found.
     void find(const unsigned char* block, std::size_t first, std::size_t last);
 
     /// The index of the first character of the block from `index` on that ends a name. There is

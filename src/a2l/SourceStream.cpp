@@ -72,6 +72,7 @@ SourceStream::~SourceStream()
 bool SourceStream::open(const char* path)
 {
     close();
+    line_ = 1;
     // The line ends are folded here and not by the C library, which does it on some platforms only.
     do {
         errno = 0;
@@ -117,7 +118,7 @@ void SourceStream::close()
     capacity_ = 0;
 }
 
-std::size_t SourceStream::size() { return file_ ? sizeOf(file_) : memory_.size(); }
+std::size_t SourceStream::size() { return file_ ? sizeOfFile(file_) : memory_.size(); }
 
 /// Makes sure that the block takes another read after `kept` characters, which go to its head.
 void SourceStream::makeRoom(std::size_t kept)

@@ -67,7 +67,7 @@ Scanner::Keyword Scanner::keyword()
     return isFollowed ? found : Keyword::None;
 }
 
-/// The same from a zero byte on: one of the file is a blank, too.
+/// Skips blanks from a zero byte on, which is one, too, unless the file ends there.
 void Scanner::skipZeros()
 {
     while (*next_ == 0) {

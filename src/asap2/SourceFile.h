@@ -31,7 +31,7 @@ public:
     void setWatch(Watch watch) { watch_ = std::move(watch); }
 
     /// Bytes of the file or memory, or 0 if they can't be told; nothing has been read yet.
-    std::size_t size() { return file_ ? sizeOf(file_) : memorySize_; }
+    std::size_t size() { return file_ ? sizeOfFile(file_) : memorySize_; }
     /// Reads up to `size` bytes, which is at least 16. 0 at the end of the file.
     std::size_t read(char* target, std::size_t size);
     /// The system's number of the error that ended the file before its end, or 0.

@@ -58,7 +58,8 @@ struct OptionRow
     const char* fields = ""; ///< The kinds of the fields of a plain option.
 };
 
-/// Looks a word up that stands where an option may begin.
+/// Looks a word up that stands where an option may begin. The row is the table's, or one with
+/// `Unknown`, and lives as long as the process.
 const OptionRow& findOption(Block block, std::string_view word);
 /// The same for the word after `/begin`.
 const OptionRow& findBlock(Block block, std::string_view word);

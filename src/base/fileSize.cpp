@@ -6,7 +6,7 @@
 
 namespace tavo {
 
-std::size_t sizeOf(std::FILE* file)
+std::size_t sizeOfFile(std::FILE* file)
 {
 #if defined(_WIN32)
     if (std::fseek(file, 0, SEEK_END) != 0)

@@ -5,8 +5,8 @@
 
 namespace tavo {
 
-/// Bytes of an open file from which nothing has been read yet, or 0 if they can't be told, as those
-/// of a pipe.
-std::size_t sizeOf(std::FILE* file);
+/// Bytes of an open file, not null, from which nothing has been read yet, or 0 if they can't be
+/// told, as those of a pipe.
+std::size_t sizeOfFile(std::FILE* file);
 
 } // namespace tavo

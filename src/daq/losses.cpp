@@ -13,24 +13,6 @@
 
 namespace tavo {
 
-Obstacle findObstacle(const Inventory& inventory, const Quantity& quantity)
-{
-    if (quantity.isPointer)
-        return Obstacle::Pointer;
-    if (quantity.type == DataType::UInt64 || quantity.type == DataType::Int64)
-        return Obstacle::Integer64;
-    if (quantity.type == DataType::Float16)
-        return Obstacle::Float16;
-    const ByteOrder order = inventory.byteOrderOf(quantity);
-    if (order == ByteOrder::MotorolaWordsLast || order == ByteOrder::IntelWordsFirst)
-        return Obstacle::MixedByteOrder;
-    if (!quantity.address.fits32())
-        return Obstacle::Address;
-    if (!quantity.addressExtension.fits32())
-        return Obstacle::AddressExtension;
-    return quantity.bitMask.fits32() ? Obstacle::None : Obstacle::BitMask;
-}
-
 namespace {
 
 constexpr const char* obstacleTexts[] = {"",

@@ -22,29 +22,23 @@ enum class Obstacle : std::uint8_t
     Pointer ///< ADDRESS_TYPE: the address in the description is the pointer's.
 };
 
-/// False if there is an obstacle, and seldom otherwise.
-inline bool isPlain(const Inventory& inventory, const Quantity& quantity)
-{
-    const ByteOrder order = inventory.byteOrderOf(quantity);
-    const bool isUsualOrder = order <= ByteOrder::Intel;
-    const bool is64Bits = quantity.type == DataType::UInt64 || quantity.type == DataType::Int64;
-    const bool isUsualType = !is64Bits && quantity.type != DataType::Float16;
-    std::uint64_t bits = 0;
-    bool isUnusual = quantity.isPointer;
-    for (const Pattern64* pattern :
-         {&quantity.address, &quantity.addressExtension, &quantity.bitMask}) {
-        bits |= pattern->bits;
-        isUnusual |= pattern->isNegative | pattern->isBeyond64;
-    }
-    return isUsualOrder && isUsualType && !isUnusual && bits >> 32 == 0;
-}
-
-/// The obstacle of a quantity that may have one.
-Obstacle findObstacle(const Inventory& inventory, const Quantity& quantity);
-
+// For each quantity of a description, and therefore worth no call.
 inline Obstacle obstacleOf(const Inventory& inventory, const Quantity& quantity)
 {
-    return isPlain(inventory, quantity) ? Obstacle::None : findObstacle(inventory, quantity);
+    if (quantity.isPointer)
+        return Obstacle::Pointer;
+    if (quantity.type == DataType::UInt64 || quantity.type == DataType::Int64)
+        return Obstacle::Integer64;
+    if (quantity.type == DataType::Float16)
+        return Obstacle::Float16;
+    const ByteOrder order = inventory.byteOrderOf(quantity);
+    if (order == ByteOrder::MotorolaWordsLast || order == ByteOrder::IntelWordsFirst)
+        return Obstacle::MixedByteOrder;
+    if (!quantity.address.fits32())
+        return Obstacle::Address;
+    if (!quantity.addressExtension.fits32())
+        return Obstacle::AddressExtension;
+    return quantity.bitMask.fits32() ? Obstacle::None : Obstacle::BitMask;
 }
 
 /// A few words for people: "64-bit integer" and so on; "" for `None`.

@@ -28,7 +28,9 @@ LineValue::LineValue(const PhValue* value)
 
 namespace {
 
-// What follows puts lines into a stream, or into the room for a section that the stream has.
+// What follows puts lines into a stream, or into the room for a section that the stream has. It is
+// inlined, so that the place in the room stays in a register, and `name` is an array, so that it is
+// copied in a size that the compiler knows.
 
 /// The key of a line, of which the compiler knows the size.
 template <std::size_t size> constexpr std::string_view key(const char (&text)[size])
@@ -45,6 +47,7 @@ template <class Target, std::size_t size>
     target.put("\n");
 }
 
+/// `name` ends with the quote before the text.
 template <class Target, std::size_t size>
 [[gnu::always_inline]] inline void putTextLine(Target& target, const char (&name)[size],
                                                const std::optional<std::string_view>& text)

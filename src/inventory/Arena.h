@@ -42,10 +42,10 @@ private:
     char* addBlock(std::size_t size);
 
     std::vector<Block> blocks_;
-    char* next_ = nullptr;  ///< What is left of the block in use.
-    std::size_t left_ = 0;  ///< Bytes from there to its end.
-    std::size_t total_ = 0; ///< Bytes of all blocks.
-    std::size_t expected_ = 0;
+    char* next_ = nullptr;     ///< What is left of the block in use.
+    std::size_t left_ = 0;     ///< Bytes from there to its end.
+    std::size_t total_ = 0;    ///< Bytes of all blocks.
+    std::size_t expected_ = 0; ///< What `total_` may become.
 };
 
 } // namespace tavo

@@ -58,14 +58,14 @@ private:
     std::size_t length_;
 };
 
-// Writing to `target`, which has room for the longest text: of a fixed one, or sixteen characters.
-// Returned is the place after the text.
+// These write to `target`, without a zero byte at the end, and return the place after the text.
+// What is after it in the room that they ask for may be overwritten.
 
-/// What a `FixedText` has.
+/// The text of a `FixedText`; into room for `FixedText::longest` characters.
 char* writeFixed(char* target, double number);
-/// The digits, with a sign if the number is negative.
+/// The digits, with a sign if the number is negative; into room for 16 characters.
 char* writeDecimal(char* target, std::int32_t number);
-/// The digits in lower case, without a prefix.
+/// The digits in lower case, without a prefix; into room for 16 characters.
 char* writeHexadecimal(char* target, std::uint32_t number);
 
 } // namespace tavo

@@ -204,9 +204,14 @@ std::FILE* createTemporaryFile(const char* path)
         errno = lastError();
         return nullptr;
     }
-    temporaryFile = path;
     const int descriptor =
         _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_WRONLY | _O_TEXT);
+    if (descriptor < 0) { // too many files; `errno` says so
+        CloseHandle(handle);
+        DeleteFileA(path);
+        return nullptr;
+    }
+    temporaryFile = path;
     return _fdopen(descriptor, "w");
 }
 

@@ -25,7 +25,8 @@ int PhA2l::parseMeasurement(PhGroup* group)
     dropFields(2); // resolution and accuracy
     readLimit(*entity, false);
     readLimit(*entity, true);
-    refer(type.conversion, method, *group, nullptr);
+    refer(entity->typeFields()->conversion, method, *group,
+          nullptr); // a warning may have moved them
 
     return parseOptions(T_MEASUREMENT,
                         [&](int code) { return parseMeasurementOption(entity.get(), code); });
