@@ -1,18 +1,10 @@
 #include "a2l/SourceStream.h"
 
 #include "base/ByteGroup.h"
-#include "base/CancellationHold.h"
 #include "base/countOf.h"
-#include "base/fileSize.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-
-#if !defined(_WIN32)
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace tavo {
 
@@ -44,43 +36,14 @@ unsigned char* foldLineEnds(unsigned char* first, unsigned char* last)
     return target;
 }
 
-#if defined(_WIN32)
-std::FILE* openFile(const char* path) { return std::fopen(path, "rb"); }
-#else
-/// `fopen` would lose its memory if the thread were cancelled while it waits for a writer.
-std::FILE* openFile(const char* path)
-{
-    const int descriptor = ::open(path, O_RDONLY);
-    if (descriptor < 0)
-        return nullptr;
-    const CancellationHold hold;
-    std::FILE* file = fdopen(descriptor, "rb");
-    if (!file)
-        ::close(descriptor);
-    return file;
-}
-#endif
-
 } // namespace
-
-SourceStream::~SourceStream()
-{
-    const CancellationHold hold;
-    close();
-}
 
 bool SourceStream::open(const char* path)
 {
     close();
     line_ = 1;
-    // The line ends are folded here and not by the C library, which does it on some platforms only.
-    do {
-        errno = 0;
-        file_ = openFile(path);
-    } while (!file_ && errno == EINTR); // a signal, while it waits for the writer of a pipe
-    if (!file_)
+    if (!file_.open(path))
         return false;
-    std::setvbuf(file_, nullptr, _IONBF, 0);
     begin();
     return true;
 }
@@ -96,7 +59,6 @@ void SourceStream::begin()
 {
     makeRoom(0);
     bytesRead_ = 0;
-    readError_ = 0;
     heldBackCr_ = false;
     begin_ = nullptr;
     next_ = end_ = counted_ = block_.get();
@@ -108,9 +70,7 @@ void SourceStream::begin()
 
 void SourceStream::close()
 {
-    if (file_)
-        std::fclose(file_);
-    file_ = nullptr;
+    file_.close();
     memory_ = {};
     countLines(next_); // for `line`, which may be asked for later
     next_ = end_ = counted_ = mark_ = nullptr;
@@ -118,7 +78,7 @@ void SourceStream::close()
     capacity_ = 0;
 }
 
-std::size_t SourceStream::size() { return file_ ? sizeOfFile(file_) : memory_.size(); }
+std::size_t SourceStream::size() { return file_.isOpen() ? file_.size() : memory_.size(); }
 
 /// Makes sure that the block takes another read after `kept` characters, which go to its head.
 void SourceStream::makeRoom(std::size_t kept)
@@ -191,23 +151,11 @@ void SourceStream::forgetLineFeed() { line_ -= next_[-1] == '\n'; }
 /// Gets the next bytes of the source. 0 at its end.
 std::size_t SourceStream::fetch(unsigned char* target)
 {
-    if (!file_) {
-        const std::size_t count = memory_.copy(reinterpret_cast<char*>(target), readSize);
-        memory_.remove_prefix(count);
-        return count;
-    }
-    if (std::feof(file_)) // which a device forgets, and a file would be asked for again
-        return 0;
-    for (;;) {
-        const std::size_t count = std::fread(target, 1, readSize, file_);
-        if (count > 0 || !std::ferror(file_))
-            return count;
-        if (errno != EINTR) {
-            readError_ = errno;
-            return 0;
-        }
-        std::clearerr(file_);
-    }
+    if (file_.isOpen())
+        return file_.read(target, readSize);
+    const std::size_t count = memory_.copy(reinterpret_cast<char*>(target), readSize);
+    memory_.remove_prefix(count);
+    return count;
 }
 
 /// Reads the next characters, line ends folded. 0 at the end of the source.

@@ -3,10 +3,10 @@
 #include "a2l/NameEnds.h"
 #include "a2l/characters.h"
 #include "base/ByteGroup.h"
+#include "base/InputFile.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -26,7 +26,6 @@ public:
     using Watch = std::function<void(std::uint64_t bytesRead)>;
 
     SourceStream() = default;
-    ~SourceStream();
     SourceStream(const SourceStream&) = delete;
     SourceStream& operator=(const SourceStream&) = delete;
 
@@ -40,7 +39,7 @@ public:
     std::size_t size();
     /// The system's number of the error that ended the last file before its end, or 0. To the
     /// lexer such a file has ended like any other.
-    int readError() const { return readError_; }
+    int readError() const { return file_.error(); }
     void setWatch(Watch watch) { watch_ = std::move(watch); }
 
     /// The character in hand as an unsigned byte, or the end mark.
@@ -142,11 +141,10 @@ private:
     std::size_t read(unsigned char* target);
     std::size_t fetch(unsigned char* target);
 
-    std::FILE* file_ = nullptr; ///< Null while the characters come from memory.
-    std::string_view memory_;   ///< What is left to be read of it.
+    InputFile file_;          ///< Not open while the characters come from memory.
+    std::string_view memory_; ///< What is left to be read of it.
     Watch watch_;
     std::uint64_t bytesRead_ = 0;
-    int readError_ = 0;
     std::unique_ptr<unsigned char[]> block_;
     NameEnds nameEnds_;
     std::size_t capacity_ = 0;             ///< Of the block, without the end mark.

@@ -1,7 +1,6 @@
 #include "asap2/SourceFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <string_view>
 
@@ -35,23 +34,6 @@ char* putUtf8(char* target, char32_t character)
 
 } // namespace
 
-SourceFile::~SourceFile()
-{
-    if (file_)
-        std::fclose(file_);
-}
-
-bool SourceFile::open(const std::string& path)
-{
-    do {
-        errno = 0;
-        file_ = std::fopen(path.c_str(), "rb");
-    } while (!file_ && errno == EINTR); // a signal, while it waits for the writer of a pipe
-    if (file_)
-        std::setvbuf(file_, nullptr, _IONBF, 0);
-    return file_ != nullptr;
-}
-
 void SourceFile::use(const char* data, std::size_t size)
 {
     memory_ = data;
@@ -60,7 +42,7 @@ void SourceFile::use(const char* data, std::size_t size)
 
 std::size_t SourceFile::readBytes(char* target, std::size_t size)
 {
-    if (!file_) {
+    if (!file_.isOpen()) {
         const std::size_t count = std::min(size, memorySize_);
         if (count > 0)
             std::memcpy(target, memory_, count);
@@ -68,21 +50,11 @@ std::size_t SourceFile::readBytes(char* target, std::size_t size)
         memorySize_ -= count;
         return count;
     }
-    for (;;) {
-        errno = 0;
-        const std::size_t count = std::fread(target, 1, size, file_);
-        if (count == 0 && std::ferror(file_)) {
-            if (errno == EINTR) {
-                std::clearerr(file_);
-                continue;
-            }
-            readError_ = errno != 0 ? errno : EIO;
-        }
-        bytesRead_ += count;
-        if (watch_ && count > 0)
-            watch_(bytesRead_);
-        return count;
-    }
+    const std::size_t count = file_.read(target, size);
+    bytesRead_ += count;
+    if (watch_ && count > 0)
+        watch_(bytesRead_);
+    return count;
 }
 
 /// Looks at the first bytes of the file: a mark, or the zero byte of an ASCII character in UTF-16.

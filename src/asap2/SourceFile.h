@@ -1,10 +1,9 @@
 #pragma once
 
-#include "base/fileSize.h"
+#include "base/InputFile.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -20,22 +19,21 @@ public:
     using Watch = std::function<void(std::uint64_t bytesRead)>;
 
     SourceFile() = default;
-    ~SourceFile();
     SourceFile(const SourceFile&) = delete;
     SourceFile& operator=(const SourceFile&) = delete;
 
     /// Reads from the file. False, with `errno`, if it can't be opened.
-    bool open(const std::string& path);
+    bool open(const std::string& path) { return file_.open(path.c_str()); }
     /// Reads from memory, which outlives the object.
     void use(const char* data, std::size_t size);
     void setWatch(Watch watch) { watch_ = std::move(watch); }
 
     /// Bytes of the file or memory, or 0 if they can't be told; nothing has been read yet.
-    std::size_t size() { return file_ ? sizeOfFile(file_) : memorySize_; }
+    std::size_t size() { return file_.isOpen() ? file_.size() : memorySize_; }
     /// Reads up to `size` bytes, which is at least 16. 0 at the end of the file.
     std::size_t read(char* target, std::size_t size);
     /// The system's number of the error that ended the file before its end, or 0.
-    int readError() const { return readError_; }
+    int readError() const { return file_.error(); }
 
 private:
     enum class Encoding : std::uint8_t
@@ -55,12 +53,11 @@ private:
     bool nextUnit(std::uint32_t& unit);
     char32_t characterOf(std::uint32_t unit);
 
-    std::FILE* file_ = nullptr;
+    InputFile file_;
     const char* memory_ = nullptr;
     std::size_t memorySize_ = 0;
     Watch watch_;
     std::uint64_t bytesRead_ = 0;
-    int readError_ = 0;
     Encoding encoding_ = Encoding::Unknown;
     std::string raw_;           ///< Bytes that were read, but not decoded yet.
     std::size_t rawNext_ = 0;   ///< The first of them.
