@@ -7,6 +7,8 @@
 #include <sys/stat.h>
 
 #if defined(_WIN32)
+#include <algorithm>
+#include <climits>
 #include <io.h>
 #else
 #include <unistd.h>
@@ -25,7 +27,7 @@ void closeFile(int file) { _close(file); }
 bool getStatus(int file, Status& status) { return _fstat64(file, &status) == 0; }
 std::ptrdiff_t readFile(int file, void* target, std::size_t size)
 {
-    return _read(file, target, static_cast<unsigned>(size));
+    return _read(file, target, static_cast<unsigned>(std::min<std::size_t>(size, INT_MAX)));
 }
 #else
 using Status = struct stat;
@@ -48,8 +50,8 @@ bool InputFile::open(const char* path)
     do {
         errno = 0;
         descriptor_ = openFile(path);
-    } while (descriptor_ < 0 &&
-             errno == EINTR); // a signal, while it waits for the writer of a pipe
+        // A signal interrupts the wait for the writer of a pipe.
+    } while (!isOpen() && errno == EINTR);
     return isOpen();
 }
 

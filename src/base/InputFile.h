@@ -14,8 +14,10 @@ public:
     InputFile(const InputFile&) = delete;
     InputFile& operator=(const InputFile&) = delete;
 
-    /// Opens a file in place of the one that is open. False, with `errno`, if it can't be read.
+    /// Opens a file in place of the one that is open. The path isn't null. False, with `errno`, if
+    /// the file can't be opened; a folder can be, and is told when it is read.
     bool open(const char* path);
+    /// Does nothing without an open file.
     void close();
     bool isOpen() const { return descriptor_ >= 0; }
 
