@@ -1,0 +1,23 @@
+# Converts DESCRIPTIONS with the hosts STRICT and WIDE, which count what they run, and puts the counts
+# from COUNTING, the folder of the counting objects, to TARGET, where the compiler looks for them.
+
+file(GLOB_RECURSE old ${COUNTING}/*.gcda ${TARGET}/*.gcda)
+if(old)
+  file(REMOVE ${old}) # GCC would add to them.
+endif()
+foreach(description IN LISTS DESCRIPTIONS)
+  foreach(host ${STRICT} ${WIDE})
+    # The strict dialect refuses some examples, after it has read as far as it can.
+    execute_process(COMMAND ${host} ${description} ${STAMP}.ini OUTPUT_QUIET)
+  endforeach()
+endforeach()
+file(REMOVE ${STAMP}.ini)
+file(GLOB_RECURSE counts RELATIVE ${COUNTING} ${COUNTING}/*.gcda)
+if(NOT counts)
+  message(FATAL_ERROR "The conversions have counted nothing")
+endif()
+foreach(count IN LISTS counts)
+  get_filename_component(folder ${TARGET}/${count} DIRECTORY)
+  file(COPY ${COUNTING}/${count} DESTINATION ${folder})
+endforeach()
+file(TOUCH ${STAMP})
