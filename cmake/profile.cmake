@@ -3,7 +3,8 @@
 # off the time of a conversion (docs/performance.md). GCC drops the counts of a function that has changed
 # since, so the profile is made by the build and not kept in the repository.
 
-# Compiles the object library `target` by the profile, which it makes before.
+# Compiles `target`, the object library of the folder that calls this, by the profile, which is made
+# before.
 function(build_by_profile target)
   get_target_property(sources ${target} SOURCES)
   set(counting ${target}_counting)
